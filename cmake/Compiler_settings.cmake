@@ -1,0 +1,41 @@
+# How every part of this project is compiled.
+
+# Results are the same on every processor: each operation is rounded separately, so a product and a
+# sum must not be contracted into one instruction.
+set(VALUE_OBJECT_NUMBER_OPTIONS -ffp-contract=off)
+
+set(VALUE_OBJECT_WARNING_OPTIONS
+    -Wall
+    -Wextra
+    -Wpedantic
+    -Wcast-align
+    -Wcast-qual
+    -Wconversion
+    -Wdouble-promotion
+    -Wformat=2
+    -Wimplicit-fallthrough
+    -Wnon-virtual-dtor
+    -Wold-style-cast
+    -Woverloaded-virtual
+    -Wshadow
+    -Wsign-conversion
+    -Wundef
+    -Wunused
+    $<$<CXX_COMPILER_ID:GNU>:-Wduplicated-branches>
+    $<$<CXX_COMPILER_ID:GNU>:-Wduplicated-cond>
+    $<$<CXX_COMPILER_ID:GNU>:-Wlogical-op>)
+
+# C++17 without extensions, hidden visibility, the warnings above. They are errors where
+# CMAKE_COMPILE_WARNING_AS_ERROR is set, as the presets do.
+function(value_object_settings target)
+    target_compile_features(${target} PUBLIC cxx_std_17)
+    target_compile_options(${target} PRIVATE
+        ${VALUE_OBJECT_NUMBER_OPTIONS}
+        ${VALUE_OBJECT_WARNING_OPTIONS}
+        # Unique symbols would keep the library from ever being unloaded.
+        $<$<CXX_COMPILER_ID:GNU>:-fno-gnu-unique>)
+    set_target_properties(${target} PROPERTIES
+        CXX_EXTENSIONS OFF
+        CXX_VISIBILITY_PRESET hidden
+        VISIBILITY_INLINES_HIDDEN ON)
+endfunction()

@@ -1,0 +1,95 @@
+// Construction, setters, getters and predicates of value objects.
+
+#ifndef VARNIX_VALUE_VALUE_CORE_H
+#define VARNIX_VALUE_VALUE_CORE_H
+
+#include <varnix/value/Value_object.h>
+
+#include "Tuples.h"
+
+#include <cmath>
+#include <stdexcept>
+
+namespace Varnix::Value {
+
+template <typename Number>
+Value_object<Number>::Value_object() noexcept
+    : minus_err(0.0), plus_err(0.0), value(0.0), unit(C_Empty) {}
+
+template <typename Number>
+Value_object<Number>::Value_object(Number const& new_value, Units const& new_unit,
+                                   Number const& new_minus_err, Number const& new_plus_err) {
+    Units const arranged = Units_library::Arrange_tuple(new_unit);
+    if (!Is_valid_unit(arranged)) {
+        throw OperationNotValid();
+    }
+    Set(new_value, arranged, new_minus_err, new_plus_err);
+}
+
+template <typename Number>
+Value_object<Number>::Value_object(Value_object const& other) noexcept {
+    Set(other.value, other.unit, other.minus_err, other.plus_err);
+}
+
+template <typename Number>
+Value_object<Number>& Value_object<Number>::operator=(Value_object const& other) noexcept {
+    Set(other.value, other.unit, other.minus_err, other.plus_err);
+    return *this;
+}
+
+template <typename Number>
+void Value_object<Number>::Set(Number const& new_value, Units const& new_unit,
+                               Number const& new_minus_err, Number const& new_plus_err) noexcept {
+    // The arguments may refer to this object's numbers: read them all before the first is written.
+    Number const stored_value = new_value;
+    Set_plus_minus_err(new_plus_err, new_minus_err);
+    value = stored_value;
+    unit = new_unit;
+}
+
+template <typename Number>
+void Value_object<Number>::Set_plus_minus_err(Number const& new_plus_err,
+                                              Number const& new_minus_err) noexcept {
+    bool const in_order = new_plus_err > new_minus_err; // false for a bound that is not a number
+    Number const upper = in_order ? new_plus_err : new_minus_err;
+    Number const lower = in_order ? new_minus_err : new_plus_err;
+    plus_err = upper;
+    minus_err = lower;
+}
+
+template <typename Number>
+Number Value_object<Number>::Magnitude() const noexcept {
+    return std::fabs(value);
+}
+
+template <typename Number>
+bool Value_object<Number>::Is_valid_unit(Units const& descriptor) noexcept {
+    return Is_packed(descriptor);
+}
+
+template <typename Number>
+bool Value_object<Number>::Is_convertable_unit(Units const& first, Units const& second) {
+    for (std::size_t k = 0; k < Tuple_count; ++k) {
+        Unit_tuple const& left = first.tuples[k];
+        Unit_tuple const& right = second.tuples[k];
+        if (left.unit == NO_UNIT || right.unit == NO_UNIT) {
+            continue;
+        }
+        if (Get_dimension(left.unit) != Get_dimension(right.unit) || left.unit == right.unit ||
+            left.exponent != right.exponent) {
+            return false;
+        }
+    }
+    return true;
+}
+
+template <typename Number>
+void Value_object<Number>::Is_value_in_range(Value_object const& v) {
+    if (!std::isfinite(v.value) || !std::isfinite(v.plus_err) || !std::isfinite(v.minus_err)) {
+        throw std::out_of_range("Value is out of range");
+    }
+}
+
+} // namespace Varnix::Value
+
+#endif

@@ -1,0 +1,40 @@
+#!/usr/bin/env bash
+# check_layers.sh: calls run one way, so includes do too.
+#
+# Every source has its layer here; an include that points to a higher layer fails the check, and so
+# does a source that has none. Public headers know nothing of Boost or of src/; programs know nothing
+# but the public headers.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+layer_of() {
+    case ${1##*/} in
+        export.h)                                                    echo 0 ;; # visibility
+        exceptions.h | exceptions.cpp)                               echo 1 ;; # errors
+        Units.h | Units.cpp | Separators.h | Tuples.h | Unit_*.h)    echo 2 ;; # unit model, catalogue
+        Units_library.h | Units_library.cpp)                         echo 3 ;; # unit algebra
+        Value_*.h | Conversion_rules.h | Template_instantiations.cpp) echo 4 ;; # value objects
+        *) return 1 ;;
+    esac
+}
+
+failures=0
+fail() {
+    echo "check_layers: $*"
+    failures=$((failures + 1))
+}
+
+for source in include/varnix/value/*.h src/*.h src/*.cpp; do
+    own_layer=$(layer_of "$source") || { fail "$source has no layer in tools/check_layers.sh"; continue; }
+    while read -r included; do
+        included_layer=$(layer_of "$included") || { fail "$source includes $included, which has no layer"; continue; }
+        (( included_layer <= own_layer )) || fail "$source points up to $included"
+    done < <(sed -nE 's/^#include (<(varnix\/[^>]*)>|"([^"]*)").*/\2\3/p' "$source")
+done
+
+grep -nE '#include (<boost/|")' include/varnix/value/*.h &&
+    fail 'a public header includes only public headers and the standard library'
+grep -nE '#include "' examples/*.cpp &&
+    fail 'an example includes only public headers'
+
+(( failures == 0 ))
