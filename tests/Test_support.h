@@ -100,18 +100,6 @@ struct Numbers {
     double plus_err;
 };
 
-// The numbers but for the last digits, in which the reference was computed in another order.
-inline ::testing::AssertionResult Is_close(Quantity const& actual, Numbers const& expected, Units const& unit) {
-    auto const close = [](double left, double right) {
-        return left == right || (std::isnan(left) && std::isnan(right)) || std::fabs(left - right) <= 1e-15 * std::fabs(right);
-    };
-    if (close(actual.Get_value(), expected.value) && close(actual.Get_minus_err(), expected.minus_err) &&
-        close(actual.Get_plus_err(), expected.plus_err)) {
-        return Is(actual, actual.Get_value(), actual.Get_minus_err(), actual.Get_plus_err(), unit);
-    }
-    return Is(actual, expected.value, expected.minus_err, expected.plus_err, unit);
-}
-
 } // namespace Varnix::Value::Tests
 
 #endif

@@ -1,7 +1,7 @@
 // What only a client program of the library can see: exceptions that cross its boundary, its
 // constants and tables before main(), and what it allocates.
 
-#include "All_constants.h"
+#include "Named_constants.h"
 #include "Test_support.h"
 
 #include <cstdlib>
@@ -107,7 +107,7 @@ long Allocations_of(Operation const& operation) {
 }
 
 TEST(Client, Operations_allocate_nothing) {
-    for (Named_unit const& from : all_constants) {
+    for (Named_constant const& from : named_constants) {
         Quantity object(2.0, *from.unit, 1.0, 3.0);
         Quantity const other(5.0, *from.unit, 4.0, 6.0);
         Quantity const meter(5.0, C_Meter, 4.0, 6.0);
