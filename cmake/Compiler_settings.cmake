@@ -31,6 +31,9 @@ function(value_object_settings target)
     target_compile_features(${target} PUBLIC cxx_std_17)
     target_compile_options(${target} PRIVATE
         ${VALUE_OBJECT_NUMBER_OPTIONS}
+        # No folder of this machine in the debug information, so that builds can be compared.
+        -ffile-prefix-map=${PROJECT_SOURCE_DIR}=.
+        -ffile-prefix-map=${PROJECT_BINARY_DIR}=build
         ${VALUE_OBJECT_WARNING_OPTIONS}
         # Unique symbols would keep the library from ever being unloaded.
         $<$<CXX_COMPILER_ID:GNU>:-fno-gnu-unique>)

@@ -1,4 +1,6 @@
 #!/usr/bin/env bash
-# check_output.sh PROGRAM EXPECTED: runs the program and compares its output with the file.
+# check_output.sh EXPECTED COMMAND...: runs the command and compares its output with the file.
 set -euo pipefail
-"$1" | diff -u "$2" -
+expected=$1
+shift
+"$@" | diff -u "$expected" -

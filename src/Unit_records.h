@@ -17,6 +17,11 @@ struct Unit_strings {
         : symbol(symbol_text), name(name_text), lower_case(lower_case_text),
           upper_case(upper_case_text) {}
 
+    // Member by member, but not in line: the code of the tables would be a third larger.
+    Unit_strings(Unit_strings const& other);
+    Unit_strings& operator=(Unit_strings const& other);
+    ~Unit_strings();
+
     std::string symbol;     // the display symbol, UTF-8
     std::string name;       // the full name
     std::string lower_case; // plain ASCII; not unique: bits and bytes are both "b"

@@ -20,8 +20,8 @@
 
 namespace Varnix::Value {
 
-// Makes the spellings of a row from plain texts, here once instead of in every row: the tables' code
-// would be twice as large otherwise.
+// Makes the spellings of a row from plain texts, here once instead of in every row: the tables'
+// code would be twice as large otherwise.
 static Unit_strings Spelled(char const* symbol, char const* name, char const* lower_case,
                             char const* upper_case) {
     return Unit_strings(symbol, name, lower_case, upper_case);
@@ -31,7 +31,7 @@ static Unit_strings Spelled(char const* symbol, char const* name, char const* lo
 
 static std::map<SI_units, Unit_strings> const Si_prefix_table =
     boost::assign::map_list_of<SI_units, Unit_strings>
-    //              symbol name      lower upper
+    //              symbol name    lower upper
     (PICO,  Spelled("p",  "pico",  "p",  "P"))
     (NANO,  Spelled("n",  "nano",  "n",  "N"))
     // The micro sign is U+00B5, two bytes in UTF-8.
@@ -60,7 +60,7 @@ static std::map<SI_units, Unit_strings> const Si_prefix_table =
 
 static std::vector<Unit_name_spl_data> const Units_spl_names_table =
     boost::assign::list_of<Unit_name_spl_data>
-    //                                    symbol   name              lower    upper
+    //                                   symbol  name              lower   upper
     (Unit_name_spl_data(C_Mph,   Spelled("Mph",  "miles/hours",    "mph",  "MPH")))
     (Unit_name_spl_data(C_Kmph,  Spelled("Km/h", "kilometer/hour", "km/h", "KMPH")))
     (Unit_name_spl_data(C_Knots, Spelled("kts",  "Knots",          "kts",  "KTS")))
@@ -72,7 +72,7 @@ static std::vector<Unit_name_spl_data> const Units_spl_names_table =
 
 static std::map<Units_list, Unit_info> const Unit_table =
     boost::assign::map_list_of<Units_list, Unit_info>
-    // key                     factor         dimension      own code       base              symbol     name                lower   upper   by formula
+    // key                    factor        dimension      own code       base              symbol    name                lower   upper by formula
     // Lengths, in metres.
     (METER,         Unit_info(1.0,          LENGTH,        METER,         METER,    Spelled("m",      "meters",           "m",    "M"), false))
     (INCH,          Unit_info(0.0254,       LENGTH,        INCH,          METER,    Spelled("in",     "inches",           "in",   "IN"), false))

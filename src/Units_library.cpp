@@ -17,6 +17,10 @@
 
 namespace Varnix::Value {
 
+Unit_strings::Unit_strings(Unit_strings const& other) = default;
+Unit_strings& Unit_strings::operator=(Unit_strings const& other) = default;
+Unit_strings::~Unit_strings() = default;
+
 namespace {
 
 // The row of `key`, or nullptr.

@@ -1,0 +1,60 @@
+# What is installed, and where: the library ("runtime"), and what building against it takes
+# ("development"). No installed file holds a path of the machine that built it.
+
+include(GNUInstallDirs)
+include(CMakePackageConfigHelpers)
+
+target_include_directories(ValueObject INTERFACE $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
+
+install(TARGETS ValueObject
+    EXPORT ValueObjectTargets
+    LIBRARY
+        DESTINATION ${CMAKE_INSTALL_LIBDIR}
+        COMPONENT runtime
+        NAMELINK_COMPONENT development
+    ARCHIVE
+        DESTINATION ${CMAKE_INSTALL_LIBDIR}
+        COMPONENT development
+    FILE_SET HEADERS
+        DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
+        COMPONENT development)
+
+# find_package(ValueObject 1 CONFIG) gives ValueObject::ValueObject.
+set(package_config_dir ${CMAKE_INSTALL_LIBDIR}/cmake/ValueObject)
+install(EXPORT ValueObjectTargets
+    NAMESPACE ValueObject::
+    DESTINATION ${package_config_dir}
+    COMPONENT development)
+configure_package_config_file(cmake/ValueObjectConfig.cmake.in ValueObjectConfig.cmake
+    INSTALL_DESTINATION ${package_config_dir})
+write_basic_package_version_file(ValueObjectConfigVersion.cmake COMPATIBILITY SameMajorVersion)
+install(FILES
+        ${CMAKE_CURRENT_BINARY_DIR}/ValueObjectConfig.cmake
+        ${CMAKE_CURRENT_BINARY_DIR}/ValueObjectConfigVersion.cmake
+    DESTINATION ${package_config_dir}
+    COMPONENT development)
+
+# pkg-config finds the prefix from where the file lies.
+file(RELATIVE_PATH prefix_from_pc_file
+    /prefix/${CMAKE_INSTALL_LIBDIR}/pkgconfig /prefix)
+string(REGEX REPLACE "/$" "" prefix_from_pc_file "${prefix_from_pc_file}")
+configure_file(cmake/ValueObject.pc.in ValueObject.pc @ONLY)
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/ValueObject.pc
+    DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig
+    COMPONENT development)
+
+# The manual page, compressed without a time stamp.
+find_program(GZIP gzip)
+set(manual_page ${CMAKE_CURRENT_SOURCE_DIR}/docs/ValueObject.3)
+if(GZIP)
+    add_custom_command(OUTPUT ValueObject.3.gz
+        COMMAND ${GZIP} -9nc ${manual_page} > ValueObject.3.gz
+        DEPENDS ${manual_page})
+    add_custom_target(ValueObject_manual ALL DEPENDS ValueObject.3.gz)
+    set(manual_page ${CMAKE_CURRENT_BINARY_DIR}/ValueObject.3.gz)
+endif()
+install(FILES ${manual_page} DESTINATION ${CMAKE_INSTALL_MANDIR}/man3 COMPONENT development)
+
+if(NOT VALUE_OBJECT_DEBIAN_PACKAGES)
+    install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT runtime)
+endif()

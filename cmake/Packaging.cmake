@@ -1,0 +1,62 @@
+# Debian packages: libvalueobject1, the library, and libvalueobject-dev, what building against it
+# takes. tools/make_packages.sh makes them, and works out what the library depends on.
+
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_NAME valueobject)
+set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
+set(CPACK_PACKAGE_CONTACT "ValueObject maintainers <valueobject@packages.example.org>")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY ${PROJECT_DESCRIPTION})
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_DEB_COMPONENT_INSTALL ON)
+set(CPACK_COMPONENTS_ALL runtime development)
+set(CPACK_COMPONENTS_GROUPING IGNORE)
+
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS OFF)
+if(CMAKE_LIBRARY_ARCHITECTURE STREQUAL arm-linux-gnueabihf)
+    set(CPACK_DEBIAN_PACKAGE_ARCHITECTURE armhf)
+endif()
+
+set(long_description
+"A number, the unit it is expressed in, and a lower and an upper error bound,
+carried together through conversions, arithmetic and comparisons. Decibels,
+temperature offsets, prefixes and electrical relations are part of it.")
+
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME libvalueobject${PROJECT_VERSION_MAJOR})
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
+set(CPACK_COMPONENT_RUNTIME_DESCRIPTION "${long_description}
+
+This package holds the shared library.")
+
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libvalueobject-dev)
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
+    "libvalueobject${PROJECT_VERSION_MAJOR} (= ${PROJECT_VERSION})")
+set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION "${long_description}
+
+This package holds the headers and what CMake and pkg-config need.")
+
+# What tells other packages which one has the library, and the system that it is there.
+set(debian_dir ${CMAKE_CURRENT_SOURCE_DIR}/cmake/debian)
+configure_file(${debian_dir}/shlibs.in shlibs @ONLY)
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA
+    ${CMAKE_CURRENT_BINARY_DIR}/shlibs
+    ${debian_dir}/triggers)
+
+# The files that Debian wants in every package.
+if(VALUE_OBJECT_DEBIAN_PACKAGES)
+    add_custom_command(OUTPUT changelog.gz
+        COMMAND gzip -9nc ${debian_dir}/changelog > changelog.gz
+        DEPENDS ${debian_dir}/changelog)
+    add_custom_target(ValueObject_changelog ALL DEPENDS changelog.gz)
+    foreach(component IN ITEMS RUNTIME DEVELOPMENT)
+        string(TOLOWER ${component} component_name)
+        set(doc_dir ${CMAKE_INSTALL_DATADIR}/doc/${CPACK_DEBIAN_${component}_PACKAGE_NAME})
+        install(FILES ${debian_dir}/copyright ${CMAKE_CURRENT_BINARY_DIR}/changelog.gz
+            DESTINATION ${doc_dir} COMPONENT ${component_name})
+    endforeach()
+endif()
+
+include(CPack)

@@ -1,0 +1,50 @@
+#!/usr/bin/env bash
+# check_consumers.sh BUILD SHARED: projects of other people build and run against the library.
+#
+# Each is the README's program, built outside this tree: by find_package and by pkg-config from what
+# BUILD installs, moved to another place first, and by add_subdirectory from the sources. SHARED is ON
+# or OFF, as BUILD was configured.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+source=$PWD
+build=$(realpath "$1")
+shared=$2
+
+place=$(mktemp -d)
+trap 'rm -rf "$place"' EXIT
+DESTDIR=$place/first cmake --install "$build" --prefix /opt/valueobject > /dev/null
+mv "$place/first/opt/valueobject" "$place/moved"
+installed=$place/moved
+libraries=$(dirname "$(find "$installed" -name 'libValueObject.*' | head -n 1)")
+
+if grep -rIl -e "$source" -e "$place" "$installed"; then
+    echo 'check_consumers: these installed files hold a path of this machine'
+    exit 1
+fi
+if [[ $shared == ON ]] && readelf -d "$libraries/libValueObject.so" | grep -E 'RPATH|RUNPATH'; then
+    echo 'check_consumers: the installed library has a run path'
+    exit 1
+fi
+
+expect_output() {
+    LD_LIBRARY_PATH=$libraries "$1" | diff -u "$source/examples/expected/readme.txt" -
+}
+
+cmake_consumer() {
+    local way=$1
+    shift
+    cmake -S "tests/consumers/$way" -B "$place/$way" -G Ninja -DPROGRAM="$source/examples/readme.cpp" \
+        -DBUILD_SHARED_LIBS="$shared" "$@" > /dev/null
+    cmake --build "$place/$way" > /dev/null
+    expect_output "$place/$way/consumer"
+}
+
+cmake_consumer find_package -DCMAKE_PREFIX_PATH="$installed"
+cmake_consumer add_subdirectory -DVALUE_OBJECT="$source"
+
+export PKG_CONFIG_PATH=$libraries/pkgconfig
+read -ra flags < <(pkg-config --cflags --libs ValueObject)
+g++ -std=c++17 examples/readme.cpp "${flags[@]}" -o "$place/with_pkg_config"
+expect_output "$place/with_pkg_config"
+
+echo "find_package, add_subdirectory and pkg-config work (shared: $shared)"

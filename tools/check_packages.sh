@@ -1,0 +1,63 @@
+#!/usr/bin/env bash
+# check_packages.sh AMD64_BUILD ARMHF_BUILD: the Debian packages are what people can install and trust.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+amd64=$1
+armhf=$2
+
+place=$(mktemp -d)
+trap 'rm -rf "$place"' EXIT
+step() {
+    echo "-- $*"
+}
+
+step 'making the packages'
+rm -rf build/packages
+tools/make_packages.sh "$amd64" build/packages
+tools/make_packages.sh "$armhf" build/packages
+for package in build/packages/*.deb; do
+    echo "${package##*/}: $(dpkg-deb -f "$package" Depends)"
+done
+
+step 'making those of amd64 again, from a copy of the sources elsewhere'
+mkdir "$place/copy"
+tar -c --exclude=./build --exclude=./.git . | tar -x -C "$place/copy"
+SOURCE_DATE_EPOCH=$(git log -1 --format=%ct 2> /dev/null || stat -c %Y CHANGELOG.md)
+export SOURCE_DATE_EPOCH
+(
+    cd "$place/copy"
+    cmake --preset release -DVALUE_OBJECT_TESTS=OFF -DVALUE_OBJECT_EXAMPLES=OFF > /dev/null
+    cmake --build --preset release > /dev/null
+    tools/make_packages.sh build/release "$place/again"
+)
+for package in "$place"/again/*.deb; do
+    cmp "$package" "build/packages/${package##*/}"
+done
+
+step 'asking lintian'
+lintian --allow-root --fail-on error build/packages/*.deb
+
+# What lies below FOLDER runs the README's program, built with COMPILER and run by the rest.
+expect_program_below() {
+    local folder=$1 triplet=$2 compiler=$3
+    shift 3
+    "$compiler" -std=c++17 examples/readme.cpp -I"$folder/usr/include" -L"$folder/usr/lib/$triplet" -lValueObject \
+        -o "$place/program"
+    "$@" "$place/program" | diff -u examples/expected/readme.txt -
+}
+
+step 'installing those of amd64 into an empty root'
+mkdir -p "$place/root/var/lib/dpkg"
+touch "$place/root/var/lib/dpkg/status"
+# Dependencies are not there, and neither is the ldconfig that a trigger asks for.
+dpkg --root="$place/root" --force-depends --force-not-root --no-triggers \
+    --install build/packages/*_amd64.deb > "$place/dpkg.log" 2>&1 || { cat "$place/dpkg.log"; exit 1; }
+expect_program_below "$place/root" x86_64-linux-gnu g++ \
+    env LD_LIBRARY_PATH="$place/root/usr/lib/x86_64-linux-gnu"
+
+step 'running that of armhf under qemu'
+for package in build/packages/*_armhf.deb; do
+    dpkg-deb -x "$package" "$place/armhf"
+done
+expect_program_below "$place/armhf" arm-linux-gnueabihf arm-linux-gnueabihf-g++ \
+    qemu-arm -L /usr/arm-linux-gnueabihf -E LD_LIBRARY_PATH="$place/armhf/usr/lib/arm-linux-gnueabihf"

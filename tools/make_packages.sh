@@ -1,0 +1,27 @@
+#!/usr/bin/env bash
+# make_packages.sh BUILD TO: makes the Debian packages of a build in the folder TO.
+#
+# They are the same, byte for byte, whenever and wherever they are made from the same sources: time
+# stamps come from SOURCE_DATE_EPOCH, which is that of the last commit unless it is set.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+build=$1
+to=$2
+
+epoch=$(git log -1 --format=%ct 2> /dev/null || stat -c %Y CHANGELOG.md)
+export SOURCE_DATE_EPOCH=${SOURCE_DATE_EPOCH:-$epoch}
+umask 022
+mkdir -p "$to"
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+cpack --config "$build/CPackConfig.cmake" -B "$work" \
+    -D CPACK_DEBIAN_RUNTIME_PACKAGE_DEPENDS="$(tools/debian_depends.sh "$build/libValueObject.so")" > "$work/log" ||
+    { cat "$work/log"; exit 1; }
+
+# CPack 3.25 has no setting for this field: packages of several processors may be installed together.
+for package in "$work"/*.deb; do
+    dpkg-deb -R "$package" "$work/content"
+    sed -i '/^Architecture:/a Multi-Arch: same' "$work/content/DEBIAN/control"
+    dpkg-deb --root-owner-group -b "$work/content" "$to/${package##*/}" > "$work/log"
+    rm -rf "$work/content"
+done
