@@ -1,4 +1,5 @@
-// The one instantiation of Value_object<double>, with the rules of its conversions.
+// The one instantiation of Value_object<double> and Value_converter<double>, with the rules of
+// their conversions.
 
 #include <varnix/value/Value_object.h>
 
@@ -8,6 +9,7 @@
 #include "Value_arithmetic.h"
 #include "Value_comparison.h"
 #include "Value_conversion.h"
+#include "Value_converter_members.h"
 #include "Value_core.h"
 #include "Value_formulas.h"
 #include "Value_forwarding.h"
@@ -23,6 +25,8 @@ using Rule = Units_conversion<double>;
 using Pair_rule = Units_spl_conv_data<double>;
 
 } // namespace
+
+// A rule's function also has a row in Formula_of, which says what it does to a number.
 
 // clang-format off
 
@@ -58,5 +62,6 @@ std::vector<Units_spl_conv_data<double>> const Units_spl_conv<double>::Unit_spl_
 // clang-format on
 
 template class Value_object<double>;
+template class Value_converter<double>;
 
 } // namespace Varnix::Value

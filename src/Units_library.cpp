@@ -8,6 +8,7 @@
 #include <varnix/value/exceptions.h>
 
 #include "Tuples.h"
+#include "Unit_facts.h"
 #include "Unit_tables.h"
 
 #include <algorithm>
@@ -31,24 +32,28 @@ typename Table::mapped_type const* Find_row(Table const& table,
     return row == table.end() ? nullptr : &row->second;
 }
 
-Unit_info const& Require_unit_row(Units_list unit) {
-    Unit_info const* const row = Find_row(Unit_table, unit);
-    if (row == nullptr) {
-        throw UnitNotDefined();
+Unit_facts Facts_of(Units_list key, Unit_info const& row) {
+    double const scale = row.spl_conv_unit ? 1.0 : row.conv_factor;
+    return {row.unit_id == key ? row.dimension : NO_DIMENSION, true, scale, 1.0 / scale};
+}
+
+Unit_facts_table Derive_facts(std::map<Units_list, Unit_info> const& table) {
+    Unit_facts_table facts{};
+    for (auto const& [key, row] : table) {
+        facts[static_cast<std::size_t>(key)] = Facts_of(key, row);
     }
-    return *row;
+    return facts;
 }
 
 } // namespace
 
+// After the catalogue, from which it is made.
+Unit_facts_table const unit_facts = Derive_facts(Unit_table);
+
 // ---- Canonical order
 
 Dimension Units_library::Get_dimension(Units_list const& unit) {
-    if (unit == NO_UNIT) {
-        return NO_DIMENSION;
-    }
-    Unit_info const& row = Require_unit_row(unit);
-    return row.unit_id == unit ? row.dimension : NO_DIMENSION;
+    return Dimension_of(unit);
 }
 
 namespace {
@@ -57,8 +62,7 @@ void Reject_shared_dimensions(Units const& unit) {
     for (std::size_t i = 0; i + 1 < Tuple_count; ++i) {
         for (std::size_t j = i + 1; j < Tuple_count; ++j) {
             Units_list const later = unit.tuples[j].unit;
-            if (later != NO_UNIT && Units_library::Get_dimension(later) ==
-                                        Units_library::Get_dimension(unit.tuples[i].unit)) {
+            if (later != NO_UNIT && Dimension_of(later) == Dimension_of(unit.tuples[i].unit)) {
                 throw UnitDimensionNotProper();
             }
         }
@@ -71,6 +75,9 @@ constexpr std::size_t Dimension_count = TIME + 1;
 } // namespace
 
 Units Units_library::Arrange_tuple(Units const& unit) {
+    if (Is_canonical(unit)) {
+        return unit;
+    }
     Reject_shared_dimensions(unit);
 
     std::array<Unit_tuple const*, Dimension_count> by_dimension{};
@@ -237,27 +244,29 @@ Units Units_library::Make_unit(Units const& first, Units const& second) {
 
 namespace {
 
-// The size of one of the row's unit, or of its reciprocal for a negative power.
-double Scale(Unit_info const& row, std::int32_t exponent) {
-    if (row.spl_conv_unit) {
-        return 1.0;
-    }
-    return exponent < 0 ? 1.0 / row.conv_factor : row.conv_factor;
+// The size of one of the unit, or of its reciprocal for a negative power.
+double Scale(Unit_facts const& facts, std::int32_t exponent) {
+    return exponent < 0 ? facts.reciprocal_scale : facts.scale;
+}
+
+// base^power; the two powers that almost all units have need no pow, and it gives them exactly.
+double Power(double base, std::int64_t power) {
+    return power == 1 ? base : power == 0 ? 1.0 : std::pow(base, static_cast<double>(power));
 }
 
 } // namespace
 
 double Units_library::Get_tuple_conversion_factor(Unit_tuple const& from, Unit_tuple const& to) {
-    Unit_info const& from_row = Require_unit_row(from.unit);
-    Unit_info const& to_row = Require_unit_row(to.unit);
-    if (from_row.dimension != to_row.dimension) {
+    Unit_facts const& from_facts = Require_facts(from.unit);
+    Unit_facts const& to_facts = Require_facts(to.unit);
+    if (from_facts.dimension != to_facts.dimension) {
         throw UnitDimensionNotSame();
     }
-    double const ratio = Scale(from_row, from.exponent) / Scale(to_row, to.exponent);
+    double const ratio = Scale(from_facts, from.exponent) / Scale(to_facts, to.exponent);
     if (!std::isfinite(ratio)) {
         throw std::out_of_range("Value is out of range");
     }
-    return std::pow(ratio, static_cast<double>(Exponent_magnitude(to.exponent)));
+    return Power(ratio, Exponent_magnitude(to.exponent));
 }
 
 double Units_library::Get_conversion_factor(Units const& target, Units const& source) {
@@ -276,6 +285,46 @@ double Units_library::Get_conversion_factor(Units const& target, Units const& so
         factor = std::fabs(factor - 1.0) < 1e-10 ? slot_factor : factor * slot_factor;
     }
     return factor;
+}
+
+// ---- Prefixes
+
+namespace {
+
+constexpr int lowest_prefix = PICO;
+constexpr int highest_prefix = YOBI;
+
+double Compute_prefix_scale(SI_units prefix, int sign) {
+    double const radix = Units_library::Get_unit_base({SPL_NONE, prefix, {}});
+    return std::pow(radix, sign * static_cast<double>(prefix));
+}
+
+// The scales of all prefixes, computed once.
+struct Prefix_scales {
+    explicit Prefix_scales(int sign) {
+        for (int prefix = lowest_prefix; prefix <= highest_prefix; ++prefix) {
+            scales[static_cast<std::size_t>(prefix - lowest_prefix)] =
+                Compute_prefix_scale(static_cast<SI_units>(prefix), sign);
+        }
+    }
+
+    std::array<double, highest_prefix - lowest_prefix + 1> scales{};
+};
+
+Prefix_scales const prefix_scales(1);
+Prefix_scales const reciprocal_prefix_scales(-1);
+
+} // namespace
+
+double Prefix_scale(SI_units prefix, int sign) {
+    if (prefix == NO_PREFIX) {
+        return 1.0;
+    }
+    if (prefix < lowest_prefix || prefix > highest_prefix) {
+        return Compute_prefix_scale(prefix, sign);
+    }
+    Prefix_scales const& table = sign < 0 ? reciprocal_prefix_scales : prefix_scales;
+    return table.scales[static_cast<std::size_t>(prefix - lowest_prefix)];
 }
 
 // ---- Texts

@@ -4,6 +4,7 @@
 #ifndef VARNIX_VALUE_VALUE_ARITHMETIC_H
 #define VARNIX_VALUE_VALUE_ARITHMETIC_H
 
+#include "Unit_facts.h"
 #include "Value_steps.h"
 
 #include <cmath>
@@ -155,7 +156,7 @@ inline void Reject_decibels_without_unit(Units const& left, Units const& right) 
 
 inline void Remove_prefix(Value_object<double>& object) {
     Units unit = object.Get_unit();
-    Scale_numbers(object, Prefix_scale(Units_library::Get_unit_base(unit), unit.si_prefix));
+    Scale_numbers(object, Prefix_scale(unit.si_prefix));
     unit.si_prefix = NO_PREFIX;
     object.Set_unit(unit);
 }
@@ -177,8 +178,7 @@ inline void Express_slot_in(Units_list base, Value_object<double>& object, std::
 
 // Whether two slots hold different units of one dimension. Empty slots do not take part.
 inline bool Need_common_unit(Units_list left, Units_list right) {
-    return left != NO_UNIT && right != NO_UNIT &&
-           Units_library::Get_dimension(left) == Units_library::Get_dimension(right) &&
+    return left != NO_UNIT && right != NO_UNIT && Dimension_of(left) == Dimension_of(right) &&
            left != right;
 }
 

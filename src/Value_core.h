@@ -6,6 +6,7 @@
 #include <varnix/value/Value_object.h>
 
 #include "Tuples.h"
+#include "Unit_facts.h"
 
 #include <cmath>
 #include <stdexcept>
@@ -75,7 +76,7 @@ bool Value_object<Number>::Is_convertable_unit(Units const& first, Units const& 
         if (left.unit == NO_UNIT || right.unit == NO_UNIT) {
             continue;
         }
-        if (Get_dimension(left.unit) != Get_dimension(right.unit) || left.unit == right.unit ||
+        if (Dimension_of(left.unit) != Dimension_of(right.unit) || left.unit == right.unit ||
             left.exponent != right.exponent) {
             return false;
         }

@@ -4,6 +4,8 @@
 #ifndef VARNIX_VALUE_VALUE_FORMULAS_H
 #define VARNIX_VALUE_VALUE_FORMULAS_H
 
+#include "Conversion_plan.h"
+#include "Number_formulas.h"
 #include "Value_steps.h"
 
 #include <cmath>
@@ -14,11 +16,13 @@ namespace Varnix::Value {
 
 namespace {
 
-template <typename Formula>
-Value_object<double> Converted_by(Formula const& formula, Value_object<double> const& source,
-                                  Units const& target) {
-    return Value_object<double>(formula(source.Get_value()), target,
-                                formula(source.Get_minus_err()), formula(source.Get_plus_err()));
+// A value made by the constructor, which arranges and checks the target.
+inline Value_object<double> Converted_by(Formula formula, Value_object<double> const& source,
+                                         Units const& target) {
+    return With_formula(formula, [&source, &target](auto const& number) {
+        return Value_object<double>(number(source.Get_value()), target,
+                                    number(source.Get_minus_err()), number(source.Get_plus_err()));
+    });
 }
 
 } // namespace
@@ -27,71 +31,57 @@ template <typename Number>
 Value_object<Number>
 Value_object<Number>::Convert_degreeC_to_degreeF(Value_object const& source,
                                                  Units const& target) noexcept {
-    auto const to_fahrenheit = [](Number celsius) {
-        return celsius * FAHR_TO_CELCIUS_CONV_FACT + FAHR_CELCIUS_CONST;
-    };
-    Value_object result;
-    result.Set(to_fahrenheit(source.value), target, to_fahrenheit(source.minus_err),
-               to_fahrenheit(source.plus_err));
-    return result;
+    return With_formula(Formula::celsius_to_fahrenheit, [&source, &target](auto const& number) {
+        Value_object result;
+        result.Set(number(source.value), target, number(source.minus_err), number(source.plus_err));
+        return result;
+    });
 }
 
 template <typename Number>
 Value_object<Number> Value_object<Number>::Convert_degreeF_to_degreeC(Value_object const& source,
                                                                       Units const& target) {
-    return Converted_by(
-        [](Number fahrenheit) {
-            return (fahrenheit - FAHR_CELCIUS_CONST) / FAHR_TO_CELCIUS_CONV_FACT;
-        },
-        source, target);
+    return Converted_by(Formula::fahrenheit_to_celsius, source, target);
 }
 
 template <typename Number>
 Value_object<Number> Value_object<Number>::Convert_degreeC_to_kelvin(Value_object const& source,
                                                                      Units const& target) {
-    return Converted_by([](Number celsius) { return celsius + KELVIN_CONST; }, source, target);
+    return Converted_by(Formula::celsius_to_kelvin, source, target);
 }
 
 template <typename Number>
 Value_object<Number> Value_object<Number>::Convert_degreeF_to_kelvin(Value_object const& source,
                                                                      Units const& target) {
-    return Converted_by(
-        [](Number fahrenheit) {
-            return (fahrenheit - FAHR_CELCIUS_CONST) / FAHR_TO_CELCIUS_CONV_FACT + KELVIN_CONST;
-        },
-        source, target);
+    return Converted_by(Formula::fahrenheit_to_kelvin, source, target);
 }
 
 template <typename Number>
 Value_object<Number> Value_object<Number>::Convert_kelvin_to_degreeC(Value_object const& source,
                                                                      Units const& target) {
-    return Converted_by([](Number kelvin) { return kelvin - KELVIN_CONST; }, source, target);
+    return Converted_by(Formula::kelvin_to_celsius, source, target);
 }
 
 template <typename Number>
 Value_object<Number> Value_object<Number>::Convert_kelvin_to_degreeF(Value_object const& source,
                                                                      Units const& target) {
-    return Converted_by(
-        [](Number kelvin) {
-            return (kelvin - KELVIN_CONST) * FAHR_TO_CELCIUS_CONV_FACT + FAHR_CELCIUS_CONST;
-        },
-        source, target);
+    return Converted_by(Formula::kelvin_to_fahrenheit, source, target);
 }
 
 template <typename Number>
 Value_object<Number> Value_object<Number>::Power_conversion(Value_object const& source,
                                                             Units const& target) {
-    return Converted_by([](Number watts) { return watts; }, source, target);
+    return Converted_by(Formula::identity, source, target);
 }
 
 // ---- Electrical relations
 
 namespace {
 
-template <typename Formula>
-Value_object<double> Related_by(Formula const& formula, Value_object<double> const& first,
+template <typename Relation>
+Value_object<double> Related_by(Relation const& relation, Value_object<double> const& first,
                                 Value_object<double> const& second, Units const& target) {
-    Value_object<double> result = Value_numbers::Combined(formula, first, second);
+    Value_object<double> result = Value_numbers::Combined(relation, first, second);
     result.Set_unit(target);
     Value_object<double>::Is_value_in_range(result);
     return result;
@@ -140,30 +130,13 @@ Value_object<Number> Value_object<Number>::Watt_ohm_to_volt(Value_object const& 
 
 // ---- Decibels
 
-namespace {
-
-// The product of the exponents up to the first empty slot, by which decibels count; 1 without unit.
-inline double Exponent_product(Units const& unit) {
-    double product = 1.0;
-    for (Unit_tuple const& tuple : unit.tuples) {
-        if (tuple.unit == NO_UNIT) {
-            break;
-        }
-        product *= static_cast<double>(tuple.exponent);
-    }
-    return product;
-}
-
-} // namespace
-
 template <typename Number>
 Value_object<Number> Value_object<Number>::Normalize_DB(Value_object const& source) noexcept {
     Value_object result = source;
     if (Is_decibel(result.unit)) {
         Number const product = Exponent_product(result.unit);
-        Value_numbers::Transform(result, [product](Number decibels) {
-            return std::pow(DB_CONV_FACT, decibels / DB_CONV_FACT) * product;
-        });
+        Value_numbers::Transform(
+            result, [product](Number decibels) { return Decibels_to_linear(decibels, product); });
     }
     return result;
 }
@@ -174,7 +147,7 @@ Value_object<Number> Value_object<Number>::Apply_DB(Value_object const& source) 
     if (Is_decibel(result.unit)) {
         Number const multiplier = Exponent_product(result.unit) * DB_CONV_FACT;
         Value_numbers::Transform(
-            result, [multiplier](Number linear) { return multiplier * std::log10(linear); });
+            result, [multiplier](Number linear) { return Linear_to_decibels(linear, multiplier); });
     }
     return result;
 }

@@ -7,8 +7,6 @@
 #include <varnix/value/Units_library.h>
 #include <varnix/value/Value_object.h>
 
-#include <cmath>
-
 namespace Varnix::Value {
 
 // Writes value and bounds as computed, which no public member does: those order the bounds.
@@ -31,6 +29,15 @@ struct Value_numbers {
         result.plus_err = formula(first.plus_err, second.plus_err);
         return result;
     }
+
+    // An object with these numbers, as computed.
+    static Value_object<double> Made(double value, double minus_err, double plus_err,
+                                     Units const& unit) {
+        return Value_object<double>(value, minus_err, plus_err, unit);
+    }
+
+    // The unit itself; Get_unit copies it.
+    static Units const& Unit_of(Value_object<double> const& object) { return object.unit; }
 };
 
 namespace {
@@ -47,11 +54,6 @@ inline bool Is_decibel(Units const& unit) {
 // Whether the tuples are those of C_Empty; prefix and marker are not looked at.
 inline bool Is_bare(Units const& unit) {
     return Units_library::Compare_units(unit, C_Empty, false);
-}
-
-// The scale of a prefix, radix^exponent, or for the sign -1 its reciprocal, radix^-exponent.
-inline double Prefix_scale(double radix, SI_units prefix, int sign = 1) {
-    return prefix == NO_PREFIX ? 1.0 : std::pow(radix, sign * static_cast<double>(prefix));
 }
 
 } // namespace

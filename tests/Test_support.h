@@ -4,6 +4,7 @@
 #ifndef VARNIX_VALUE_TESTS_TEST_SUPPORT_H
 #define VARNIX_VALUE_TESTS_TEST_SUPPORT_H
 
+#include <varnix/value/Value_converter.h>
 #include <varnix/value/Value_object.h>
 
 #include <gtest/gtest.h>

@@ -13,7 +13,8 @@ layer_of() {
         exceptions.h | exceptions.cpp)                               echo 1 ;; # errors
         Units.h | Units.cpp | Separators.h | Tuples.h | Unit_*.h)    echo 2 ;; # unit model, catalogue
         Units_library.h | Units_library.cpp)                         echo 3 ;; # unit algebra
-        Value_*.h | Conversion_rules.h | Template_instantiations.cpp) echo 4 ;; # value objects
+        Value_*.h | Conversion_*.h | Number_formulas.h | Array_conversion.* | Template_instantiations.cpp)
+                                                                     echo 4 ;; # value objects
         *) return 1 ;;
     esac
 }

@@ -297,6 +297,10 @@ class Value_object {
     // Stores numbers as computed, for the steps of the algorithms.
     friend struct Value_numbers;
 
+    // The numbers as computed: the bounds are not ordered.
+    Value_object(Number value_, Number minus_err_, Number plus_err_, Units const& unit_) noexcept
+        : minus_err(minus_err_), plus_err(plus_err_), value(value_), unit(unit_) {}
+
     Number minus_err;
     Number plus_err;
     Number value;
