@@ -25,10 +25,10 @@ void For_each(double const* in, double* out, std::size_t count, Step const& step
 
 // The formula, then the factors that are not 1.0.
 template <typename Number_formula>
-void Convert_by_formula(Conversion_plan const& plan, double const* in, double* out,
+void Convert_by_formula(Conversion_steps const& steps, double const* in, double* out,
                         std::size_t count, Number_formula const& formula) {
-    double const factor = plan.factor;
-    double const target_scale = plan.target_scale;
+    double const factor = steps.factor;
+    double const target_scale = steps.target_scale;
     if (target_scale != 1.0) {
         For_each(in, out, count, [formula, factor, target_scale](double number) {
             return formula(number) * factor * target_scale;
@@ -41,23 +41,23 @@ void Convert_by_formula(Conversion_plan const& plan, double const* in, double* o
     }
 }
 
-bool Is_formula_and_factors(Conversion_plan const& plan) {
-    bool const decibels = plan.from_decibels || plan.to_decibels;
-    bool const inverts = plan.rule_count > 0 && plan.rules[0].inverts;
-    return !decibels && !inverts && plan.rule_count <= 1;
+bool Is_formula_and_factors(Conversion_steps const& steps) {
+    bool const decibels = steps.from_decibels || steps.to_decibels;
+    bool const inverts = steps.rule_count > 0 && steps.rules[0].inverts;
+    return !decibels && !inverts && steps.rule_count <= 1;
 }
 
 } // namespace
 
-void Convert_array(Conversion_plan const& plan, double const* in, double* out,
+void Convert_array(Conversion_steps const& steps, double const* in, double* out,
                    std::size_t count) noexcept {
-    if (!Is_formula_and_factors(plan)) {
-        For_each(in, out, count, [&plan](double number) { return Convert_number(plan, number); });
+    if (!Is_formula_and_factors(steps)) {
+        For_each(in, out, count, [&steps](double number) { return Convert_number(steps, number); });
         return;
     }
-    Formula const formula = plan.rule_count == 0 ? Formula::identity : plan.rules[0].formula;
-    With_formula(formula, [&plan, in, out, count](auto const& number_formula) {
-        Convert_by_formula(plan, in, out, count, number_formula);
+    Formula const formula = steps.rule_count == 0 ? Formula::identity : steps.rules[0].formula;
+    With_formula(formula, [&steps, in, out, count](auto const& number_formula) {
+        Convert_by_formula(steps, in, out, count, number_formula);
     });
 }
 

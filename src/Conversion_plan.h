@@ -11,6 +11,7 @@
 
 #include "Conversion_rules.h"
 #include "Number_formulas.h"
+#include "Throw.h"
 #include "Tuples.h"
 #include "Unit_facts.h"
 #include "Value_steps.h"
@@ -21,41 +22,14 @@ namespace {
 
 // ---- Applying a rule
 
-// What a rule's function does to a number.
-inline Formula Formula_of(Units_conversion<double> const& rule) {
-    using Value = Value_object<double>;
-    struct Row {
-        decltype(rule.conv_fn) function;
-        Formula formula;
-    };
-    constexpr Row rows[] = {
-        {&Value::Convert_degreeC_to_degreeF, Formula::celsius_to_fahrenheit},
-        {&Value::Convert_degreeF_to_degreeC, Formula::fahrenheit_to_celsius},
-        {&Value::Convert_degreeC_to_kelvin, Formula::celsius_to_kelvin},
-        {&Value::Convert_degreeF_to_kelvin, Formula::fahrenheit_to_kelvin},
-        {&Value::Convert_kelvin_to_degreeC, Formula::kelvin_to_celsius},
-        {&Value::Convert_kelvin_to_degreeF, Formula::kelvin_to_fahrenheit},
-    };
-    for (Row const& row : rows) {
-        if (row.function == rule.conv_fn) {
-            return row.formula;
-        }
-    }
-    return Formula::identity;
-}
-
-// Adds a rule to the plan. Its function makes a value in the target, and so rejects a target with
+// Adds a rule to the steps. Its function makes a value in the target, and so rejects a target with
 // an empty slot ahead of an occupied one; the one from Celsius to Fahrenheit stores it as it is.
-inline void Plan_rule(Conversion_plan& plan, Units_conversion<double> const& rule, bool inverts) {
-    Formula const formula = Formula_of(rule);
-    if (formula != Formula::celsius_to_fahrenheit && !Is_packed(plan.target)) {
-        throw OperationNotValid();
+inline void Plan_rule(Conversion_steps& steps, Indexed_rule const& rule, Units const& to,
+                      bool inverts) {
+    if (rule.formula != Formula::celsius_to_fahrenheit && !Is_packed(to)) {
+        Throw<OperationNotValid>();
     }
-    plan.rules[plan.rule_count++] = {formula, inverts};
-}
-
-inline bool Rule_names_units(Units_conversion<double> const& rule, Units_list from, Units_list to) {
-    return rule.from_unit.tuples[0].unit == from && rule.to_unit.tuples[0].unit == to;
+    steps.rules[steps.rule_count++] = {rule.formula, inverts};
 }
 
 // ---- Rules for whole units
@@ -68,11 +42,11 @@ enum class Rule_match {
 
 inline Rule_match Match_rule(Units_conversion<double> const& rule, Units const& from,
                              Units const& to) {
-    bool const from_matches = Units_library::Compare_units(from, rule.from_unit, false);
+    bool const from_matches = Have_equal_tuples(from, rule.from_unit);
     if (!from_matches && !Units_library::Is_Invert_units(from, rule.from_unit)) {
         return Rule_match::none;
     }
-    if (Units_library::Compare_units(to, rule.to_unit, false)) {
+    if (Have_equal_tuples(to, rule.to_unit)) {
         return from_matches ? Rule_match::direct : Rule_match::inverted;
     }
     if (Units_library::Is_Invert_units(to, rule.to_unit)) {
@@ -82,15 +56,15 @@ inline Rule_match Match_rule(Units_conversion<double> const& rule, Units const& 
 }
 
 // Plans the first rule that matches both units; false if there is none.
-inline bool Plan_whole_unit_rule(Conversion_plan& plan, Units const& from) {
-    for (Units_conversion<double> const& rule : Units_conv<double>::Unit_conv_vect) {
+inline bool Plan_whole_unit_rule(Conversion_steps& steps, Units const& from, Units const& to) {
+    for (Indexed_rule const& rule : indexed_rules) {
         // No unit matches that does not begin with the rule's: looking at it first saves the rest.
-        if (!Rule_names_units(rule, from.tuples[0].unit, plan.target.tuples[0].unit)) {
+        if (rule.from != from.tuples[0].unit || rule.to != to.tuples[0].unit) {
             continue;
         }
-        Rule_match const match = Match_rule(rule, from, plan.target);
+        Rule_match const match = Match_rule(*rule.rule, from, to);
         if (match != Rule_match::none) {
-            Plan_rule(plan, rule, match == Rule_match::inverted);
+            Plan_rule(steps, rule, to, match == Rule_match::inverted);
             return true;
         }
     }
@@ -101,97 +75,120 @@ inline bool Plan_whole_unit_rule(Conversion_plan& plan, Units const& from) {
 
 // Plans, slot by slot, every rule for the slot's two units: volts to watts are named by two rules,
 // and both are applied. In `working`, the slots that a rule converts get the target's unit.
-inline void Plan_slot_rules(Conversion_plan& plan, Units const& from, Units& working) {
+inline void Plan_slot_rules(Conversion_steps& steps, Units const& from, Units const& to,
+                            Units& working) {
     for (std::size_t slot = 0; slot < Tuple_count; ++slot) {
         Unit_tuple const& source = from.tuples[slot];
-        Unit_tuple const& target = plan.target.tuples[slot];
+        Unit_tuple const& target = to.tuples[slot];
         if (source.unit == NO_UNIT || target.unit == NO_UNIT) {
             continue;
         }
         if (Powers_differ_in_magnitude(source, target)) {
-            throw UnitDimensionNotSame();
+            Throw<UnitDimensionNotSame>();
         }
-        for (Units_conversion<double> const& rule : Units_conv<double>::Unit_conv_vect) {
-            if (Rule_names_units(rule, source.unit, target.unit)) {
-                Plan_rule(plan, rule, target.exponent < 0);
+        for (Indexed_rule const& rule : indexed_rules) {
+            if (rule.from == source.unit && rule.to == target.unit) {
+                Plan_rule(steps, rule, to, target.exponent < 0);
                 working.tuples[slot].unit = target.unit;
             }
         }
     }
 }
 
+// ---- The factor alone
+
+// The dimensions of the units that rules begin with: any other goes by its factor alone.
+constexpr Dimension_set Dimensions_with_rules =
+    Set_of(VOLTAGE) | Set_of(CURRENT) | Set_of(TEMPERATURE);
+
+// Nearly all conversions are between two units in canonical order that agree in dimension and power
+// slot by slot, and that no rule begins with. One walk over the two sees that, and computes the
+// factor on the way. False for every other pair: `factor` then means nothing.
+inline bool Is_by_factor_alone(Units const& from, Units const& to, double& factor) {
+    Dimension_set last = 0;
+    factor = 1.0;
+    std::size_t k = 0;
+    for (; k < Tuple_count && from.tuples[k].unit != NO_UNIT; ++k) {
+        Unit_tuple const& source = from.tuples[k];
+        Unit_tuple const& target = to.tuples[k];
+        Unit_facts const& source_facts = Facts_of(source.unit);
+        Unit_facts const& target_facts = Facts_of(target.unit);
+        Dimension_set const own = source_facts.dimension_set;
+        if (own != target_facts.dimension_set || own <= last ||
+            (own & Dimensions_with_rules) != 0 || source.exponent != target.exponent) {
+            return false;
+        }
+        last = own;
+        factor = Combined_factor(
+            factor, Factor_between(source_facts, source.exponent, target_facts, target.exponent));
+    }
+    // Without a branch for every slot: what follows is hardly ever occupied.
+    std::int32_t occupied = 0;
+    for (; k < Tuple_count; ++k) {
+        occupied |= from.tuples[k].unit | to.tuples[k].unit;
+    }
+    return occupied == NO_UNIT;
+}
+
 // ---- The plan
 
-// Whether a rule could apply at all: whether one begins with one of the units. That spares almost
-// every conversion the search.
-inline bool May_have_rules(Units const& from) {
-    for (Unit_tuple const& tuple : from.tuples) {
-        switch (Unit_facts const* const facts = Find_facts(tuple.unit);
-                facts == nullptr ? NO_DIMENSION : facts->dimension) {
-        case VOLTAGE:
-        case CURRENT:
-        case TEMPERATURE:
-            return true;
-        default:
-            break;
-        }
+// `unit` in canonical order: itself, or where it is not an arranged copy in `storage`.
+inline Units const& Arranged(Units const& unit, Units& storage) {
+    if (Canonical_dimensions(unit) != Not_canonical) {
+        return unit;
     }
-    return false;
+    return storage = Units_library::Arrange_tuple(unit);
 }
 
-// The product of the exponents up to the first empty slot, by which decibels count; 1 without unit.
-inline double Exponent_product(Units const& unit) {
-    double product = 1.0;
-    for (Unit_tuple const& tuple : unit.tuples) {
-        if (tuple.unit == NO_UNIT) {
-            break;
-        }
-        product *= static_cast<double>(tuple.exponent);
-    }
-    return product;
+// Takes down what the unit says that the numbers are in when the rules have been applied.
+inline void Plan_source(Conversion_steps& steps, Units const& working) {
+    steps.from_decibels = Is_decibel(working);
+    steps.source_product = steps.from_decibels ? Exponent_product(working) : 1.0;
 }
 
-// `unit` in canonical order, as a value in it would have it.
-inline Units Arranged_as_source(Units const& unit) {
-    Units const arranged = Units_library::Arrange_tuple(unit);
-    if (!Is_packed(arranged)) {
-        throw OperationNotValid();
+// The same for the unit of a value, which has no empty slot ahead of an occupied one.
+inline Units const& Arranged_source(Units const& unit, Units& storage) {
+    Units const& arranged = Arranged(unit, storage);
+    if (&arranged == &storage && !Is_packed(arranged)) {
+        Throw<OperationNotValid>();
     }
     return arranged;
 }
 
-// Plans the rules and the factor, and returns the unit that the numbers are then in, but for the
-// factor. A unit in canonical order that no rule begins with leaves nothing to search: the factor
-// refuses what the slots would.
-inline Units Plan_rules_and_factor(Conversion_plan& plan, Units const& from) {
-    bool const canonical = Is_canonical(from);
-    Units working = canonical ? from : Arranged_as_source(from);
-    plan.rule_count = 0;
-    plan.factor = 1.0;
-    if (!canonical || May_have_rules(from)) {
-        if (Plan_whole_unit_rule(plan, from)) {
-            return plan.target; // the rule's function has set it, marker included
-        }
-        Plan_slot_rules(plan, from, working);
+// Searches the rules, and plans those that apply and the factor for what they leave.
+inline void Plan_rules_and_factor(Conversion_steps& steps, Units const& from, Units const& to) {
+    Units storage;
+    Units const& arranged = Arranged_source(from, storage);
+    steps.factor = 1.0;
+    if (Plan_whole_unit_rule(steps, from, to)) {
+        Plan_source(steps, to); // the rule's function has set the target's unit, marker included
+        return;
     }
-    plan.factor = Units_library::Get_conversion_factor(plan.target, working);
-    return working;
+    Units working = arranged;
+    Plan_slot_rules(steps, from, to, working);
+    Plan_source(steps, working);
+    steps.factor = Units_library::Get_conversion_factor(to, working);
 }
 
-// The plan from `from`, as it is stored, to `to`.
-inline Conversion_plan Plan_conversion(Units const& from, Units const& to) {
-    Conversion_plan plan;
-    plan.source = from;
-    plan.target = Units_library::Arrange_tuple(to);
-    Units const working = Plan_rules_and_factor(plan, from);
-    plan.from_decibels = Is_decibel(working);
-    plan.source_product = Exponent_product(working);
-    plan.factor = plan.factor * Prefix_scale(from.si_prefix);
+// Plans the way from `from`, as it is stored, to `target`. Returns the target in canonical order:
+// itself, or an arranged copy in `storage`.
+[[gnu::noinline]] inline Units const& Plan_conversion(Conversion_steps& steps, Units const& from,
+                                                      Units const& target, Units& storage) {
+    steps.rule_count = 0;
+    bool const by_factor = Is_by_factor_alone(from, target, steps.factor);
+    Units const& to = by_factor ? target : Arranged(target, storage);
+    if (by_factor) {
+        Plan_source(steps, from);
+    } else {
+        Plan_rules_and_factor(steps, from, to);
+    }
+    steps.factor = steps.factor * Prefix_scale(from.si_prefix);
     // The target's prefix is a multiplication of its own: the two are rounded separately.
-    plan.target_scale = Prefix_scale(plan.target.si_prefix, -1);
-    plan.to_decibels = Is_decibel(plan.target);
-    plan.target_product = Exponent_product(plan.target) * Value_object<double>::DB_CONV_FACT;
-    return plan;
+    steps.target_scale = Reciprocal_prefix_scale(to.si_prefix);
+    steps.to_decibels = Is_decibel(to);
+    steps.target_product =
+        steps.to_decibels ? Exponent_product(to) * Value_object<double>::DB_CONV_FACT : 1.0;
+    return to;
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 #ifndef VARNIX_VALUE_CONVERSION_RULES_H
 #define VARNIX_VALUE_CONVERSION_RULES_H
 
+#include <varnix/value/Value_converter.h>
 #include <varnix/value/Value_object.h>
 
 #include <vector>
@@ -36,6 +37,17 @@ template <typename Number>
 struct Units_spl_conv {
     static std::vector<Units_spl_conv_data<Number>> const Unit_spl_conv_vect;
 };
+
+// What the decision about a conversion asks of a rule, at hand: the units it begins with, and what
+// its function does to a number. Derived from Unit_conv_vect while the library loads.
+struct Indexed_rule {
+    Units_list from;
+    Units_list to;
+    Conversion_steps::Formula formula;
+    Units_conversion<double> const* rule;
+};
+
+[[gnu::visibility("hidden")]] extern std::vector<Indexed_rule> const indexed_rules;
 
 // Defined once, with the instantiation of Value_object<double>.
 template <>

@@ -12,7 +12,7 @@
 
 namespace Varnix::Value {
 
-using Formula = Conversion_plan::Formula;
+using Formula = Conversion_steps::Formula;
 
 // Calls `use` with the formula, a function of a number, and returns what it returns.
 template <typename Use>

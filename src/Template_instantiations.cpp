@@ -26,8 +26,6 @@ using Pair_rule = Units_spl_conv_data<double>;
 
 } // namespace
 
-// A rule's function also has a row in Formula_of, which says what it does to a number.
-
 // clang-format off
 
 // The numbers of the first three are in watts already. As rules for single slots the first two both
@@ -60,6 +58,45 @@ std::vector<Units_spl_conv_data<double>> const Units_spl_conv<double>::Unit_spl_
     (Pair_rule{{C_Watts, C_Volts, C_Ohms},  &Value::Watt_ohm_to_volt});              // V = sqrt(W ohm)
 
 // clang-format on
+
+namespace {
+
+// What a rule's function does to a number.
+Formula Formula_of(Rule const& rule) {
+    struct Row {
+        decltype(rule.conv_fn) function;
+        Formula formula;
+    };
+    constexpr Row rows[] = {
+        {&Value::Convert_degreeC_to_degreeF, Formula::celsius_to_fahrenheit},
+        {&Value::Convert_degreeF_to_degreeC, Formula::fahrenheit_to_celsius},
+        {&Value::Convert_degreeC_to_kelvin, Formula::celsius_to_kelvin},
+        {&Value::Convert_degreeF_to_kelvin, Formula::fahrenheit_to_kelvin},
+        {&Value::Convert_kelvin_to_degreeC, Formula::kelvin_to_celsius},
+        {&Value::Convert_kelvin_to_degreeF, Formula::kelvin_to_fahrenheit},
+    };
+    for (Row const& row : rows) {
+        if (row.function == rule.conv_fn) {
+            return row.formula;
+        }
+    }
+    return Formula::identity;
+}
+
+std::vector<Indexed_rule> Index(std::vector<Rule> const& rules) {
+    std::vector<Indexed_rule> index;
+    index.reserve(rules.size());
+    for (Rule const& rule : rules) {
+        index.push_back(
+            {rule.from_unit.tuples[0].unit, rule.to_unit.tuples[0].unit, Formula_of(rule), &rule});
+    }
+    return index;
+}
+
+} // namespace
+
+// After the rules, from which it is made.
+std::vector<Indexed_rule> const indexed_rules = Index(Units_conv<double>::Unit_conv_vect);
 
 template class Value_object<double>;
 template class Value_converter<double>;

@@ -4,18 +4,29 @@
 #ifndef VARNIX_VALUE_UNIT_FACTS_H
 #define VARNIX_VALUE_UNIT_FACTS_H
 
+#include "Throw.h"
+#include "Tuples.h"
+
 #include <varnix/value/Units.h>
 #include <varnix/value/exceptions.h>
 
 #include <array>
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 
 namespace Varnix::Value {
 
+// Sets of dimensions, a bit for each.
+using Dimension_set = std::uint32_t;
+
+constexpr Dimension_set Set_of(Dimension dimension) {
+    return Dimension_set{1} << static_cast<std::uint32_t>(dimension);
+}
+
 struct Unit_facts {
+    Dimension_set dimension_set; // that of the unit alone; empty for a code without a catalogue row
     Dimension dimension;
-    bool known;              // false for a code without a catalogue row
     double scale;            // of one unit in the reference unit of its dimension
     double reciprocal_scale; // 1.0 / scale, as it rounds
 };
@@ -25,46 +36,114 @@ using Unit_facts_table = std::array<Unit_facts, SYMBOL + 1>;
 
 [[gnu::visibility("hidden")]] extern Unit_facts_table const unit_facts;
 
-// The facts of `unit`, or nullptr if it has no row.
-inline Unit_facts const* Find_facts(Units_list unit) {
+// The facts of `unit`; those of a code without a row are those of NO_UNIT, which has none.
+inline Unit_facts const& Facts_of(Units_list unit) {
     auto const index = static_cast<std::uint32_t>(unit); // a negative code becomes a large one
-    return index < unit_facts.size() && unit_facts[index].known ? &unit_facts[index] : nullptr;
+    return unit_facts[index < unit_facts.size() ? index : 0];
 }
 
 inline Unit_facts const& Require_facts(Units_list unit) {
-    Unit_facts const* const facts = Find_facts(unit);
-    if (facts == nullptr) {
-        throw UnitNotDefined();
+    Unit_facts const& facts = Facts_of(unit);
+    if (facts.dimension_set == 0) {
+        Throw<UnitNotDefined>();
     }
-    return *facts;
+    return facts;
 }
 
 inline Dimension Dimension_of(Units_list unit) {
     return unit == NO_UNIT ? NO_DIMENSION : Require_facts(unit).dimension;
 }
 
-// Whether `unit` is in canonical order: what arranging would leave as it is. Unknown codes are not.
-inline bool Is_canonical(Units const& unit) {
-    Dimension last = NO_DIMENSION;
-    std::size_t k = 0;
-    for (; k < Tuple_count && unit.tuples[k].unit != NO_UNIT; ++k) {
-        Unit_facts const* const facts = Find_facts(unit.tuples[k].unit);
-        if (facts == nullptr || facts->dimension <= last) {
-            return false;
+// What is returned for a unit that is not in canonical order.
+constexpr Dimension_set Not_canonical = ~Dimension_set{0};
+
+// The dimensions of a unit in canonical order, which arranging leaves as it is; Not_canonical for
+// any other. Unknown codes are not in order.
+inline Dimension_set Canonical_dimensions(Units const& unit) {
+    Dimension_set dimensions = 0;
+    bool at_end = false;
+#pragma GCC unroll 5
+    for (std::size_t k = 0; k < Tuple_count; ++k) {
+        Units_list const code = unit.tuples[k].unit;
+        if (code == NO_UNIT) {
+            at_end = true;
+            continue;
         }
-        last = facts->dimension;
-    }
-    for (; k < Tuple_count; ++k) {
-        if (unit.tuples[k].unit != NO_UNIT) {
-            return false;
+        Dimension_set const own = Facts_of(code).dimension_set;
+        if (at_end || own <= dimensions) { // not beyond all before it, or unknown
+            return Not_canonical;
         }
+        dimensions |= own;
     }
-    return true;
+    return dimensions;
 }
 
-// The scale of a prefix, radix^exponent, or for the sign -1 its reciprocal, radix^-exponent; the
-// radix is 2 for a binary prefix and otherwise 10.
-double Prefix_scale(SI_units prefix, int sign = 1);
+// ---- Factors. Units_library's functions of these names say what they are.
+
+// The size of one of the unit, or of its reciprocal for a negative power.
+inline double Scale(Unit_facts const& facts, std::int32_t exponent) {
+    return exponent < 0 ? facts.reciprocal_scale : facts.scale;
+}
+
+// from / to. Most conversions are into a reference unit, and a division by 1.0 changes nothing.
+inline double Ratio(double from, double to) {
+    return to == 1.0 ? from : from / to;
+}
+
+// base^power. The two powers that almost all units have need no pow, which gives them exactly.
+inline double Power(double base, std::int64_t power) {
+    return power == 1 ? base : power == 0 ? 1.0 : std::pow(base, static_cast<double>(power));
+}
+
+// What one of the first unit is worth in the second, raised to the power of `to`. No factor of the
+// catalogue is zero, so that the ratio is finite; it is looked at all the same.
+inline double Factor_between(Unit_facts const& from_facts, std::int32_t from_exponent,
+                             Unit_facts const& to_facts, std::int32_t to_exponent) {
+    double const ratio = Ratio(Scale(from_facts, from_exponent), Scale(to_facts, to_exponent));
+    if (!std::isfinite(ratio)) {
+        Throw_out_of_range();
+    }
+    return Power(ratio, Exponent_magnitude(to_exponent));
+}
+
+// The product of the factors of the slots before and of the next. A factor of almost one is
+// rounding from the slots before, and is dropped.
+inline double Combined_factor(double before, double next) {
+    return std::fabs(before - 1.0) < 1e-10 ? next : before * next;
+}
+
+// ---- Prefixes
+
+// The scales of the prefixes from PICO to YOBI, computed once, and their reciprocals.
+struct Prefix_scales {
+    std::array<double, YOBI - PICO + 1> scales;
+    std::array<double, YOBI - PICO + 1> reciprocal_scales;
+};
+
+[[gnu::visibility("hidden")]] extern Prefix_scales const prefix_scales;
+
+// radix^(sign * exponent); the radix is 2 for a binary prefix and otherwise 10.
+double Compute_prefix_scale(SI_units prefix, int sign);
+
+// The scale of the prefix of a source.
+inline double Prefix_scale(SI_units prefix) {
+    if (prefix == NO_PREFIX) {
+        return 1.0;
+    }
+    auto const index = static_cast<std::uint32_t>(prefix - PICO);
+    return index < prefix_scales.scales.size() ? prefix_scales.scales[index]
+                                               : Compute_prefix_scale(prefix, 1);
+}
+
+// The reciprocal scale of the prefix of a target.
+inline double Reciprocal_prefix_scale(SI_units prefix) {
+    if (prefix == NO_PREFIX) {
+        return 1.0;
+    }
+    auto const index = static_cast<std::uint32_t>(prefix - PICO);
+    return index < prefix_scales.scales.size() ? prefix_scales.reciprocal_scales[index]
+                                               : Compute_prefix_scale(prefix, -1);
+}
 
 } // namespace Varnix::Value
 

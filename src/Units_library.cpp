@@ -7,6 +7,7 @@
 
 #include <varnix/value/exceptions.h>
 
+#include "Throw.h"
 #include "Tuples.h"
 #include "Unit_facts.h"
 #include "Unit_tables.h"
@@ -14,7 +15,6 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <stdexcept>
 
 namespace Varnix::Value {
 
@@ -32,15 +32,16 @@ typename Table::mapped_type const* Find_row(Table const& table,
     return row == table.end() ? nullptr : &row->second;
 }
 
-Unit_facts Facts_of(Units_list key, Unit_info const& row) {
+Unit_facts Derive_facts(Units_list key, Unit_info const& row) {
     double const scale = row.spl_conv_unit ? 1.0 : row.conv_factor;
-    return {row.unit_id == key ? row.dimension : NO_DIMENSION, true, scale, 1.0 / scale};
+    Dimension const dimension = row.unit_id == key ? row.dimension : NO_DIMENSION;
+    return {Set_of(row.dimension), dimension, scale, 1.0 / scale};
 }
 
 Unit_facts_table Derive_facts(std::map<Units_list, Unit_info> const& table) {
     Unit_facts_table facts{};
     for (auto const& [key, row] : table) {
-        facts[static_cast<std::size_t>(key)] = Facts_of(key, row);
+        facts[static_cast<std::size_t>(key)] = Derive_facts(key, row);
     }
     return facts;
 }
@@ -63,7 +64,7 @@ void Reject_shared_dimensions(Units const& unit) {
         for (std::size_t j = i + 1; j < Tuple_count; ++j) {
             Units_list const later = unit.tuples[j].unit;
             if (later != NO_UNIT && Dimension_of(later) == Dimension_of(unit.tuples[i].unit)) {
-                throw UnitDimensionNotProper();
+                Throw<UnitDimensionNotProper>();
             }
         }
     }
@@ -75,7 +76,7 @@ constexpr std::size_t Dimension_count = TIME + 1;
 } // namespace
 
 Units Units_library::Arrange_tuple(Units const& unit) {
-    if (Is_canonical(unit)) {
+    if (Canonical_dimensions(unit) != Not_canonical) {
         return unit;
     }
     Reject_shared_dimensions(unit);
@@ -105,13 +106,8 @@ Units Units_library::Arrange_tuple(Units const& unit) {
 
 bool Units_library::Compare_units(Units const& first, Units const& second,
                                   bool compare_prefix) noexcept {
-    if (compare_prefix && first.si_prefix != second.si_prefix) {
-        return false;
-    }
-    return std::equal(std::begin(first.tuples), std::end(first.tuples), std::begin(second.tuples),
-                      [](Unit_tuple const& left, Unit_tuple const& right) {
-                          return left.unit == right.unit && left.exponent == right.exponent;
-                      });
+    return (!compare_prefix || first.si_prefix == second.si_prefix) &&
+           Have_equal_tuples(first, second);
 }
 
 bool Units_library::Compare_units_DB(Units const& first, Units const& second,
@@ -167,24 +163,27 @@ bool Units_library::Is_unitless(Units const& unit) {
 
 namespace {
 
-bool Has_unit(Units const& descriptor, Units_list unit) {
-    return std::any_of(std::begin(descriptor.tuples), std::end(descriptor.tuples),
-                       [unit](Unit_tuple const& tuple) { return tuple.unit == unit; });
-}
-
-// The power of `own` after combining it with its unit in `other`, or 0 if the unit cancels. In a
-// descriptor that repeats a unit, the first occurrence that leaves a power counts.
-std::int32_t Power_with(Unit_tuple const& own, std::int32_t sign, Units const& other) {
-    for (Unit_tuple const& tuple : other.tuples) {
-        if (tuple.unit == own.unit) {
-            std::int32_t const power = Combined_exponent(own.exponent, sign, tuple.exponent);
-            if (power != 0) {
-                return power;
-            }
+// The slots up to the last occupied one: the rest has no part in a product.
+class Occupied_slots {
+  public:
+    explicit Occupied_slots(Units const& unit) : first(unit.tuples), last(first + Tuple_count) {
+        while (last != first && last[-1].unit == NO_UNIT) {
+            --last;
         }
     }
-    return 0;
-}
+
+    Unit_tuple const* begin() const { return first; }
+    Unit_tuple const* end() const { return last; }
+
+    bool Have(Units_list unit) const {
+        return std::any_of(first, last,
+                           [unit](Unit_tuple const& tuple) { return tuple.unit == unit; });
+    }
+
+  private:
+    Unit_tuple const* first;
+    Unit_tuple const* last;
+};
 
 // A descriptor that is filled from its first slot on.
 class Descriptor_builder {
@@ -193,7 +192,7 @@ class Descriptor_builder {
 
     void Append(Units_list unit, std::int32_t exponent) {
         if (count == Tuple_count) {
-            throw OperationExceedingAllowedTuples();
+            Throw<OperationExceedingAllowedTuples>();
         }
         result.tuples[count++] = {unit, exponent};
     }
@@ -205,21 +204,38 @@ class Descriptor_builder {
     std::size_t count = 0;
 };
 
-// first * second for the sign 1, first / second for the sign -1.
-Units Combine_units(Units const& first, std::int32_t sign, Units const& second) {
-    Descriptor_builder product(first.si_prefix);
-    for (Unit_tuple const& tuple : first.tuples) {
-        if (tuple.unit == NO_UNIT) {
-            continue;
-        }
-        if (!Has_unit(second, tuple.unit)) {
-            product.Append(tuple.unit, tuple.exponent); // even with the power 0
-        } else if (std::int32_t const power = Power_with(tuple, sign, second); power != 0) {
-            product.Append(tuple.unit, power);
+// Appends a unit of the first operand with its power combined, unless it cancels. In an operand
+// that repeats a unit, the first occurrence that leaves a power counts.
+void Append_combined(Descriptor_builder& product, Unit_tuple const& own, std::int32_t sign,
+                     Occupied_slots const& other) {
+    bool matched = false;
+    for (Unit_tuple const& tuple : other) {
+        if (tuple.unit == own.unit) {
+            std::int32_t const power = Combined_exponent(own.exponent, sign, tuple.exponent);
+            if (power != 0) {
+                product.Append(own.unit, power);
+                return;
+            }
+            matched = true;
         }
     }
-    for (Unit_tuple const& tuple : second.tuples) {
-        if (tuple.unit != NO_UNIT && !Has_unit(first, tuple.unit)) {
+    if (!matched) {
+        product.Append(own.unit, own.exponent); // even with the power 0
+    }
+}
+
+// first * second for the sign 1, first / second for the sign -1.
+Units Combine_units(Units const& first, std::int32_t sign, Units const& second) {
+    Occupied_slots const first_slots(first);
+    Occupied_slots const second_slots(second);
+    Descriptor_builder product(first.si_prefix);
+    for (Unit_tuple const& tuple : first_slots) {
+        if (tuple.unit != NO_UNIT) {
+            Append_combined(product, tuple, sign, second_slots);
+        }
+    }
+    for (Unit_tuple const& tuple : second_slots) {
+        if (tuple.unit != NO_UNIT && !first_slots.Have(tuple.unit)) {
             product.Append(tuple.unit, Combined_exponent(0, sign, tuple.exponent));
         }
     }
@@ -242,31 +258,13 @@ Units Units_library::Make_unit(Units const& first, Units const& second) {
 
 // ---- Conversion factors
 
-namespace {
-
-// The size of one of the unit, or of its reciprocal for a negative power.
-double Scale(Unit_facts const& facts, std::int32_t exponent) {
-    return exponent < 0 ? facts.reciprocal_scale : facts.scale;
-}
-
-// base^power; the two powers that almost all units have need no pow, and it gives them exactly.
-double Power(double base, std::int64_t power) {
-    return power == 1 ? base : power == 0 ? 1.0 : std::pow(base, static_cast<double>(power));
-}
-
-} // namespace
-
 double Units_library::Get_tuple_conversion_factor(Unit_tuple const& from, Unit_tuple const& to) {
     Unit_facts const& from_facts = Require_facts(from.unit);
     Unit_facts const& to_facts = Require_facts(to.unit);
-    if (from_facts.dimension != to_facts.dimension) {
-        throw UnitDimensionNotSame();
+    if (from_facts.dimension_set != to_facts.dimension_set) {
+        Throw<UnitDimensionNotSame>();
     }
-    double const ratio = Scale(from_facts, from.exponent) / Scale(to_facts, to.exponent);
-    if (!std::isfinite(ratio)) {
-        throw std::out_of_range("Value is out of range");
-    }
-    return Power(ratio, Exponent_magnitude(to.exponent));
+    return Factor_between(from_facts, from.exponent, to_facts, to.exponent);
 }
 
 double Units_library::Get_conversion_factor(Units const& target, Units const& source) {
@@ -278,54 +276,35 @@ double Units_library::Get_conversion_factor(Units const& target, Units const& so
             continue;
         }
         if (Powers_differ_in_magnitude(from, to)) {
-            throw UnitDimensionNotSame();
+            Throw<UnitDimensionNotSame>();
         }
-        double const slot_factor = Get_tuple_conversion_factor(from, to);
-        // A factor of almost one is rounding from the slots before, and is dropped.
-        factor = std::fabs(factor - 1.0) < 1e-10 ? slot_factor : factor * slot_factor;
+        factor = Combined_factor(factor, Get_tuple_conversion_factor(from, to));
     }
     return factor;
 }
 
 // ---- Prefixes
 
-namespace {
-
-constexpr int lowest_prefix = PICO;
-constexpr int highest_prefix = YOBI;
-
 double Compute_prefix_scale(SI_units prefix, int sign) {
     double const radix = Units_library::Get_unit_base({SPL_NONE, prefix, {}});
     return std::pow(radix, sign * static_cast<double>(prefix));
 }
 
-// The scales of all prefixes, computed once.
-struct Prefix_scales {
-    explicit Prefix_scales(int sign) {
-        for (int prefix = lowest_prefix; prefix <= highest_prefix; ++prefix) {
-            scales[static_cast<std::size_t>(prefix - lowest_prefix)] =
-                Compute_prefix_scale(static_cast<SI_units>(prefix), sign);
-        }
+namespace {
+
+Prefix_scales Compute_prefix_scales() {
+    Prefix_scales computed{};
+    for (std::size_t k = 0; k < computed.scales.size(); ++k) {
+        auto const prefix = static_cast<SI_units>(static_cast<int>(k) + PICO);
+        computed.scales[k] = Compute_prefix_scale(prefix, 1);
+        computed.reciprocal_scales[k] = Compute_prefix_scale(prefix, -1);
     }
-
-    std::array<double, highest_prefix - lowest_prefix + 1> scales{};
-};
-
-Prefix_scales const prefix_scales(1);
-Prefix_scales const reciprocal_prefix_scales(-1);
+    return computed;
+}
 
 } // namespace
 
-double Prefix_scale(SI_units prefix, int sign) {
-    if (prefix == NO_PREFIX) {
-        return 1.0;
-    }
-    if (prefix < lowest_prefix || prefix > highest_prefix) {
-        return Compute_prefix_scale(prefix, sign);
-    }
-    Prefix_scales const& table = sign < 0 ? reciprocal_prefix_scales : prefix_scales;
-    return table.scales[static_cast<std::size_t>(prefix - lowest_prefix)];
-}
+Prefix_scales const prefix_scales = Compute_prefix_scales();
 
 // ---- Texts
 

@@ -3,17 +3,27 @@
 #ifndef VARNIX_VALUE_VALUE_COMPARISON_H
 #define VARNIX_VALUE_VALUE_COMPARISON_H
 
-#include <varnix/value/Value_object.h>
+#include "Array_conversion.h"
+#include "Conversion_plan.h"
+#include "Value_conversion.h"
 
 namespace Varnix::Value {
 
 namespace {
 
+// Only the value is converted.
+[[gnu::noinline]] inline double Value_converted_to(Units const& unit,
+                                                   Value_object<double> const& object) {
+    Conversion_steps steps;
+    Units storage;
+    Plan_conversion(steps, Value_numbers::Unit_of(object), unit, storage);
+    return Convert_number(steps, object.Get_value());
+}
+
 // The value of `object` in `unit`, as it stands if that is its unit.
 inline double Value_in(Units const& unit, Value_object<double> const& object) {
-    return Units_library::Compare_units_DB(unit, object.Get_unit(), true)
-               ? object.Get_value()
-               : object.Convert_to(unit).Get_value();
+    return Are_equal(unit, Value_numbers::Unit_of(object)) ? object.Get_value()
+                                                           : Value_converted_to(unit, object);
 }
 
 } // namespace

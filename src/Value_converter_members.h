@@ -5,31 +5,34 @@
 
 #include "Array_conversion.h"
 #include "Conversion_plan.h"
+#include "Throw.h"
 #include "Value_conversion.h"
 
 namespace Varnix::Value {
 
 template <typename Number>
-Value_converter<Number>::Value_converter(Units const& source, Units const& target)
-    : plan(Plan_conversion(source, target)) {}
+Value_converter<Number>::Value_converter(Units const& from, Units const& to) : source(from) {
+    Units storage;
+    target = Plan_conversion(steps, from, to, storage);
+}
 
 template <typename Number>
 Number Value_converter<Number>::Convert(Number value) const noexcept {
-    return Convert_number(plan, value);
+    return Convert_number(steps, value);
 }
 
 template <typename Number>
 Value_object<Number> Value_converter<Number>::Convert(Value_object<Number> const& value) const {
-    if (!Units_library::Compare_units_DB(Value_numbers::Unit_of(value), plan.source, true)) {
-        throw UnitDimensionNotSame();
+    if (!Are_equal(Value_numbers::Unit_of(value), source)) {
+        Throw<UnitDimensionNotSame>();
     }
-    return Apply_plan(plan, value);
+    return Value_numbers::Made(Converted(Value_numbers::Of(value), steps), target);
 }
 
 template <typename Number>
 void Value_converter<Number>::Convert(Number const* in, Number* out,
                                       std::size_t count) const noexcept {
-    Convert_array(plan, in, out, count);
+    Convert_array(steps, in, out, count);
 }
 
 } // namespace Varnix::Value

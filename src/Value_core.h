@@ -5,11 +5,11 @@
 
 #include <varnix/value/Value_object.h>
 
+#include "Throw.h"
 #include "Tuples.h"
 #include "Unit_facts.h"
 
 #include <cmath>
-#include <stdexcept>
 
 namespace Varnix::Value {
 
@@ -22,7 +22,7 @@ Value_object<Number>::Value_object(Number const& new_value, Units const& new_uni
                                    Number const& new_minus_err, Number const& new_plus_err) {
     Units const arranged = Units_library::Arrange_tuple(new_unit);
     if (!Is_valid_unit(arranged)) {
-        throw OperationNotValid();
+        Throw<OperationNotValid>();
     }
     Set(new_value, arranged, new_minus_err, new_plus_err);
 }
@@ -87,7 +87,7 @@ bool Value_object<Number>::Is_convertable_unit(Units const& first, Units const& 
 template <typename Number>
 void Value_object<Number>::Is_value_in_range(Value_object const& v) {
     if (!std::isfinite(v.value) || !std::isfinite(v.plus_err) || !std::isfinite(v.minus_err)) {
-        throw std::out_of_range("Value is out of range");
+        Throw_out_of_range();
     }
 }
 

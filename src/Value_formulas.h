@@ -4,7 +4,6 @@
 #ifndef VARNIX_VALUE_VALUE_FORMULAS_H
 #define VARNIX_VALUE_VALUE_FORMULAS_H
 
-#include "Conversion_plan.h"
 #include "Number_formulas.h"
 #include "Value_steps.h"
 
@@ -81,8 +80,8 @@ namespace {
 template <typename Relation>
 Value_object<double> Related_by(Relation const& relation, Value_object<double> const& first,
                                 Value_object<double> const& second, Units const& target) {
-    Value_object<double> result = Value_numbers::Combined(relation, first, second);
-    result.Set_unit(target);
+    Value_object<double> result = Value_numbers::Made(
+        Combined(Value_numbers::Of(first), Value_numbers::Of(second), relation), target);
     Value_object<double>::Is_value_in_range(result);
     return result;
 }
@@ -132,24 +131,12 @@ Value_object<Number> Value_object<Number>::Watt_ohm_to_volt(Value_object const& 
 
 template <typename Number>
 Value_object<Number> Value_object<Number>::Normalize_DB(Value_object const& source) noexcept {
-    Value_object result = source;
-    if (Is_decibel(result.unit)) {
-        Number const product = Exponent_product(result.unit);
-        Value_numbers::Transform(
-            result, [product](Number decibels) { return Decibels_to_linear(decibels, product); });
-    }
-    return result;
+    return Value_numbers::Made(Linear(Value_numbers::Of(source), source.unit), source.unit);
 }
 
 template <typename Number>
 Value_object<Number> Value_object<Number>::Apply_DB(Value_object const& source) noexcept {
-    Value_object result = source;
-    if (Is_decibel(result.unit)) {
-        Number const multiplier = Exponent_product(result.unit) * DB_CONV_FACT;
-        Value_numbers::Transform(
-            result, [multiplier](Number linear) { return Linear_to_decibels(linear, multiplier); });
-    }
-    return result;
+    return Value_numbers::Made(In_decibels(Value_numbers::Of(source), source.unit), source.unit);
 }
 
 } // namespace Varnix::Value

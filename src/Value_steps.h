@@ -1,39 +1,72 @@
-// What the algorithms of value objects share: questions about a unit, and steps that treat value
-// and bounds alike.
+// What the algorithms of value objects share: value and bounds as they are worked on, and questions
+// about a unit.
+//
+// Nothing here is kept by anyone: an algorithm takes the numbers out of its operands, works on
+// them, and makes or stores the result at its end.
 
 #ifndef VARNIX_VALUE_VALUE_STEPS_H
 #define VARNIX_VALUE_VALUE_STEPS_H
 
+#include "Number_formulas.h"
+
 #include <varnix/value/Units_library.h>
 #include <varnix/value/Value_object.h>
 
+#include <utility>
+
 namespace Varnix::Value {
 
-// Writes value and bounds as computed, which no public member does: those order the bounds.
+// Value and bounds while they are worked on. Every step treats the three alike; only `Order` looks
+// at the bounds.
+struct Numbers {
+    double value;
+    double minus_err;
+    double plus_err;
+
+    // Puts step(x) in place of each number x.
+    template <typename Step>
+    void Transform(Step const& step) {
+        value = step(value);
+        minus_err = step(minus_err);
+        plus_err = step(plus_err);
+    }
+
+    void Scale(double factor) {
+        Transform([factor](double number) { return number * factor; });
+    }
+
+    // Puts the larger bound into plus_err, as storing a value does. A bound that is not a number is
+    // not larger, so that ordering twice leaves it where it was.
+    void Order() {
+        if (!(plus_err > minus_err)) {
+            std::swap(minus_err, plus_err);
+        }
+    }
+};
+
+// The result of combine(x, y) for each number and its counterpart.
+template <typename Combine>
+Numbers Combined(Numbers const& left, Numbers const& right, Combine const& combine) {
+    return {combine(left.value, right.value), combine(left.minus_err, right.minus_err),
+            combine(left.plus_err, right.plus_err)};
+}
+
+// The way into a value object and out of it, with the bounds as they stand. The public members
+// order them.
 struct Value_numbers {
-    // Puts formula(x) in place of each of the three numbers x.
-    template <typename Formula>
-    static void Transform(Value_object<double>& object, Formula const& formula) {
-        object.value = formula(object.value);
-        object.minus_err = formula(object.minus_err);
-        object.plus_err = formula(object.plus_err);
+    static Numbers Of(Value_object<double> const& object) {
+        return {object.value, object.minus_err, object.plus_err};
     }
 
-    // An object without unit, each number of which is formula(x, y) of its counterparts.
-    template <typename Formula>
-    static Value_object<double> Combined(Formula const& formula, Value_object<double> const& first,
-                                         Value_object<double> const& second) {
-        Value_object<double> result;
-        result.value = formula(first.value, second.value);
-        result.minus_err = formula(first.minus_err, second.minus_err);
-        result.plus_err = formula(first.plus_err, second.plus_err);
-        return result;
+    // As a copy of the object has them.
+    static Numbers Of_copy(Value_object<double> const& object) {
+        Numbers numbers = Of(object);
+        numbers.Order();
+        return numbers;
     }
 
-    // An object with these numbers, as computed.
-    static Value_object<double> Made(double value, double minus_err, double plus_err,
-                                     Units const& unit) {
-        return Value_object<double>(value, minus_err, plus_err, unit);
+    static Value_object<double> Made(Numbers const& numbers, Units const& unit) {
+        return Value_object<double>(numbers.value, numbers.minus_err, numbers.plus_err, unit);
     }
 
     // The unit itself; Get_unit copies it.
@@ -42,18 +75,61 @@ struct Value_numbers {
 
 namespace {
 
-// Multiplies value and bounds by `factor`.
-inline void Scale_numbers(Value_object<double>& object, double factor) {
-    Value_numbers::Transform(object, [factor](double number) { return number * factor; });
-}
+// ---- Questions about a unit
 
 inline bool Is_decibel(Units const& unit) {
     return unit.spl_conv == SPL_DB;
 }
 
+inline bool Has_unit(Units const& unit) {
+    return unit.tuples[0].unit != NO_UNIT;
+}
+
 // Whether the tuples are those of C_Empty; prefix and marker are not looked at.
 inline bool Is_bare(Units const& unit) {
-    return Units_library::Compare_units(unit, C_Empty, false);
+    return !Has_unit(unit) && Units_library::Compare_units(unit, C_Empty, false);
+}
+
+// ---- To decibels and back
+
+// The product of the exponents up to the first empty slot, by which decibels count; 1 without unit.
+[[gnu::noinline]] inline double Exponent_product(Units const& unit) {
+    double product = 1.0;
+    for (Unit_tuple const& tuple : unit.tuples) {
+        if (tuple.unit == NO_UNIT) {
+            break;
+        }
+        product *= static_cast<double>(tuple.exponent);
+    }
+    return product;
+}
+
+// Not in line, as the powers and logarithms are long beside any call.
+[[gnu::noinline]] inline void Make_linear(Numbers& numbers, double product) {
+    numbers.Transform([product](double decibels) { return Decibels_to_linear(decibels, product); });
+}
+
+[[gnu::noinline]] inline void Make_decibels(Numbers& numbers, double multiplier) {
+    numbers.Transform(
+        [multiplier](double linear) { return Linear_to_decibels(linear, multiplier); });
+}
+
+// The numbers of a copy of the value, made linear if it is in decibels.
+inline Numbers Linear(Numbers numbers, Units const& unit) {
+    numbers.Order();
+    if (Is_decibel(unit)) {
+        Make_linear(numbers, Exponent_product(unit));
+    }
+    return numbers;
+}
+
+// The numbers of a copy of the value, turned into decibels if its unit asks for them.
+inline Numbers In_decibels(Numbers numbers, Units const& unit) {
+    numbers.Order();
+    if (Is_decibel(unit)) {
+        Make_decibels(numbers, Exponent_product(unit) * Value_object<double>::DB_CONV_FACT);
+    }
+    return numbers;
 }
 
 } // namespace

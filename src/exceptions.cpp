@@ -72,53 +72,53 @@ char const* Value_exception::what() const noexcept {
     return message.empty() ? Fixed_message(typeid(*this)) : message.c_str();
 }
 
-// The constructors, the assignment and the destructor; a detail string ends at its first NUL.
-#define VARNIX_VALUE_DEFINE_LIFE_CYCLE(Class)                                                      \
+// ---- The root, which alone has a message to copy and to exchange
+
+Value_exception::Value_exception() noexcept {
+    Set_message(typeid(Value_exception));
+}
+
+Value_exception::Value_exception(char const* detail) noexcept {
+    Set_message(typeid(Value_exception), detail);
+}
+
+Value_exception::Value_exception(Value_exception const& other) noexcept
+    : std::exception(other), message(Text_or_nothing([&other] { return other.message; })) {}
+
+Value_exception& Value_exception::operator=(Value_exception const& other) noexcept {
+    Value_exception copy(other);
+    swap(copy);
+    return *this;
+}
+
+void Value_exception::swap(Value_exception& other) noexcept {
+    message.swap(other.message);
+}
+
+Value_exception::~Value_exception() = default;
+
+// ---- The other classes
+
+#define VARNIX_VALUE_DEFINE_MEMBERS(Class)                                                         \
     Class::Class() noexcept {                                                                      \
         Set_message(typeid(Class));                                                                \
     }                                                                                              \
     Class::Class(char const* detail) noexcept {                                                    \
         Set_message(typeid(Class), detail);                                                        \
     }                                                                                              \
-    Class::Class(std::string const& detail) noexcept {                                             \
-        Set_message(typeid(Class), detail.c_str());                                                \
-    }                                                                                              \
-    Class& Class::operator=(Class const& other) noexcept {                                         \
-        Class copy(other);                                                                         \
-        swap(copy);                                                                                \
-        return *this;                                                                              \
-    }                                                                                              \
+    Class::Class(Class const&) noexcept = default;                                                 \
     Class::~Class() = default;
 
-// The members of a class below the root: only the root has a message to copy and to swap.
-#define VARNIX_VALUE_DEFINE_MEMBERS(Class, Base)                                                   \
-    VARNIX_VALUE_DEFINE_LIFE_CYCLE(Class)                                                          \
-    Class::Class(Class const&) noexcept = default;                                                 \
-    void Class::swap(Class& other) noexcept {                                                      \
-        Base::swap(other);                                                                         \
-    }
-
-VARNIX_VALUE_DEFINE_LIFE_CYCLE(Value_exception)
-
-Value_exception::Value_exception(Value_exception const& other) noexcept
-    : std::exception(other), message(Text_or_nothing([&other] { return other.message; })) {}
-
-void Value_exception::swap(Value_exception& other) noexcept {
-    message.swap(other.message);
-}
-
-// clang-format off
-VARNIX_VALUE_DEFINE_MEMBERS(OperationNotValid,               Value_exception)
-VARNIX_VALUE_DEFINE_MEMBERS(BadConversion,                   OperationNotValid)
-VARNIX_VALUE_DEFINE_MEMBERS(NoRuleToConvert,                 BadConversion)
-VARNIX_VALUE_DEFINE_MEMBERS(UnitDimensionNotSame,            BadConversion)
-VARNIX_VALUE_DEFINE_MEMBERS(MissingUnitInFirstParameter,     OperationNotValid)
-VARNIX_VALUE_DEFINE_MEMBERS(OperationUndefined,              OperationNotValid)
-VARNIX_VALUE_DEFINE_MEMBERS(UnitDimensionNotProper,          OperationNotValid)
-VARNIX_VALUE_DEFINE_MEMBERS(UnitExponentNotValid,            OperationNotValid)
-VARNIX_VALUE_DEFINE_MEMBERS(UnitNotDefined,                  OperationNotValid)
-VARNIX_VALUE_DEFINE_MEMBERS(OutOfResources,                  Value_exception)
-VARNIX_VALUE_DEFINE_MEMBERS(OperationExceedingAllowedTuples, OutOfResources)
-// clang-format on
+VARNIX_VALUE_DEFINE_MEMBERS(OperationNotValid)
+VARNIX_VALUE_DEFINE_MEMBERS(BadConversion)
+VARNIX_VALUE_DEFINE_MEMBERS(NoRuleToConvert)
+VARNIX_VALUE_DEFINE_MEMBERS(UnitDimensionNotSame)
+VARNIX_VALUE_DEFINE_MEMBERS(MissingUnitInFirstParameter)
+VARNIX_VALUE_DEFINE_MEMBERS(OperationUndefined)
+VARNIX_VALUE_DEFINE_MEMBERS(UnitDimensionNotProper)
+VARNIX_VALUE_DEFINE_MEMBERS(UnitExponentNotValid)
+VARNIX_VALUE_DEFINE_MEMBERS(UnitNotDefined)
+VARNIX_VALUE_DEFINE_MEMBERS(OutOfResources)
+VARNIX_VALUE_DEFINE_MEMBERS(OperationExceedingAllowedTuples)
 
 } // namespace Varnix::Value

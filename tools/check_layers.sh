@@ -10,7 +10,7 @@ cd "$(dirname "$0")/.."
 layer_of() {
     case ${1##*/} in
         export.h)                                                    echo 0 ;; # visibility
-        exceptions.h | exceptions.cpp)                               echo 1 ;; # errors
+        exceptions.h | exceptions.cpp | Throw.h)                     echo 1 ;; # errors
         Units.h | Units.cpp | Separators.h | Tuples.h | Unit_*.h)    echo 2 ;; # unit model, catalogue
         Units_library.h | Units_library.cpp)                         echo 3 ;; # unit algebra
         Value_*.h | Conversion_*.h | Number_formulas.h | Array_conversion.* | Template_instantiations.cpp)

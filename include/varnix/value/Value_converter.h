@@ -27,8 +27,8 @@
 namespace Varnix::Value {
 
 /// What the numbers of a conversion go through, in this order. All of it follows from the two
-/// units.
-struct Conversion_plan {
+/// units; a program has no use for it.
+struct Conversion_steps {
     /// A formula of the conversion rules; `identity` is that of power written as a product.
     enum class Formula : std::uint8_t {
         identity,
@@ -48,16 +48,14 @@ struct Conversion_plan {
     /// canonical order name more than three rules.
     static constexpr std::size_t Rule_limit = 3;
 
-    Units source;            ///< the unit of the numbers before, as given
-    Units target;            ///< the unit of the numbers after, in canonical order
+    Rule rules[Rule_limit];  ///< the rules that are applied before all else
+    std::uint8_t rule_count; ///< how many they are
+    bool from_decibels;      ///< whether the numbers are then made linear
+    bool to_decibels;        ///< whether they are turned into decibels at the end
+    double source_product;   ///< the product of the exponents of a source in decibels
     double factor;           ///< the factor, the prefix of the source included
     double target_scale;     ///< the reciprocal scale of the target's prefix; 1.0 without prefix
-    double source_product;   ///< the product of the exponents of a source in decibels
-    double target_product;   ///< the same of a target in decibels, times 10
-    Rule rules[Rule_limit];  ///< the rules applied before all else
-    std::uint8_t rule_count; ///< how many they are
-    bool from_decibels;      ///< whether the numbers are made linear
-    bool to_decibels;        ///< whether they are turned into decibels at the end
+    double target_product;   ///< the product of the exponents of a target in decibels, times 10
 };
 
 /// A prepared conversion from one unit to another. It allocates nothing and is copied freely.
@@ -67,9 +65,9 @@ class Value_converter {
                   "Value_converter is provided for double alone: write Value_converter<double>");
 
   public:
-    /// Prepares the conversion of values in `source` into `target`.
-    /// @throws what `Value_object::Convert_to(target)` throws for a value in `source`.
-    Value_converter(Units const& source, Units const& target);
+    /// Prepares the conversion of values in `from` into `to`.
+    /// @throws what `Value_object::Convert_to(to)` throws for a value in `from`.
+    Value_converter(Units const& from, Units const& to);
 
     /// The number `value` of the source unit, in the target unit.
     Number Convert(Number value) const noexcept;
@@ -83,11 +81,13 @@ class Value_converter {
     /// where the processor has vectors of doubles (x86-64; ARMv7 has none).
     void Convert(Number const* in, Number* out, std::size_t count) const noexcept;
 
-    Units Get_source() const noexcept { return plan.source; } ///< the unit converted from
-    Units Get_target() const noexcept { return plan.target; } ///< the unit converted to, arranged
+    Units Get_source() const noexcept { return source; } ///< the unit converted from
+    Units Get_target() const noexcept { return target; } ///< the unit converted to, arranged
 
   private:
-    Conversion_plan plan;
+    Units source; // as given
+    Units target; // in canonical order
+    Conversion_steps steps;
 };
 
 extern template class VARNIX_VALUE_EXPORT Value_converter<double>;

@@ -47,25 +47,23 @@
 
 namespace Varnix::Value {
 
-/// The members that every class below has, each non-throwing:
+/// The root: everything that the library throws, `std::out_of_range` apart. Every class below has
+/// the same members, each non-throwing:
 /// - the default constructor: the class's fixed message;
 /// - two constructors with a detail: the fixed message, ": " and the detail, which is empty for a
 ///   null pointer and ends at the first NUL character of a string;
 /// - copy construction and assignment: the message of the other object;
 /// - `swap`: exchanges the messages.
-#define VARNIX_VALUE_EXCEPTION_MEMBERS(Class)                                                      \
-    Class() noexcept;                                                                              \
-    explicit Class(char const* detail) noexcept;                                                   \
-    explicit Class(std::string const& detail) noexcept;                                            \
-    Class(Class const& other) noexcept;                                                            \
-    Class& operator=(Class const& other) noexcept;                                                 \
-    void swap(Class& other) noexcept;                                                              \
-    ~Class() override
-
-/// The root: everything that the library throws, `std::out_of_range` apart.
 class VARNIX_VALUE_EXPORT Value_exception : public virtual std::exception {
   public:
-    VARNIX_VALUE_EXCEPTION_MEMBERS(Value_exception);
+    Value_exception() noexcept;
+    explicit Value_exception(char const* detail) noexcept;
+    explicit Value_exception(std::string const& detail) noexcept
+        : Value_exception(detail.c_str()) {}
+    Value_exception(Value_exception const& other) noexcept;
+    Value_exception& operator=(Value_exception const& other) noexcept;
+    void swap(Value_exception& other) noexcept;
+    ~Value_exception() override;
 
     /// The message. The pointer stays valid until the object is destroyed, assigned to or swapped.
     char const* what() const noexcept override;
@@ -83,6 +81,22 @@ class VARNIX_VALUE_EXPORT Value_exception : public virtual std::exception {
   private:
     std::string message; // empty only for want of memory
 };
+
+// The members of every other class. Only the root has something to exchange.
+#define VARNIX_VALUE_EXCEPTION_MEMBERS(Class)                                                      \
+    Class() noexcept;                                                                              \
+    explicit Class(char const* detail) noexcept;                                                   \
+    explicit Class(std::string const& detail) noexcept : Class(detail.c_str()) {}                  \
+    Class(Class const& other) noexcept;                                                            \
+    Class& operator=(Class const& other) noexcept {                                                \
+        Class copy(other);                                                                         \
+        swap(copy);                                                                                \
+        return *this;                                                                              \
+    }                                                                                              \
+    void swap(Class& other) noexcept {                                                             \
+        Value_exception::swap(other);                                                              \
+    }                                                                                              \
+    ~Class() override
 
 /// An operation cannot be done with these units: thrown where a value's unit has an empty slot
 /// ahead of an occupied one, and where a decibel value meets a value without unit in a product.

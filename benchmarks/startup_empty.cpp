@@ -1,0 +1,3 @@
+// A process that does nothing: what starting one takes.
+
+int main() {}
