@@ -16,6 +16,8 @@
 #include "Unit_facts.h"
 #include "Value_steps.h"
 
+#include <optional>
+
 namespace Varnix::Value {
 
 namespace {
@@ -103,10 +105,10 @@ constexpr Dimension_set Dimensions_with_rules =
 
 // Nearly all conversions are between two units in canonical order that agree in dimension and power
 // slot by slot, and that no rule begins with. One walk over the two sees that, and computes the
-// factor on the way. False for every other pair: `factor` then means nothing.
-inline bool Is_by_factor_alone(Units const& from, Units const& to, double& factor) {
+// factor on the way. No result for every other pair.
+inline std::optional<double> Find_factor_alone(Units const& from, Units const& to) {
     Dimension_set last = 0;
-    factor = 1.0;
+    double factor = 1.0;
     std::size_t k = 0;
     for (; k < Tuple_count && from.tuples[k].unit != NO_UNIT; ++k) {
         Unit_tuple const& source = from.tuples[k];
@@ -116,7 +118,7 @@ inline bool Is_by_factor_alone(Units const& from, Units const& to, double& facto
         Dimension_set const own = source_facts.dimension_set;
         if (own != target_facts.dimension_set || own <= last ||
             (own & Dimensions_with_rules) != 0 || source.exponent != target.exponent) {
-            return false;
+            return std::nullopt;
         }
         last = own;
         factor = Combined_factor(
@@ -127,7 +129,7 @@ inline bool Is_by_factor_alone(Units const& from, Units const& to, double& facto
     for (; k < Tuple_count; ++k) {
         occupied |= from.tuples[k].unit | to.tuples[k].unit;
     }
-    return occupied == NO_UNIT;
+    return occupied == NO_UNIT ? std::optional<double>(factor) : std::nullopt;
 }
 
 // ---- The plan
@@ -170,25 +172,38 @@ inline void Plan_rules_and_factor(Conversion_steps& steps, Units const& from, Un
     steps.factor = Units_library::Get_conversion_factor(to, working);
 }
 
-// Plans the way from `from`, as it is stored, to `target`. Returns the target in canonical order:
-// itself, or an arranged copy in `storage`.
-[[gnu::noinline]] inline Units const& Plan_conversion(Conversion_steps& steps, Units const& from,
-                                                      Units const& target, Units& storage) {
-    steps.rule_count = 0;
-    bool const by_factor = Is_by_factor_alone(from, target, steps.factor);
-    Units const& to = by_factor ? target : Arranged(target, storage);
-    if (by_factor) {
-        Plan_source(steps, from);
-    } else {
-        Plan_rules_and_factor(steps, from, to);
-    }
+// Takes down what the prefixes and the target's marker ask for.
+inline void Plan_end(Conversion_steps& steps, Units const& from, Units const& to) {
     steps.factor = steps.factor * Prefix_scale(from.si_prefix);
     // The target's prefix is a multiplication of its own: the two are rounded separately.
     steps.target_scale = Reciprocal_prefix_scale(to.si_prefix);
     steps.to_decibels = Is_decibel(to);
     steps.target_product =
         steps.to_decibels ? Exponent_product(to) * Value_object<double>::DB_CONV_FACT : 1.0;
+}
+
+// The way of any two units.
+[[gnu::noinline]] inline Units const& Plan_in_general(Conversion_steps& steps, Units const& from,
+                                                      Units const& target, Units& storage) {
+    Units const& to = Arranged(target, storage);
+    Plan_rules_and_factor(steps, from, to);
+    Plan_end(steps, from, to);
     return to;
+}
+
+// Plans the way from `from`, as it is stored, to `target`. Returns the target in canonical order:
+// itself, or an arranged copy in `storage`.
+[[gnu::noinline]] inline Units const& Plan_conversion(Conversion_steps& steps, Units const& from,
+                                                      Units const& target, Units& storage) {
+    steps.rule_count = 0;
+    std::optional<double> const factor = Find_factor_alone(from, target);
+    if (!factor) {
+        return Plan_in_general(steps, from, target, storage);
+    }
+    steps.factor = *factor;
+    Plan_source(steps, from);
+    Plan_end(steps, from, target);
+    return target;
 }
 
 } // namespace
