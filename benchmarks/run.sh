@@ -16,5 +16,6 @@ shift
     --benchmark_out="$build/benchmarks.json" \
     --benchmark_out_format=json \
     "$@" > /dev/null
-python3 "$here/startup_times.py" "$build/benchmarks" > "$build/startup.json"
+mapfile -t libraries < "$build/benchmarks/startup_libraries.txt"
+python3 "$here/startup_times.py" "$build/benchmarks/startup" "${libraries[@]}" > "$build/startup.json"
 python3 "$here/ratios.py" "$build/benchmarks.json" "$build/startup.json"

@@ -1,37 +1,26 @@
 #!/usr/bin/env python3
-"""startup_times.py BENCHMARKS_FOLDER: times whole processes, from their start to their end.
+"""startup_times.py PROGRAM OUR_LIBRARY UDUNITS_LIBRARY: times loading and a first conversion.
 
-The programs startup_WHO of that folder run in turn, so that what disturbs the machine disturbs all
-of them. Prints the times in the format of Google Benchmark, for ratios.py.
+Each run is a fresh process, which measures itself. Ours and the peer's run in turn, so that what
+disturbs the machine disturbs both. Prints the times in the format of Google Benchmark, for ratios.py.
 """
 
 import json
-import os
 import subprocess
 import sys
-import time
 
-PROGRAMS = ("ours", "udunits", "empty")
 RUNS = 30
 
 
-def nanoseconds(program):
-    before = time.perf_counter_ns()
-    subprocess.run([program], check=True)
-    return time.perf_counter_ns() - before
-
-
-def main(folder):
+def main(program, ours, udunits):
     measured = []
     for run in range(RUNS + 1):
-        for who in PROGRAMS:
-            taken = nanoseconds(os.path.join(folder, "startup_" + who))
+        for who, library in (("ours", ours), ("udunits", udunits)):
+            taken = float(subprocess.run([program, who, library], check=True, capture_output=True).stdout)
             if run > 0:  # the first one brings the files into memory
-                measured.append(
-                    {"name": "startup/" + who, "run_type": "iteration", "time_unit": "ns", "real_time": taken}
-                )
+                measured.append({"name": "startup/" + who, "run_type": "iteration", "time_unit": "ns", "real_time": taken})
     json.dump({"benchmarks": measured}, sys.stdout, indent=1)
 
 
 if __name__ == "__main__":
-    main(sys.argv[1])
+    main(*sys.argv[1:])

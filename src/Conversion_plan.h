@@ -99,14 +99,12 @@ inline void Plan_slot_rules(Conversion_steps& steps, Units const& from, Units co
 
 // ---- The factor alone
 
-// The dimensions of the units that rules begin with: any other goes by its factor alone.
-constexpr Dimension_set Dimensions_with_rules =
-    Set_of(VOLTAGE) | Set_of(CURRENT) | Set_of(TEMPERATURE);
-
 // Nearly all conversions are between two units in canonical order that agree in dimension and power
 // slot by slot, and that no rule begins with. One walk over the two sees that, and computes the
 // factor on the way. No result for every other pair.
 inline std::optional<double> Find_factor_alone(Units const& from, Units const& to) {
+    // The dimensions of the units that rules begin with: any other goes by its factor alone.
+    constexpr Dimension_set with_rules = Set_of(VOLTAGE) | Set_of(CURRENT) | Set_of(TEMPERATURE);
     Dimension_set last = 0;
     double factor = 1.0;
     std::size_t k = 0;
@@ -116,8 +114,8 @@ inline std::optional<double> Find_factor_alone(Units const& from, Units const& t
         Unit_facts const& source_facts = Facts_of(source.unit);
         Unit_facts const& target_facts = Facts_of(target.unit);
         Dimension_set const own = source_facts.dimension_set;
-        if (own != target_facts.dimension_set || own <= last ||
-            (own & Dimensions_with_rules) != 0 || source.exponent != target.exponent) {
+        if (own != target_facts.dimension_set || own <= last || (own & with_rules) != 0 ||
+            source.exponent != target.exponent) {
             return std::nullopt;
         }
         last = own;
@@ -135,7 +133,7 @@ inline std::optional<double> Find_factor_alone(Units const& from, Units const& t
 // ---- The plan
 
 // `unit` in canonical order: itself, or where it is not an arranged copy in `storage`.
-inline Units const& Arranged(Units const& unit, Units& storage) {
+[[gnu::noinline]] inline Units const& Arranged(Units const& unit, Units& storage) {
     if (Canonical_dimensions(unit) != Not_canonical) {
         return unit;
     }
@@ -182,6 +180,22 @@ inline void Plan_end(Conversion_steps& steps, Units const& from, Units const& to
         steps.to_decibels ? Exponent_product(to) * Value_object<double>::DB_CONV_FACT : 1.0;
 }
 
+// Plans the rule whose two units these are, prefixes and markers apart; false if there is none.
+// Such units are in canonical order, as those of the rules are.
+inline bool Plan_rule_by_name(Conversion_steps& steps, Units const& from, Units const& to) {
+    for (Indexed_rule const& rule : indexed_rules) {
+        if (rule.from == from.tuples[0].unit && rule.to == to.tuples[0].unit &&
+            Have_equal_tuples(from, rule.rule->from_unit) &&
+            Have_equal_tuples(to, rule.rule->to_unit)) {
+            steps.rules[steps.rule_count++] = {rule.formula, false};
+            steps.factor = 1.0;
+            Plan_source(steps, to); // the rule's function has set the target's unit
+            return true;
+        }
+    }
+    return false;
+}
+
 // The way of any two units.
 [[gnu::noinline]] inline Units const& Plan_in_general(Conversion_steps& steps, Units const& from,
                                                       Units const& target, Units& storage) {
@@ -196,12 +210,12 @@ inline void Plan_end(Conversion_steps& steps, Units const& from, Units const& to
 [[gnu::noinline]] inline Units const& Plan_conversion(Conversion_steps& steps, Units const& from,
                                                       Units const& target, Units& storage) {
     steps.rule_count = 0;
-    std::optional<double> const factor = Find_factor_alone(from, target);
-    if (!factor) {
+    if (std::optional<double> const factor = Find_factor_alone(from, target)) {
+        steps.factor = *factor;
+        Plan_source(steps, from);
+    } else if (!Plan_rule_by_name(steps, from, target)) {
         return Plan_in_general(steps, from, target, storage);
     }
-    steps.factor = *factor;
-    Plan_source(steps, from);
     Plan_end(steps, from, target);
     return target;
 }

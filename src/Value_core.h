@@ -5,6 +5,7 @@
 
 #include <varnix/value/Value_object.h>
 
+#include "Conversion_plan.h"
 #include "Throw.h"
 #include "Tuples.h"
 #include "Unit_facts.h"
@@ -20,10 +21,8 @@ Value_object<Number>::Value_object() noexcept
 template <typename Number>
 Value_object<Number>::Value_object(Number const& new_value, Units const& new_unit,
                                    Number const& new_minus_err, Number const& new_plus_err) {
-    Units const arranged = Units_library::Arrange_tuple(new_unit);
-    if (!Is_valid_unit(arranged)) {
-        Throw<OperationNotValid>();
-    }
+    Units storage;
+    Units const& arranged = Arranged_source(new_unit, storage);
     Set(new_value, arranged, new_minus_err, new_plus_err);
 }
 

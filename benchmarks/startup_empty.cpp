@@ -1,3 +1,0 @@
-// A process that does nothing: what starting one takes.
-
-int main() {}
