@@ -23,7 +23,9 @@ set(VALUE_OBJECT_WARNING_OPTIONS
     -Wunused
     $<$<CXX_COMPILER_ID:GNU>:-Wduplicated-branches>
     $<$<CXX_COMPILER_ID:GNU>:-Wduplicated-cond>
-    $<$<CXX_COMPILER_ID:GNU>:-Wlogical-op>)
+    $<$<CXX_COMPILER_ID:GNU>:-Wlogical-op>
+    # A note on ARM about programs built with a compiler older than the standard used here.
+    $<$<CXX_COMPILER_ID:GNU>:-Wno-psabi>)
 
 # C++17 without extensions, hidden visibility, the warnings above. They are errors where
 # CMAKE_COMPILE_WARNING_AS_ERROR is set, as the presets do.

@@ -235,6 +235,18 @@ TEST(Arithmetic, With_itself) {
     EXPECT_TRUE(Is(sum, 0.0, 0.0, 0.0, Unit({})));
 }
 
+// ---- Keys of the electrical relations
+
+TEST(Key, Compares_units_member_by_member) {
+    using Key = Units_special_conv;
+    Key const key = {C_Watts, C_Volts, C_Amps};
+    EXPECT_TRUE(Quantity::Is_units_special_equal(key, Key{C_KiloWatts, C_MilliVolts, C_MicroAmps}));
+    EXPECT_TRUE(Quantity::Is_units_special_equal(key, Key{C_DBmW, C_Volts, C_Amps}));
+    EXPECT_FALSE(Quantity::Is_units_special_equal(key, Key{C_Amps, C_Volts, C_Amps}));
+    EXPECT_FALSE(Quantity::Is_units_special_equal(key, Key{C_Watts, C_Amps, C_Amps}));
+    EXPECT_FALSE(Quantity::Is_units_special_equal(key, Key{C_Watts, C_Volts, C_Watts}));
+}
+
 // ---- Forwarding
 
 TEST(Forwarding, To_the_unit_algebra) {
