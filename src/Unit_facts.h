@@ -125,24 +125,24 @@ struct Prefix_scales {
 // radix^(sign * exponent); the radix is 2 for a binary prefix and otherwise 10.
 double Compute_prefix_scale(SI_units prefix, int sign);
 
-// The scale of the prefix of a source.
-inline double Prefix_scale(SI_units prefix) {
+// The entry of a prefix, which may be any 32-bit code, or what it computes to.
+inline double Find_prefix_scale(std::array<double, YOBI - PICO + 1> const& scales, SI_units prefix,
+                                int sign) {
     if (prefix == NO_PREFIX) {
         return 1.0;
     }
-    auto const index = static_cast<std::uint32_t>(prefix - PICO);
-    return index < prefix_scales.scales.size() ? prefix_scales.scales[index]
-                                               : Compute_prefix_scale(prefix, 1);
+    auto const index = static_cast<std::uint32_t>(std::int64_t{prefix} - PICO);
+    return index < scales.size() ? scales[index] : Compute_prefix_scale(prefix, sign);
+}
+
+// The scale of the prefix of a source.
+inline double Prefix_scale(SI_units prefix) {
+    return Find_prefix_scale(prefix_scales.scales, prefix, 1);
 }
 
 // The reciprocal scale of the prefix of a target.
 inline double Reciprocal_prefix_scale(SI_units prefix) {
-    if (prefix == NO_PREFIX) {
-        return 1.0;
-    }
-    auto const index = static_cast<std::uint32_t>(prefix - PICO);
-    return index < prefix_scales.scales.size() ? prefix_scales.reciprocal_scales[index]
-                                               : Compute_prefix_scale(prefix, -1);
+    return Find_prefix_scale(prefix_scales.reciprocal_scales, prefix, -1);
 }
 
 } // namespace Varnix::Value
