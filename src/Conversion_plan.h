@@ -274,8 +274,8 @@ inline bool Plan_short_way(Conversion_steps& steps, Units const& from, Units con
 }
 
 // The way of any two units.
-[[gnu::cold]] inline Units const& Plan_in_general(Conversion_steps& steps, Units const& from,
-                                                  Units const& target, Units& storage) {
+[[gnu::cold, gnu::noinline]] inline Units const&
+Plan_in_general(Conversion_steps& steps, Units const& from, Units const& target, Units& storage) {
     Units const& to = Arranged(target, storage);
     Plan_rules_and_factor(steps, from, to);
     Plan_end(steps, from, to);

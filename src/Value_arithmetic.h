@@ -71,8 +71,8 @@ inline bool Are_same_units(Units const& left, Units const& right) {
 }
 
 // The sum forms in the unit of `right` and is brought back into that of `left`, arranged.
-[[gnu::cold]] inline Quantity Sum_in_unit_of_right(Sign sign, Quantity const& left,
-                                                   Quantity const& right, Units& storage) {
+[[gnu::cold, gnu::noinline]] inline Quantity
+Sum_in_unit_of_right(Sign sign, Quantity const& left, Quantity const& right, Units& storage) {
     Units right_storage;
     Numbers sum = left.numbers;
     Units const& right_unit = Convert_for(sign, sum, left.unit, right.unit, right_storage);
@@ -277,7 +277,8 @@ inline void Convert_operand(Operand& operand, Units const& target) {
 
 // Gives the operands one unit for a dimension. `stored_unit` is the left operand's unit before it
 // was arranged, with its prefix.
-[[gnu::cold]] inline void Make_combinable(Operand& left, Operand& right, Units const& stored_unit) {
+[[gnu::cold, gnu::noinline]] inline void Make_combinable(Operand& left, Operand& right,
+                                                         Units const& stored_unit) {
     if (Value_object<double>::Is_convertable_unit(stored_unit, right.unit)) {
         Units const base = Units_library::Get_base_unit(left.unit);
         Convert_operand(left, base);
@@ -322,8 +323,8 @@ struct Operands {
 
 // The two, linear and without prefix, with one unit for a dimension. `stored_unit` is the unit of
 // `left` before it was arranged.
-[[gnu::cold]] inline Operands In_common_units(Quantity const& left, Quantity const& right,
-                                              Units const& stored_unit) {
+[[gnu::cold, gnu::noinline]] inline Operands
+In_common_units(Quantity const& left, Quantity const& right, Units const& stored_unit) {
     Operands operands = {{Linear_without_prefix(left), Without_prefix(left.unit)},
                          {Linear_without_prefix(right), Without_prefix(right.unit)}};
     Make_combinable(operands.left, operands.right, stored_unit);

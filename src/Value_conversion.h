@@ -64,11 +64,29 @@ Converted_by_all_steps(Value_object<double> const& value, Conversion_steps const
     return Value_numbers::Made(After_all_steps(Value_numbers::Of(value), steps), unit);
 }
 
+// A temperature's way: one formula, and the factors. In registers from the value to the result.
+[[gnu::noinline]] inline Value_object<double>
+Converted_by_formula(Value_object<double> const& value, Conversion_steps const& steps,
+                     Units const& unit) {
+    Numbers numbers = Value_numbers::Of(value);
+    numbers.Order();
+    With_formula(steps.rules[0].formula,
+                 [&numbers](auto const& formula) { numbers.Transform(formula); });
+    numbers.Order(); // as three times, which is how often the rule's way orders them
+    Apply_factors(numbers, {steps.factor, steps.target_scale});
+    return Value_numbers::Made(numbers, unit);
+}
+
 // The value after the steps, in `unit`. Most conversions have no other steps than the factors.
 inline Value_object<double> Converted(Value_object<double> const& value,
                                       Conversion_steps const& steps, Units const& unit) {
-    if (steps.rule_count != 0 || steps.from_decibels || steps.to_decibels) {
+    if (steps.from_decibels || steps.to_decibels) {
         return Converted_by_all_steps(value, steps, unit);
+    }
+    if (steps.rule_count != 0) {
+        return steps.rule_count == 1 && !steps.rules[0].inverts
+                   ? Converted_by_formula(value, steps, unit)
+                   : Converted_by_all_steps(value, steps, unit);
     }
     return Value_numbers::Made(
         After_factors(Value_numbers::Of(value), {steps.factor, steps.target_scale}), unit);
