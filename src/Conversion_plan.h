@@ -100,7 +100,7 @@ inline void Plan_slot_rules(Conversion_steps& steps, Units const& from, Units co
 // ---- The factor alone
 
 // The dimensions of the units that rules begin with: any other goes by its factor alone.
-constexpr Dimension_set dimensions_with_rules =
+inline constexpr Dimension_set dimensions_with_rules =
     Set_of(VOLTAGE) | Set_of(CURRENT) | Set_of(TEMPERATURE);
 
 inline bool Begins_like_a_rule(Units const& unit) {

@@ -127,7 +127,7 @@ TEST(Short_ways, Products_without_a_common_dimension_multiply_numbers_and_units)
                     left, right);
         Outcome const quotient = Outcome_of([&] {
             Units const unit = Units_library::Divide_units(Without_prefix(left_unit), right_unit);
-            Quantity const result = Combined(Plain(left), Plain(right), unit, std::divides<>());
+            Quantity result = Combined(Plain(left), Plain(right), unit, std::divides<>());
             Quantity::Is_value_in_range(result);
             return result;
         });
