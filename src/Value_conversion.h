@@ -77,16 +77,17 @@ Converted_by_formula(Value_object<double> const& value, Conversion_steps const& 
     return Value_numbers::Made(numbers, unit);
 }
 
+inline bool Are_one_formula(Conversion_steps const& steps) {
+    return steps.rule_count == 1 && !steps.rules[0].inverts && !steps.from_decibels &&
+           !steps.to_decibels;
+}
+
 // The value after the steps, in `unit`. Most conversions have no other steps than the factors.
 inline Value_object<double> Converted(Value_object<double> const& value,
                                       Conversion_steps const& steps, Units const& unit) {
-    if (steps.from_decibels || steps.to_decibels) {
-        return Converted_by_all_steps(value, steps, unit);
-    }
-    if (steps.rule_count != 0) {
-        return steps.rule_count == 1 && !steps.rules[0].inverts
-                   ? Converted_by_formula(value, steps, unit)
-                   : Converted_by_all_steps(value, steps, unit);
+    if (steps.rule_count != 0 || steps.from_decibels || steps.to_decibels) {
+        return Are_one_formula(steps) ? Converted_by_formula(value, steps, unit)
+                                      : Converted_by_all_steps(value, steps, unit);
     }
     return Value_numbers::Made(
         After_factors(Value_numbers::Of(value), {steps.factor, steps.target_scale}), unit);
