@@ -116,7 +116,7 @@ std::string Written(double number, Ending const& ending) {
 
 Ending Significant_ending(double number, int count) {
     int const exponent = number == 0.0 ? 0 : Exponent_of(number, count);
-    return {exponent - (count - 1), exponent < -5 || exponent >= std::max(count, 6)};
+    return {exponent - (count - 1), exponent < -5 || exponent >= count};
 }
 
 // Down to the second significant digit of half the distance of the bounds.
