@@ -94,7 +94,7 @@ bool Is_field_level(Units const& unit) {
 
 // Power written as V^2/ohm, VA or A^2 ohm.
 bool Is_product_power(Units const& unit) {
-    return !Same_unit(unit, C_Watts) && !Has_unit(unit, WATT) && Same_kind(unit, C_Watts);
+    return !Has_unit(unit, WATT) && Same_kind(unit, C_Watts);
 }
 
 // What a unit without dimension counts: angles, symbols and ratios do not convert into one another.
@@ -135,9 +135,24 @@ void Check_temperatures(Units const& from, Units const& to, std::string const& w
     }
 }
 
-// The rule that makes watts of a product leaves the decibels behind.
-void Check_levels(Units const& from, Units const& to, std::string const& what) {
-    if ((Is_marked(from) || Is_marked(to)) && Is_product_power(from) != Is_product_power(to)) {
+bool Same_dimensions(Units const& first, Units const& second) {
+    return std::equal(std::begin(first.tuples), std::end(first.tuples), std::begin(second.tuples),
+                      [](Unit_tuple const& left, Unit_tuple const& right) {
+                          return Units_library::Get_dimension(left.unit) ==
+                                 Units_library::Get_dimension(right.unit);
+                      });
+}
+
+// Of one kind but written in other dimensions: only a power written as a product has a rule, and
+// that one leaves decibels behind.
+void Check_forms(Units const& from, Units const& to, std::string const& what) {
+    if (Same_dimensions(from, to)) {
+        return;
+    }
+    if (!Is_product_power(from) || Is_product_power(to)) {
+        Refuse(what + ": the library has no rule for it");
+    }
+    if (Is_marked(from) || Is_marked(to)) {
         Refuse(what + ": convert to W first, and then to the level");
     }
 }
@@ -145,7 +160,7 @@ void Check_levels(Units const& from, Units const& to, std::string const& what) {
 void Check_conversion(Units const& from, Units const& to, std::string const& what) {
     Check_kinds(from, to, what);
     Check_temperatures(from, to, what);
-    Check_levels(from, to, what);
+    Check_forms(from, to, what);
 }
 
 std::string Conversion_words(Units const& from, Units const& to) {
