@@ -100,9 +100,9 @@ class Lines {
                 break;
             }
             std::size_t const end =
-                found == nullptr ? text.size()
-                                 : static_cast<std::size_t>(static_cast<char const*>(found) -
-                                                            text.data());
+                found == nullptr
+                    ? text.size()
+                    : static_cast<std::size_t>(static_cast<char const*>(found) - text.data());
             Take_line(text.substr(taken, end - taken));
             taken = end + 1;
         }

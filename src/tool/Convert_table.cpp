@@ -40,6 +40,11 @@ class Table {
         : delimiter(request.delimiter), options(options_), output(output_) {
         for (std::string const& text : request.columns) {
             columns.push_back(Read_column(text, options));
+            for (std::size_t k = 0; k + 1 < columns.size(); ++k) {
+                if (columns[k].name == columns.back().name) {
+                    throw Trouble("--column names \"" + columns[k].name + "\" twice");
+                }
+            }
         }
     }
 
@@ -54,6 +59,9 @@ class Table {
             }
             input.Consume(consumed);
             output.Flush(); // what has been read is answered, also while a pipe stays open
+        }
+        if (header.empty() && !stopped) {
+            throw Refusal("standard input is empty, and a header was expected");
         }
         return status;
     }
@@ -157,8 +165,8 @@ class Table {
             try {
                 results[k] = columns[k].cells.Convert(cell);
             } catch (Refusal const& refusal) {
-                auto const line_breaks =
-                    std::count(text.begin() + static_cast<std::ptrdiff_t>(start), cell.begin(), '\n');
+                auto const line_breaks = std::count(
+                    text.begin() + static_cast<std::ptrdiff_t>(start), cell.begin(), '\n');
                 Tell(refusal, line + static_cast<std::uint64_t>(line_breaks),
                      ", column " + columns[k].name);
             }

@@ -73,7 +73,8 @@ Csv_outcome Scan_record(std::string_view text, std::size_t start, char delimiter
             std::size_t const line_end = Find(text, '\n', place);
             record.fault = place;
             record.next = line_end == nowhere ? text.size() : line_end + 1;
-            return line_end == nowhere && !at_end ? Csv_outcome::incomplete : Csv_outcome::misquoted;
+            return line_end == nowhere && !at_end ? Csv_outcome::incomplete
+                                                  : Csv_outcome::misquoted;
         }
         ++place;
     }

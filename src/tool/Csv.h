@@ -27,8 +27,8 @@ enum class Csv_outcome {
 
 struct Csv_record {
     std::vector<Csv_field> fields;
-    std::size_t end = 0;  // the first byte of the line break, or the end of the text
-    std::size_t next = 0; // the first byte of the next record
+    std::size_t end = 0;   // the first byte of the line break, or the end of the text
+    std::size_t next = 0;  // the first byte of the next record
     std::size_t fault = 0; // the byte after the closing quote, when misquoted; `next` is then that
                            // of the line after it
 };

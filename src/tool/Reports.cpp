@@ -43,7 +43,8 @@ std::vector<Character> Characters_of(std::string_view text) {
     std::vector<Character> characters;
     for (std::size_t position = 0; position < text.size();) {
         std::size_t const length = Character_length(text.substr(position));
-        bool const shown = length > 1 || (length == 1 && text[position] >= ' ' && text[position] != 0x7F);
+        bool const shown =
+            length > 1 || (length == 1 && text[position] >= ' ' && text[position] != 0x7F);
         characters.push_back({position, shown ? text.substr(position, length) : "?"});
         position += std::max<std::size_t>(length, 1);
     }
@@ -51,8 +52,9 @@ std::vector<Character> Characters_of(std::string_view text) {
 }
 
 std::string Message_of(Text_fault const& fault) {
-    return fault.suggestion.empty() ? fault.message
-                                    : fault.message + "; did you mean \"" + fault.suggestion + "\"?";
+    return fault.suggestion.empty()
+               ? fault.message
+               : fault.message + "; did you mean \"" + fault.suggestion + "\"?";
 }
 
 } // namespace
@@ -67,9 +69,10 @@ std::string Refusal::Excerpt() const {
     // Only the surroundings are looked at: the text may be long.
     std::size_t const from = position > 4 * shown_length ? position - 4 * shown_length : 0;
     auto const characters = Characters_of(std::string_view(text).substr(from, 8 * shown_length));
-    auto const marked = static_cast<std::size_t>(std::count_if(
-        characters.begin(), characters.end(),
-        [&](Character const& character) { return from + character.position < position; }));
+    auto const marked = static_cast<std::size_t>(
+        std::count_if(characters.begin(), characters.end(), [&](Character const& character) {
+            return from + character.position < position;
+        }));
     std::size_t const first = marked > shown_before ? marked - shown_before : 0;
     std::size_t const last = std::min(characters.size(), first + shown_length);
     std::string line = first > 0 ? "..." : "";

@@ -100,8 +100,8 @@ void Progress::Draw() const {
     std::uint64_t const done = std::min(read, *size);
     auto const filled = static_cast<std::size_t>(done * bar_length / *size);
     std::fprintf(stderr, "\r[%s%s] %3d %%, %llu MB", std::string(filled, '#').c_str(),
-                 std::string(bar_length - filled, ' ').c_str(), static_cast<int>(done * 100 / *size),
-                 megabytes);
+                 std::string(bar_length - filled, ' ').c_str(),
+                 static_cast<int>(done * 100 / *size), megabytes);
 }
 
 // ---- Input
