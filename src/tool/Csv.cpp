@@ -81,7 +81,7 @@ Csv_outcome Scan_record(std::string_view text, std::size_t start, char delimiter
     Csv_field& last = record.fields.back();
     bool const return_in_field = !last.quoted && place < text.size() && last.last > last.first &&
                                  text[last.last - 1] == '\r';
-    last.last -= return_in_field ? 1 : 0;
+    last.last -= return_in_field ? 1U : 0U;
     record.end = return_in_field ? place - 1 : place;
     record.next = place == text.size() ? place : Find(text, '\n', place) + 1;
     return Csv_outcome::complete;
