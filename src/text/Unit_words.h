@@ -1,0 +1,100 @@
+// The words of the notation: names and symbols of units and prefixes, gathered once from the core,
+// and a table of what people write besides.
+
+#ifndef VARNIX_VALUE_TEXT_UNIT_WORDS_H
+#define VARNIX_VALUE_TEXT_UNIT_WORDS_H
+
+#include <varnix/value/Units.h>
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Varnix::Value {
+
+// Symbols go with symbols and names with names. A word that is both has both bits.
+enum Word_form : std::uint8_t {
+    no_form = 0,
+    symbol_form = 1,
+    name_form = 2,
+};
+
+inline Word_form Common(Word_form first, Word_form second) {
+    return static_cast<Word_form>(first & second);
+}
+
+struct Unit_word {
+    std::string text;
+    Word_form form;
+    bool printed;        // the core prints it inside compound units; others stand alone
+    Dimension dimension; // of a printed word
+    Units unit;          // without prefix and marker
+};
+
+struct Prefix_word {
+    std::string text;
+    Word_form form;
+    SI_units prefix;
+};
+
+// The words that begin with one byte.
+template <typename Word>
+struct Word_range {
+    Word const* first = nullptr;
+    Word const* last = nullptr;
+
+    Word const* begin() const { return first; }
+    Word const* end() const { return last; }
+};
+
+class Unit_words {
+  public:
+    // The words; the first call gathers them. @throws std::bad_alloc
+    static Unit_words const& Get();
+
+    // The words that may stand where `text` begins: those with its first byte.
+    Word_range<Unit_word> Units_like(std::string_view text) const {
+        return Like(unit_ranges, text);
+    }
+    Word_range<Prefix_word> Prefixes_like(std::string_view text) const {
+        return Like(prefix_ranges, text);
+    }
+
+    Unit_word const* Find_unit(std::string_view text) const;
+
+    std::vector<Unit_word> const& All_units() const { return units; }
+    std::vector<Prefix_word> const& All_prefixes() const { return prefixes; }
+
+    // Every dimension of a unit; by code.
+    Dimension Dimension_of(Units_list unit) const {
+        return dimensions[static_cast<std::size_t>(unit)];
+    }
+
+  private:
+    Unit_words();
+
+    template <typename Word>
+    using Ranges = std::array<Word_range<Word>, 256>; // by the first byte
+
+    template <typename Word>
+    static Word_range<Word> Like(Ranges<Word> const& ranges, std::string_view text) {
+        return text.empty() ? Word_range<Word>() : ranges[static_cast<unsigned char>(text[0])];
+    }
+
+    std::vector<Unit_word> units; // sorted by text
+    std::vector<Prefix_word> prefixes;
+    std::vector<Dimension> dimensions;
+    Ranges<Unit_word> unit_ranges;
+    Ranges<Prefix_word> prefix_ranges;
+};
+
+inline bool Begins_with(std::string_view text, std::string_view word) {
+    return text.substr(0, word.size()) == word;
+}
+
+} // namespace Varnix::Value
+
+#endif
