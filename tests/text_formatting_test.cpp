@@ -118,7 +118,7 @@ Format_case const format_cases[] = {
 };
 // clang-format on
 
-INSTANTIATE_TEST_SUITE_P(Text, Formats, ::testing::ValuesIn(format_cases), [](auto const& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Text, Formats, ::testing::ValuesIn(format_cases), [](auto const& row) { return std::string(row.param.name); });
 
 TEST(Formats, Refuse_what_they_do_not_know) {
     for (char const* const text : {".", ".f", ".0", ".101", ".99999999999", "x", "bb", "pb", "p~", "kp", ".3 ", "b.3"}) {
@@ -169,7 +169,7 @@ Unit_case const unit_cases[] = {
 };
 // clang-format on
 
-INSTANTIATE_TEST_SUITE_P(Text, Unit_texts, ::testing::ValuesIn(unit_cases), [](auto const& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Text, Unit_texts, ::testing::ValuesIn(unit_cases), [](auto const& row) { return std::string(row.param.name); });
 
 // ---- Printing and reading
 

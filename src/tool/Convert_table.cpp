@@ -99,8 +99,8 @@ class Table {
             Write_unchanged(text, start); // a blank line
         } else if (record.fields.size() != header.size()) {
             Pass_on(text, start,
-                    Refusal("there are " + std::to_string(record.fields.size()) +
-                            " cells, and the header has " + std::to_string(header.size())));
+                    Refusal("cells in this line: " + std::to_string(record.fields.size()) +
+                            "; in the header: " + std::to_string(header.size())));
         } else {
             Convert_record(text, start);
         }

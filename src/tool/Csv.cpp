@@ -91,7 +91,7 @@ std::string Csv_content(std::string_view text, Csv_field const& field) {
     std::string content;
     for (std::size_t place = field.first; place < field.last; ++place) {
         content += text[place];
-        place += field.quoted && text[place] == '"' ? 1 : 0;
+        place += field.quoted && text[place] == '"' ? 1U : 0U;
     }
     return content;
 }

@@ -15,7 +15,7 @@ namespace Varnix::Value::Tool {
 
 namespace {
 
-char const* const way_out = " (--by-the-rules does it nevertheless)";
+char const* const way_out = " (--by-the-rules skips this check)";
 
 // ---- Words
 
@@ -117,8 +117,11 @@ Counting Counting_of(Units const& unit) {
 // ---- Conversions
 
 void Check_kinds(Units const& from, Units const& to, std::string const& what) {
-    if (!Same_kind(from, to) || Counting_of(from) != Counting_of(to)) {
+    if (!Same_kind(from, to)) {
         Refuse(what + ": the kinds differ");
+    }
+    if (Counting_of(from) != Counting_of(to)) {
+        Refuse(what + ": plain numbers, ratios, symbols and angles are kinds of their own");
     }
 }
 
@@ -279,14 +282,14 @@ void Check_sum(Quantity const& left, Quantity const& right, std::string const& w
     }
 }
 
-// Powers written as products convert into watts and not back: both are brought there.
+// Powers written as products convert into watts and not back: of two that differ, both are brought
+// there.
 void Bring_to_watts(Quantity& left, Quantity& right) {
-    if (Same_unit(left.Get_unit(), right.Get_unit()) ||
-        !(Is_product_power(left.Get_unit()) || Is_product_power(right.Get_unit()))) {
+    if (Same_unit(left.Get_unit(), right.Get_unit())) {
         return;
     }
     for (Quantity* const quantity : {&left, &right}) {
-        if (Is_product_power(quantity->Get_unit())) {
+        if (Is_product_power(quantity->Get_unit()) && !Is_marked(quantity->Get_unit())) {
             *quantity = quantity->Convert_to(C_Watts);
         }
     }
@@ -315,42 +318,42 @@ void Check_product(Quantity const& left, Quantity const& right, std::string cons
     }
 }
 
-// The unit in which both of a pair of units of one dimension are written. What reduces to no common
-// unit (ratios, angles, kelvins) goes by the first of the two.
-Units_list Common_unit(Units_list first, Units_list second) {
-    Units const base = Units_library::Get_base_unit({SPL_NONE, NO_PREFIX, {{first, 1}}});
-    Units const other = Units_library::Get_base_unit({SPL_NONE, NO_PREFIX, {{second, 1}}});
-    return base.tuples[0].unit == other.tuples[0].unit ? base.tuples[0].unit : first;
-}
-
-// Where the two share a dimension and write it in different units, the unit of each is replaced by
-// the common one. Whether there was any.
-bool Use_common_units(Units& first, Units& second) {
-    bool changed = false;
-    for (Unit_tuple& tuple : first.tuples) {
-        for (Unit_tuple& other : second.tuples) {
-            if (tuple.unit != NO_UNIT && other.unit != NO_UNIT && tuple.unit != other.unit &&
-                Units_library::Get_dimension(tuple.unit) ==
-                    Units_library::Get_dimension(other.unit)) {
-                Units_list const common = Common_unit(tuple.unit, other.unit);
-                tuple.unit = common;
-                other.unit = common;
-                changed = true;
-            }
+// Whether the two write a dimension that they share in different units.
+bool Share_a_dimension(Units const& first, Units const& second) {
+    for (Unit_tuple const& tuple : first.tuples) {
+        Dimension const dimension = Units_library::Get_dimension(tuple.unit);
+        Unit_tuple const other = Tuple_of(second, dimension);
+        if (tuple.unit != NO_UNIT && other.unit != NO_UNIT && tuple.unit != other.unit) {
+            return true;
         }
     }
-    return changed;
+    return false;
+}
+
+// `unit` without its prefix and in base units; what reduces to no unit in common with `other`
+// (ratios, angles) goes by that of `other`.
+Units In_common_units(Units unit, Units const& other) {
+    unit.si_prefix = NO_PREFIX;
+    for (Unit_tuple& tuple : unit.tuples) {
+        Dimension const dimension = Units_library::Get_dimension(tuple.unit);
+        if (dimension == DIMENSIONLESS) {
+            Unit_tuple const wanted = Tuple_of(other, DIMENSIONLESS);
+            tuple.unit = wanted.unit == NO_UNIT ? tuple.unit : wanted.unit;
+        } else if (dimension != TEMPERATURE && dimension != NO_DIMENSION) {
+            tuple.unit =
+                Units_library::Get_base_unit({SPL_NONE, NO_PREFIX, {tuple}}).tuples[0].unit;
+        }
+    }
+    return unit;
 }
 
 // A product of units like mph and s is wrong where the library brings them together by itself.
 void Bring_to_common_units(Quantity& left, Quantity& right, std::string& note) {
-    Units first = left.Get_unit();
-    Units second = right.Get_unit();
-    if (Use_common_units(first, second)) {
-        first.si_prefix = NO_PREFIX;
-        second.si_prefix = NO_PREFIX;
-        left = left.Convert_to(first);
-        right = right.Convert_to(second);
+    Units const first = left.Get_unit();
+    Units const second = right.Get_unit();
+    if (Share_a_dimension(first, second)) {
+        left = left.Convert_to(In_common_units(first, first));
+        right = right.Convert_to(In_common_units(second, first));
         note = "computed in base units: " + Format(left) + " and " + Format(right);
     }
 }
@@ -379,8 +382,8 @@ Quantity Calculate(Quantity const& left, Operation operation, Quantity const& ri
     Quantity result = Telling(what, [&] {
         if (rules == Rules::strict) {
             if (operation == Operation::sum || operation == Operation::difference) {
-                Check_sum(first, second, what, note);
                 Bring_to_watts(first, second);
+                Check_sum(first, second, what, note);
             } else {
                 Check_product(first, second, what, note);
                 Bring_to_common_units(first, second, note);
@@ -400,9 +403,9 @@ bool Compare(Quantity const& left, Operation operation, Quantity const& right, R
     Quantity second = right;
     return Telling(what, [&] {
         if (rules == Rules::strict) {
+            Bring_to_watts(first, second);
             Check_gain(first.Get_unit(), second.Get_unit(), what);
             Check_conversion(first.Get_unit(), second.Get_unit(), what);
-            Bring_to_watts(first, second);
         }
         switch (operation) {
         case Operation::less:

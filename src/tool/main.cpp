@@ -4,6 +4,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <exception>
 #include <iostream>
 #include <string>
@@ -19,7 +20,7 @@ char const* const examples =
     "Examples:\n"
     "  value-object convert '30 dBm [29, 31]' W         1 W [0.7943282347242813, "
     "1.2589254117941675]\n"
-    "  value-object convert -- '-40 degF' degC          -40 °C\n"
+    "  value-object convert '-40 degF' degC             -40 °C\n"
     "  value-object compute '1 km + 500 m'              1.5 km\n"
     "  value-object units --dimension length            the units of length\n"
     "  value-object COMMAND --help                      more on each\n"
@@ -227,6 +228,17 @@ Exit_status Run(CLI::App const& tool, Arguments& arguments) {
     return status;
 }
 
+// A command that does not exist is named, which CLI11 would not do.
+void Check_command(CLI::App const& tool, int count, char const* const* texts) {
+    std::string const name = count > 1 ? texts[1] : "-";
+    auto const commands = tool.get_subcommands([](CLI::App const*) { return true; });
+    if (name[0] != '-' && std::none_of(commands.begin(), commands.end(), [&](auto const* command) {
+            return command->get_name() == name;
+        })) {
+        throw Trouble("there is no command '" + name + "'; value-object --help lists them");
+    }
+}
+
 int Main(int count, char const* const* texts) {
     CLI::App tool(description, "value-object");
     Arguments arguments;
@@ -237,10 +249,15 @@ int Main(int count, char const* const* texts) {
     Add_compute(tool, arguments);
     Add_units(tool, arguments);
     try {
+        Check_command(tool, count, texts);
         tool.parse(Protected_arguments(count, texts));
         return Run(tool, arguments);
     } catch (CLI::ParseError const& error) {
-        return tool.exit(error) == 0 ? exit_done : exit_trouble;
+        if (error.get_exit_code() == 0) { // help or version
+            return tool.exit(error);
+        }
+        Report(std::string(error.what()) + "; value-object --help tells more");
+        return exit_trouble;
     } catch (Trouble const& trouble) {
         Report(trouble.what());
         return exit_trouble;
