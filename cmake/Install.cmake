@@ -1,25 +1,29 @@
-# What is installed, and where: the library ("runtime"), and what building against it takes
-# ("development"). No installed file holds a path of the machine that built it.
+# What is installed, and where: the library ("runtime"), its companion for texts ("text_runtime"), and
+# what building against them takes ("development"). No installed file holds a path of the machine that built it.
 
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
-target_include_directories(ValueObject INTERFACE $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
+function(value_object_install_library target component)
+    target_include_directories(${target} INTERFACE
+        $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
+    install(TARGETS ${target}
+        EXPORT ValueObjectTargets
+        LIBRARY
+            DESTINATION ${CMAKE_INSTALL_LIBDIR}
+            COMPONENT ${component}
+            NAMELINK_COMPONENT development
+        ARCHIVE
+            DESTINATION ${CMAKE_INSTALL_LIBDIR}
+            COMPONENT development
+        FILE_SET HEADERS
+            DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
+            COMPONENT development)
+endfunction()
+value_object_install_library(ValueObject runtime)
+value_object_install_library(ValueObjectText text_runtime)
 
-install(TARGETS ValueObject
-    EXPORT ValueObjectTargets
-    LIBRARY
-        DESTINATION ${CMAKE_INSTALL_LIBDIR}
-        COMPONENT runtime
-        NAMELINK_COMPONENT development
-    ARCHIVE
-        DESTINATION ${CMAKE_INSTALL_LIBDIR}
-        COMPONENT development
-    FILE_SET HEADERS
-        DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
-        COMPONENT development)
-
-# find_package(ValueObject 1 CONFIG) gives ValueObject::ValueObject.
+# find_package(ValueObject 1 CONFIG) gives ValueObject::ValueObject and ValueObject::Text.
 set(package_config_dir ${CMAKE_INSTALL_LIBDIR}/cmake/ValueObject)
 install(EXPORT ValueObjectTargets
     NAMESPACE ValueObject::
@@ -39,7 +43,10 @@ file(RELATIVE_PATH prefix_from_pc_file
     /prefix/${CMAKE_INSTALL_LIBDIR}/pkgconfig /prefix)
 string(REGEX REPLACE "/$" "" prefix_from_pc_file "${prefix_from_pc_file}")
 configure_file(cmake/ValueObject.pc.in ValueObject.pc @ONLY)
-install(FILES ${CMAKE_CURRENT_BINARY_DIR}/ValueObject.pc
+configure_file(cmake/ValueObjectText.pc.in ValueObjectText.pc @ONLY)
+install(FILES
+        ${CMAKE_CURRENT_BINARY_DIR}/ValueObject.pc
+        ${CMAKE_CURRENT_BINARY_DIR}/ValueObjectText.pc
     DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig
     COMPONENT development)
 

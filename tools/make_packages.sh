@@ -14,8 +14,12 @@ umask 022
 mkdir -p "$to"
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
+version=$(sed -nE 's/^set\(CPACK_PACKAGE_VERSION "(.*)"\)$/\1/p' "$build/CPackConfig.cmake")
+library="libvalueobject${version%%.*} (>= $version)"
 cpack --config "$build/CPackConfig.cmake" -B "$work" \
-    -D CPACK_DEBIAN_RUNTIME_PACKAGE_DEPENDS="$(tools/debian_depends.sh "$build/libValueObject.so")" > "$work/log" ||
+    -D CPACK_DEBIAN_RUNTIME_PACKAGE_DEPENDS="$(tools/debian_depends.sh "$build/libValueObject.so")" \
+    -D CPACK_DEBIAN_TEXT_RUNTIME_PACKAGE_DEPENDS="$(tools/debian_depends.sh "$build/libValueObjectText.so"), $library" \
+    > "$work/log" ||
     { cat "$work/log"; exit 1; }
 
 # CPack 3.25 has no setting for this field: packages of several processors may be installed together.

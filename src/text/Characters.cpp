@@ -50,7 +50,7 @@ Character Raised(std::uint8_t size, std::uint32_t value) {
 }
 
 // clang-format off
-Character Beyond_ascii(Decoded const& decoded) {
+Character Kind_of(Decoded const& decoded) {
     std::uint32_t const code = decoded.code_point;
     std::uint8_t const size = decoded.size;
     if (size == 0) {
@@ -107,17 +107,12 @@ constexpr std::array<Kind, 128> Make_ascii_kinds() {
     return kinds;
 }
 
-constexpr std::array<Kind, 128> ascii_kinds = Make_ascii_kinds();
-
 } // namespace
 
-Character Character_at(std::string_view text, std::size_t position) {
-    if (position >= text.size()) {
-        return {Kind::text_end, 0, 0};
-    }
-    auto const byte = static_cast<unsigned char>(text[position]);
-    return byte < ascii_kinds.size() ? Character{ascii_kinds[byte], 1, 0}
-                                     : Beyond_ascii(Decode(text.substr(position)));
+std::array<Kind, 128> const ascii_kinds = Make_ascii_kinds();
+
+Character Beyond_ascii(std::string_view text) {
+    return Kind_of(Decode(text));
 }
 
 std::size_t Skip_blanks(std::string_view text, std::size_t position) {

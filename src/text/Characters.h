@@ -3,6 +3,7 @@
 #ifndef VARNIX_VALUE_TEXT_CHARACTERS_H
 #define VARNIX_VALUE_TEXT_CHARACTERS_H
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -36,8 +37,21 @@ struct Character {
     std::int8_t value; // of a raised digit; of the raised signs the character '+' or '-'
 };
 
+// What the ASCII characters are for, by their codes.
+extern std::array<Character_kind, 128> const ascii_kinds;
+
+// The character with which `text` begins, which is not of ASCII.
+Character Beyond_ascii(std::string_view text);
+
 // The character at `position`; one of the kind text_end, and no size, from the end on.
-Character Character_at(std::string_view text, std::size_t position);
+inline Character Character_at(std::string_view text, std::size_t position) {
+    if (position >= text.size()) {
+        return {Character_kind::text_end, 0, 0};
+    }
+    auto const byte = static_cast<unsigned char>(text[position]);
+    return byte < ascii_kinds.size() ? Character{ascii_kinds[byte], 1, 0}
+                                     : Beyond_ascii(text.substr(position));
+}
 
 // The first position from `position` on that is not a blank.
 std::size_t Skip_blanks(std::string_view text, std::size_t position);

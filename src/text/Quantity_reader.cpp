@@ -256,6 +256,10 @@ bool Quantity_reader::Read_unit_before_bounds() {
         return false;
     }
     unit = *result;
+    // "5.0 ± 2% V" is not meant in per cent times volts.
+    if (has_bounds && text[position] == '%' && unit.tuples[1].unit != NO_UNIT) {
+        return Refuse(position, "a deviation in per cent of the value is not read");
+    }
     position = bracket;
     return true;
 }

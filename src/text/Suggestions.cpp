@@ -2,6 +2,9 @@
 
 #include "Unit_words.h"
 
+#include <varnix/value/Unit_kinds.h>
+#include <varnix/value/Units_library.h>
+
 #include <algorithm>
 #include <array>
 
@@ -41,6 +44,11 @@ int Distance(std::string_view from, std::string_view to) {
     return row[to.size()];
 }
 
+bool Equal_but_for_case(std::string_view left, std::string_view right) {
+    return std::equal(left.begin(), left.end(), right.begin(), right.end(),
+                      [](char one, char other) { return Lower(one) == Lower(other); });
+}
+
 class Nearest {
   public:
     explicit Nearest(std::string_view word_) : word(word_) {
@@ -52,6 +60,10 @@ class Nearest {
         std::size_t const longer = std::max(candidate.size(), word.size());
         if (candidate.size() > Longest_word || longer - candidate.size() > 2 ||
             longer - word.size() > 2) {
+            return;
+        }
+        // Of one or two letters none is left when one is changed.
+        if (word.size() <= 2 && !Equal_but_for_case(word, candidate)) {
             return;
         }
         int const distance = Distance(word, candidate);
@@ -69,6 +81,18 @@ class Nearest {
     std::string nearest;
 };
 
+// The symbol of a named unit whose spelling in lower or upper case is `word`: "KMPH", "PCT".
+std::string Unit_in_plain_case(std::string_view word) {
+    for (Named_unit const& named : Named_units()) {
+        for (Unit_string_type const type : {STR_LOWER_CASE, STR_UPPER_CASE}) {
+            if (Units_library::Get_unit_string(named.unit, type) == word) {
+                return Units_library::Get_unit_string(named.unit, STR_SYMBOL);
+            }
+        }
+    }
+    return std::string();
+}
+
 bool May_begin_with(std::string_view word, std::string_view prefix) {
     return word.size() > prefix.size() &&
            std::equal(prefix.begin(), prefix.end(), word.begin(),
@@ -80,6 +104,10 @@ bool May_begin_with(std::string_view word, std::string_view prefix) {
 std::string Nearest_unit(std::string_view word) {
     if (word.size() > Longest_word) {
         return std::string();
+    }
+    std::string const plain = Unit_in_plain_case(word);
+    if (!plain.empty()) {
+        return plain;
     }
     Unit_words const& words = Unit_words::Get();
     Nearest nearest(word);

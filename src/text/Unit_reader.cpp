@@ -55,7 +55,7 @@ class Product {
 
     void Multiply(SI_units prefix, std::int64_t power, std::size_t position) {
         if (prefix != NO_PREFIX) {
-            bool const binary = Units_library::Get_unit_base({SPL_NONE, prefix, {}}) == 2.0;
+            bool const binary = Unit_words::Get().Has_prefix(prefix, true);
             (binary ? twos : tens) += prefix * power;
             prefix_position = position;
         }
@@ -91,16 +91,13 @@ class Product {
 
     // The prefix that all of them make; nothing if there is none.
     std::optional<SI_units> Prefix() const {
-        std::int64_t const value = tens + twos; // where one of the two is zero
-        if ((tens != 0 && twos != 0) || value < PICO || value > YOBI) {
+        std::int64_t const exponent = tens + twos; // where one of the two is zero
+        bool const none = tens == 0 && twos == 0;
+        bool const both = tens != 0 && twos != 0;
+        if (!none && (both || !Unit_words::Get().Has_prefix(exponent, twos != 0))) {
             return std::nullopt;
         }
-        Units const unit = {SPL_NONE, static_cast<SI_units>(value), {}};
-        bool const binary = Units_library::Get_unit_base(unit) == 2.0;
-        bool const known =
-            value == 0 || (binary == (twos != 0) &&
-                           !Units_library::Get_unit_str_si_map(unit, STR_SYMBOL).empty());
-        return known ? std::optional<SI_units>(unit.si_prefix) : std::nullopt;
+        return static_cast<SI_units>(exponent);
     }
 
     std::string Scale_text() const {

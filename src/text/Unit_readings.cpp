@@ -113,6 +113,9 @@ std::size_t Power_sign_size(std::string_view text, std::size_t position) {
 
 std::optional<Power> Read_power(std::string_view text, std::size_t position) {
     std::size_t const sign = Power_sign_size(text, position);
+    if (sign == 0 && Character_at(text, position).kind != Kind::raised) {
+        return std::nullopt;
+    }
     std::size_t end = position + sign;
     Integer const integer = sign == 0 ? Read_raised(text, end) : Read_exponent(text, end);
     if (!integer.Is_in_range()) {
@@ -428,7 +431,11 @@ std::optional<Reading> Read_group(std::string_view text, Group_place const& plac
     if (text[place.position] == 'd' && (fault = Decibel_fault(text, place.position))) {
         return std::nullopt;
     }
-    std::optional<Reading> const one = Read_one(text, place.position, NO_PREFIX, any_form);
+    std::optional<Reading> one = Read_one(text, place.position, NO_PREFIX, any_form);
+    bool const may_go_on = one && one->end < text.size() && text[one->end] == '.'; // "kn.mi"
+    if (one && !may_go_on) {
+        return one;
+    }
     std::optional<Reading> const prefixed = Read_prefix_and_one(text, place.position);
     if (one && (!prefixed || one->end >= prefixed->end)) {
         return one;

@@ -153,6 +153,8 @@ Unit_words::Unit_words() {
     }
     for (SI_units const prefix : Value::Prefixes()) {
         Units const unit = {SPL_NONE, prefix, {}};
+        radices[static_cast<std::size_t>(prefix - PICO)] =
+            Units_library::Get_unit_base(unit) == 2.0 ? 2 : 10;
         prefixes.push_back(
             {Units_library::Get_unit_str_si_map(unit, STR_SYMBOL), symbol_form, prefix});
         prefixes.push_back({Units_library::Get_unit_str_si_map(unit, STR_NAME), name_form, prefix});

@@ -68,7 +68,13 @@ class Unit_words {
     std::vector<Unit_word> const& All_units() const { return units; }
     std::vector<Prefix_word> const& All_prefixes() const { return prefixes; }
 
-    // Every dimension of a unit; by code.
+    // Whether there is a prefix with this exponent, of a power of two or of ten.
+    bool Has_prefix(std::int64_t exponent, bool binary) const {
+        return exponent >= PICO && exponent <= YOBI &&
+               radices[static_cast<std::size_t>(exponent - PICO)] == (binary ? 2 : 10);
+    }
+
+    // The dimension of a unit of the catalogue.
     Dimension Dimension_of(Units_list unit) const {
         return dimensions[static_cast<std::size_t>(unit)];
     }
@@ -86,13 +92,18 @@ class Unit_words {
 
     std::vector<Unit_word> units; // sorted by text
     std::vector<Prefix_word> prefixes;
-    std::vector<Dimension> dimensions;
+    std::vector<Dimension> dimensions;                   // by the codes of the units
+    std::array<std::uint8_t, YOBI - PICO + 1> radices{}; // 2 or 10; 0 where there is no prefix
     Ranges<Unit_word> unit_ranges;
     Ranges<Prefix_word> prefix_ranges;
 };
 
+// Whether `text` begins with `word`, which is not empty. Most words differ in their last byte, and
+// are told apart without comparing the rest.
 inline bool Begins_with(std::string_view text, std::string_view word) {
-    return text.substr(0, word.size()) == word;
+    std::size_t const last = word.size() - 1;
+    return last < text.size() && text[last] == word[last] &&
+           text.substr(0, last) == word.substr(0, last);
 }
 
 } // namespace Varnix::Value
