@@ -235,25 +235,27 @@ std::string Explicit_units(Units const& unit, Unit_string_type spelling) {
            (several ? '(' + denominator + ')' : denominator);
 }
 
-// The spellings to try, the nicest first.
-std::array<std::string, 6> Spellings_of(Units const& unit, Unit_string_type spelling) {
+// The spellings to try, the nicest first; an empty one is none.
+std::array<std::string, 5> Spellings_of(Units const& unit, Unit_string_type spelling) {
     std::string const prefix = Units_library::Get_unit_str_si_map(unit, spelling);
     std::string const units = Explicit_units(unit, spelling);
     std::string const joined = prefix + units;
     std::string const apart = prefix + '(' + units + ')';
     if (unit.spl_conv != SPL_DB) {
-        return {Spelled(unit, spelling), joined, apart, "", "", ""};
+        return {Spelled(unit, spelling), joined, apart, "", ""};
     }
-    return {Spelled(unit, spelling), "dB" + joined,
-            "dB(" + joined + ')',    "dB" + apart,
-            "dB(" + apart + ')',     ""};
+    return {Spelled(unit, spelling), "dB" + joined, "dB(" + joined + ')', "dB" + apart,
+            "dB(" + apart + ')'};
 }
 
 } // namespace
 
 std::string Format_unit(Units const& unit, Unit_string_type spelling) {
-    if (spelling == STR_NAME || spelling == STR_SYMBOL) {
-        for (std::string const& text : Spellings_of(unit, spelling)) {
+    bool const readable = spelling == STR_NAME || spelling == STR_SYMBOL;
+    for (int form = spelling; readable && form >= STR_NAME; --form) {
+        // Names serve where symbols do not: "min" is the minute, "m(in)" a metre, and
+        // "milli(inches)" a thousandth of an inch.
+        for (std::string const& text : Spellings_of(unit, static_cast<Unit_string_type>(form))) {
             if (!text.empty() && Reads_back(text, unit)) {
                 return text;
             }
@@ -299,6 +301,32 @@ double As_shown(Quantity const& quantity, Text_format const& format) {
     return std::abs(shown);
 }
 
+// `number` times 10^exponent as a decimal number is shifted: 2.4e9 becomes 2.4, which a product
+// would miss by a bit.
+double Shifted(double number, int exponent) {
+    Number_text text;
+    auto const end = std::to_chars(text.data(), text.data() + text.size(), number,
+                                   std::chars_format::scientific);
+    std::string_view const written(text.data(), static_cast<std::size_t>(end.ptr - text.data()));
+    std::size_t const mark = written.find('e');
+    int own = 0;
+    std::from_chars(written.data() + mark + (written[mark + 1] == '+' ? 2 : 1), end.ptr, own);
+    std::string const shifted =
+        std::string(written.substr(0, mark + 1)) + std::to_string(own + exponent);
+    double result = std::copysign(number == 0.0 ? 0.0 : HUGE_VAL, number);
+    std::from_chars(shifted.data(), shifted.data() + shifted.size(), result);
+    return result;
+}
+
+Quantity With_prefix(Quantity const& quantity, SI_units prefix) {
+    Units unit = quantity.Get_unit();
+    int const exponent = unit.si_prefix - prefix;
+    unit.si_prefix = prefix;
+    return Quantity(Shifted(quantity.Get_value(), exponent), unit,
+                    Shifted(quantity.Get_minus_err(), exponent),
+                    Shifted(quantity.Get_plus_err(), exponent));
+}
+
 // The quantity with the largest prefix that leaves at least 1 before the point.
 Quantity With_engineering_prefix(Quantity const& quantity, Text_format const& format) {
     if (!All_finite(quantity) || quantity.Get_value() == 0.0 ||
@@ -308,10 +336,7 @@ Quantity With_engineering_prefix(Quantity const& quantity, Text_format const& fo
     Quantity best = quantity;
     bool found = false;
     for (SI_units const prefix : engineering_prefixes) {
-        Units unit = quantity.Get_unit();
-        unit.si_prefix = prefix;
-        Quantity const candidate =
-            prefix == quantity.Get_unit().si_prefix ? quantity : quantity.Convert_to(unit);
+        Quantity const candidate = With_prefix(quantity, prefix);
         if (All_finite(candidate) && (!found || As_shown(candidate, format) >= 1.0)) {
             best = candidate;
             found = true;

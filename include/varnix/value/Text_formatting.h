@@ -81,7 +81,8 @@ constexpr bool Try_read_text_format(std::string_view text, Text_format& format) 
 /// - `engineering_prefix` chooses among the prefixes of powers of 1000 for metres, seconds, grams,
 ///   watts, volts, amperes, ohms, bits and bytes alone and in the first power, and for hertz;
 ///   linear, and with no prefix yet or a decimal one. Any other unit stays, and so do zero and
-///   what is not finite. The number is converted, which may round it.
+///   what is not finite. The decimal point is moved, so that 2.4e9 Hz is 2.4 GHz; read back, the
+///   number may differ from the original in its last bit.
 /// @throws nothing of its own (std::bad_alloc apart), whatever the quantity holds.
 VARNIX_VALUE_TEXT_EXPORT std::string Format(Value_object<double> const& quantity,
                                             Text_format const& format = {});
