@@ -1,6 +1,6 @@
-# Debian packages: libvalueobject1, the library; libvalueobjecttext1, its companion for texts; and
-# libvalueobject-dev, what building against them takes. tools/make_packages.sh makes them, and works
-# out what the libraries depend on.
+# Debian packages: libvalueobject1, the library; libvalueobjecttext1, its companion for texts;
+# libvalueobject-dev, what building against them takes; and value-object, the command-line tool.
+# tools/make_packages.sh makes them, and works out what libraries and tool depend on.
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME valueobject)
@@ -11,6 +11,9 @@ set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_COMPONENTS_ALL runtime text_runtime development)
+if(VALUE_OBJECT_TOOL)
+    list(APPEND CPACK_COMPONENTS_ALL tool)
+endif()
 set(CPACK_COMPONENTS_GROUPING IGNORE)
 
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
@@ -46,6 +49,13 @@ set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION "${long_description}
 
 This package holds the headers and what CMake and pkg-config need.")
 
+set(CPACK_DEBIAN_TOOL_PACKAGE_NAME value-object)
+set(CPACK_DEBIAN_TOOL_PACKAGE_SECTION science)
+set(CPACK_COMPONENT_TOOL_DESCRIPTION "${long_description}
+
+This package holds the command-line tool: it converts quantities, columns of
+numbers and CSV tables, computes with quantities, and lists the units.")
+
 # What tells other packages which one has which library, and the system that it is there.
 set(debian_dir ${CMAKE_CURRENT_SOURCE_DIR}/cmake/debian)
 function(value_object_shlibs component library)
@@ -65,8 +75,8 @@ if(VALUE_OBJECT_DEBIAN_PACKAGES)
         COMMAND gzip -9nc ${debian_dir}/changelog > changelog.gz
         DEPENDS ${debian_dir}/changelog)
     add_custom_target(ValueObject_changelog ALL DEPENDS changelog.gz)
-    foreach(component IN ITEMS RUNTIME TEXT_RUNTIME DEVELOPMENT)
-        string(TOLOWER ${component} component_name)
+    foreach(component_name IN LISTS CPACK_COMPONENTS_ALL)
+        string(TOUPPER ${component_name} component)
         set(doc_dir ${CMAKE_INSTALL_DATADIR}/doc/${CPACK_DEBIAN_${component}_PACKAGE_NAME})
         install(FILES ${debian_dir}/copyright ${CMAKE_CURRENT_BINARY_DIR}/changelog.gz
             DESTINATION ${doc_dir} COMPONENT ${component_name})

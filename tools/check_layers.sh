@@ -4,7 +4,7 @@
 # Every source has its layer here; an include that points to a higher layer fails the check, and so
 # does a source that has none. Public headers know nothing of Boost or of src/; programs know nothing
 # but the public headers. The companion for texts stands above all of the library, of which it knows the
-# public headers alone.
+# public headers alone; the tool stands on both, and is a program like any other.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -46,5 +46,12 @@ while IFS='"' read -r source included _; do
 done < <(grep -E '^#include "' src/text/*.h src/text/*.cpp)
 grep -n '#include <boost/' src/text/*.h src/text/*.cpp &&
     fail 'the companion for texts does without Boost'
+
+# So does the tool, which stands on both.
+while IFS='"' read -r source included _; do
+    [[ -e src/tool/$included ]] || fail "${source%%:*} includes $included, which is not in src/tool"
+done < <(grep -E '^#include "' src/tool/*.h src/tool/*.cpp)
+grep -n '#include <boost/' src/tool/*.h src/tool/*.cpp &&
+    fail 'the tool does without Boost'
 
 (( failures == 0 ))

@@ -37,8 +37,8 @@ done
 step 'asking lintian'
 lintian --allow-root --fail-on error build/packages/*.deb
 
-# What lies below FOLDER runs the README's program and one that reads texts, built with COMPILER and run
-# by the rest.
+# What lies below FOLDER runs the README's program and one that reads texts, built with COMPILER, and
+# the tool; the rest runs them.
 expect_program_below() {
     local folder=$1 triplet=$2 compiler=$3
     shift 3
@@ -48,6 +48,7 @@ expect_program_below() {
     "$compiler" -std=c++17 tests/consumers/text_consumer.cpp -I"$folder/usr/include" -L"$folder/usr/lib/$triplet" \
         -lValueObjectText -lValueObject -o "$place/program"
     "$@" "$place/program" '30 dBm' | diff -u <(echo '30 dBm is a power') -
+    "$@" "$folder/usr/bin/value-object" convert '30 dBm' W | diff -u <(echo '1 W') -
 }
 
 step 'installing those of amd64 into an empty root'

@@ -254,7 +254,7 @@ std::string Format_unit(Units const& unit, Unit_string_type spelling) {
     bool const readable = spelling == STR_NAME || spelling == STR_SYMBOL;
     for (int form = spelling; readable && form >= STR_NAME; --form) {
         // Names serve where symbols do not: "min" is the minute, "m(in)" a metre, and
-        // "milli(inches)" a thousandth of an inch.
+        // "milliinches" thousandths of an inch.
         for (std::string const& text : Spellings_of(unit, static_cast<Unit_string_type>(form))) {
             if (!text.empty() && Reads_back(text, unit)) {
                 return text;
