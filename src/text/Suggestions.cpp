@@ -93,10 +93,29 @@ std::string Unit_in_plain_case(std::string_view word) {
     return std::string();
 }
 
-bool May_begin_with(std::string_view word, std::string_view prefix) {
-    return word.size() > prefix.size() &&
-           std::equal(prefix.begin(), prefix.end(), word.begin(),
-                      [](char left, char right) { return Lower(left) == Lower(right); });
+// What people write for a unit that goes by a text not near to it.
+struct Other_text {
+    char const* text;
+    char const* unit;
+};
+
+// clang-format off
+constexpr Other_text other_texts[] = {
+    {"\u00B0K",  "K"},
+    {"kph",      "km/h"},
+    {"KPH",      "km/h"},
+    {"d",        "dy"},
+    {"nautical", "nautical_miles"},
+};
+// clang-format on
+
+std::string Known_text(std::string_view word) {
+    for (Other_text const& other : other_texts) {
+        if (word == other.text) {
+            return other.unit;
+        }
+    }
+    return Unit_in_plain_case(word);
 }
 
 } // namespace
@@ -105,9 +124,9 @@ std::string Nearest_unit(std::string_view word) {
     if (word.size() > Longest_word) {
         return std::string();
     }
-    std::string const plain = Unit_in_plain_case(word);
-    if (!plain.empty()) {
-        return plain;
+    std::string const known = Known_text(word);
+    if (!known.empty()) {
+        return known;
     }
     Unit_words const& words = Unit_words::Get();
     Nearest nearest(word);
@@ -115,7 +134,7 @@ std::string Nearest_unit(std::string_view word) {
         nearest.Look_at(unit.text);
     }
     for (Prefix_word const& prefix : words.All_prefixes()) {
-        if (!May_begin_with(word, prefix.text)) {
+        if (Lower(prefix.text[0]) != Lower(word[0])) { // the first letter is hardly ever wrong
             continue;
         }
         for (Unit_word const& unit : words.All_units()) {

@@ -140,6 +140,7 @@ class Unit_reader {
     bool Read_product(Product& product, int depth);
     bool Read_leading_one(int& sign);
     bool Read_factor(Product& product, int sign, int depth);
+    bool Read_inside_parentheses(Product& inner, int depth);
     bool Read_parentheses(Product& product, SI_units prefix, int sign, int depth);
     bool Read_word(Product& product, int sign, int depth);
     bool Read_bare_word(Product& product, int sign, int depth);
@@ -207,12 +208,10 @@ bool Unit_reader::Refuse_unknown_word() {
     if (word == "per") {
         return Refuse(position, "'per' is written '/'");
     }
-    if (word.size() == text.size() - position) { // a prefix alone
-        for (Prefix_word const& prefix : Unit_words::Get().Prefixes_like(word)) {
-            if (prefix.text == word) {
-                return Refuse(position + word.size(),
-                              "expected a unit after the prefix " + Quoted(word));
-            }
+    for (Prefix_word const& prefix : Unit_words::Get().Prefixes_like(word)) {
+        if (prefix.text == word) {
+            return Refuse(position + word.size(),
+                          "expected a unit directly after the prefix " + Quoted(word));
         }
     }
     if (std::optional<Mixture> const mixture = Find_mixture(word)) {
@@ -271,14 +270,12 @@ bool Unit_reader::Read_word(Product& product, int sign, int depth) {
 
 // ---- Products
 
-bool Unit_reader::Read_parentheses(Product& product, SI_units prefix, int sign, int depth) {
-    std::size_t const start = position;
+bool Unit_reader::Read_inside_parentheses(Product& inner, int depth) {
     if (depth == Deepest_nesting) {
         return Refuse(position, "parentheses are nested more than " +
                                     std::to_string(Deepest_nesting) + " deep");
     }
     ++position;
-    Product inner;
     if (!Read_product(inner, depth + 1)) {
         return false;
     }
@@ -286,9 +283,18 @@ bool Unit_reader::Read_parentheses(Product& product, SI_units prefix, int sign, 
         return Refuse(position, "expected ')', found " + Described(text, position));
     }
     ++position;
+    return true;
+}
+
+bool Unit_reader::Read_parentheses(Product& product, SI_units prefix, int sign, int depth) {
+    std::size_t const start = position;
+    Product inner;
+    if (!Read_inside_parentheses(inner, depth)) {
+        return false;
+    }
+    inner.Multiply(prefix, 1, start);
     std::optional<Power> const power = Read_power(text, position);
     position = power ? power->end : position;
-    inner.Multiply(prefix, 1, start);
     product.Multiply(inner, sign * (power ? power->value : 1));
     return product.Is_in_range() || Refuse(start, "the power is out of range");
 }
@@ -319,11 +325,16 @@ bool Unit_reader::Read_leading_one(int& sign) {
 }
 
 bool Unit_reader::Refuse_between_factors(std::size_t where) {
+    if (Read_power(text, where)) {
+        return Refuse(where, "a power stands directly behind its unit, and only once");
+    }
     if ((fault = Power_fault(text, where))) {
         return false;
     }
     Kind const kind = Character_at(text, where).kind;
-    if (kind == Kind::digit) {
+    bool const hyphen = where < text.size() && text[where] == '-';
+    if (kind == Kind::digit ||
+        (hyphen && Character_at(text, where + 1).kind == Kind::digit)) { // "m2", "s-1"
         return Refuse(where, "a power is written with '^'");
     }
     if (kind == Kind::opening) {
@@ -399,7 +410,7 @@ bool Unit_reader::Read_decibels(Units& unit, bool& complete) {
 }
 
 bool Unit_reader::Read_marked_parentheses(Product& product) {
-    if (!Read_parentheses(product, NO_PREFIX, 1, 0)) {
+    if (!Read_inside_parentheses(product, 0)) {
         return false;
     }
     position = Skip_blanks(text, position);
@@ -440,6 +451,10 @@ bool Unit_reader::Read_all(Units& unit) {
     return Finish(product, unit);
 }
 
+std::string Symbol(Units_list unit) {
+    return Units_library::Get_unit_string({SPL_NONE, NO_PREFIX, {{unit, 1}}}, STR_SYMBOL);
+}
+
 // Puts the units into canonical order.
 bool Unit_reader::Place_units(Product const& product, Units& unit) {
     std::array<Factor const*, TIME + 1> by_dimension{};
@@ -451,8 +466,9 @@ bool Unit_reader::Place_units(Product const& product, Units& unit) {
         Dimension const dimension = Unit_words::Get().Dimension_of(factor.unit);
         Factor const*& place = by_dimension[static_cast<std::size_t>(dimension)];
         if (place != nullptr) {
-            return Refuse(factor.position, "a unit has one unit of each dimension, and here are "
-                                           "two of one");
+            return Refuse(factor.position, Quoted(Symbol(place->unit)) + " and " +
+                                               Quoted(Symbol(factor.unit)) +
+                                               " are of one dimension, of which a unit holds one");
         }
         if (factor.power < std::numeric_limits<std::int32_t>::min() ||
             factor.power > std::numeric_limits<std::int32_t>::max()) {

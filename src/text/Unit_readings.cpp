@@ -131,7 +131,9 @@ std::optional<Text_fault> Power_fault(std::string_view text, std::size_t positio
     }
     std::size_t end = position + sign;
     Integer const integer = sign == 0 ? Read_raised(text, end) : Read_exponent(text, end);
-    if (!integer.Has_digits()) {
+    bool const fraction = Character_at(text, end).kind == Kind::product &&
+                          Character_at(text, end + 1).kind == Kind::digit;
+    if (!integer.Has_digits() || fraction) {
         return Text_fault{end, "expected an integer power, found " + Described(text, end), {}};
     }
     return Text_fault{position,
@@ -340,16 +342,19 @@ std::optional<Text_fault> Trap_fault(std::string_view text, std::size_t position
     return std::nullopt;
 }
 
-// "kms", "MBs", "kmh", "mins": a plural or a speed, more often than a product.
+// "kms", "kohms", "MBs", "kmh", "mins": a plural or a speed, more often than a product. Of volts,
+// amperes, watts and kelvin it is the product: "Ws" is a watt for a second.
 bool Looks_like_plural_or_speed(Reading const& reading) {
     if (reading.count != 2 || reading.has_power) {
         return false;
     }
     Dimension const first = Words().Dimension_of(reading.units[0].unit);
-    bool const length = first == LENGTH;
-    bool const counted = length || first == MASS || first == DATA_SIZE || first == DIMENSIONLESS;
-    return Words().Dimension_of(reading.units[1].unit) == TIME &&
-           (length || (counted && reading.units[1].unit == SECOND));
+    if (first == LENGTH) {
+        return Words().Dimension_of(reading.units[1].unit) == TIME;
+    }
+    bool const has_plural =
+        first == MASS || first == DATA_SIZE || first == DIMENSIONLESS || first == RESISTANCE;
+    return has_plural && reading.units[1].unit == SECOND;
 }
 
 std::optional<Text_fault> Decibel_fault(std::string_view text, std::size_t position) {
