@@ -41,16 +41,19 @@ struct Factor {
 // A product of powers of units and prefixes.
 class Product {
   public:
-    // Neither sum overflows: a text has less than 2^16 factors of powers up to 2^31.
+    // No sum overflows: a text has less than 2^16 factors of powers up to 2^31.
     void Multiply(Factor const& factor) {
         auto const last = factors.begin() + count;
         auto const same = std::find_if(factors.begin(), last,
                                        [&](Factor const& own) { return own.unit == factor.unit; });
-        if (same != last) {
-            same->power += factor.power;
-        } else {
+        if (same == last) {
             factors[static_cast<std::size_t>(count++)] = factor;
+            return;
         }
+        if ((same->power < 0) != (factor.power < 0) && !cancelling) {
+            cancelling = factor;
+        }
+        same->power += factor.power;
     }
 
     void Multiply(SI_units prefix, std::int64_t power, std::size_t position) {
@@ -67,6 +70,7 @@ class Product {
             factor.power *= power;
             Multiply(factor);
         }
+        cancelling = cancelling ? cancelling : other.cancelling;
         if (other.tens != 0 || other.twos != 0) {
             tens += other.tens * power;
             twos += other.twos * power;
@@ -106,6 +110,9 @@ class Product {
                (twos == 0 ? "" : "2^" + std::to_string(twos));
     }
 
+    // The first unit that stands both above and below, where it does so for the first time.
+    std::optional<Factor> const& Cancelling() const { return cancelling; }
+
     std::size_t Prefix_position() const { return prefix_position; }
     Factor const* begin() const { return factors.data(); }
     Factor const* end() const { return factors.data() + count; }
@@ -116,6 +123,7 @@ class Product {
     std::int64_t tens = 0; // the exponents of the prefixes
     std::int64_t twos = 0;
     std::size_t prefix_position = 0;
+    std::optional<Factor> cancelling;
 };
 
 // ---- The reader
@@ -262,10 +270,11 @@ bool Unit_reader::Read_bare_word(Product& product, int sign, int depth) {
 
 bool Unit_reader::Read_word(Product& product, int sign, int depth) {
     Group_place const place = {position, sign < 0, sign < 0 && product.Has_length()};
-    std::optional<Reading> const reading = Read_group(text, place, fault);
-    return reading ? Multiply_reading(product, *reading, sign)
-           : fault ? false
-                   : Read_bare_word(product, sign, depth);
+    Reading reading;
+    if (Read_group(text, place, reading, fault)) {
+        return Multiply_reading(product, reading, sign);
+    }
+    return !fault && Read_bare_word(product, sign, depth);
 }
 
 // ---- Products
@@ -295,8 +304,12 @@ bool Unit_reader::Read_parentheses(Product& product, SI_units prefix, int sign, 
     inner.Multiply(prefix, 1, start);
     std::optional<Power> const power = Read_power(text, position);
     position = power ? power->end : position;
-    product.Multiply(inner, sign * (power ? power->value : 1));
-    return product.Is_in_range() || Refuse(start, "the power is out of range");
+    bool fits = inner.Is_in_range();
+    if (fits) {
+        product.Multiply(inner, sign * (power ? power->value : 1));
+        fits = product.Is_in_range();
+    }
+    return fits || Refuse(start, "the power is out of range");
 }
 
 bool Unit_reader::Read_factor(Product& product, int sign, int depth) {
@@ -460,9 +473,6 @@ bool Unit_reader::Place_units(Product const& product, Units& unit) {
     std::array<Factor const*, TIME + 1> by_dimension{};
     std::size_t count = 0;
     for (Factor const& factor : product) {
-        if (factor.power == 0) {
-            continue;
-        }
         Dimension const dimension = Unit_words::Get().Dimension_of(factor.unit);
         Factor const*& place = by_dimension[static_cast<std::size_t>(dimension)];
         if (place != nullptr) {
@@ -485,10 +495,14 @@ bool Unit_reader::Place_units(Product const& product, Units& unit) {
             unit.tuples[slot++] = {factor->unit, static_cast<std::int32_t>(factor->power)};
         }
     }
-    return count != 0 || Refuse(position, "everything cancels: no unit is left");
+    return true;
 }
 
 bool Unit_reader::Finish(Product const& product, Units& unit) {
+    if (std::optional<Factor> const& factor = product.Cancelling()) {
+        return Refuse(factor->position,
+                      Quoted(Symbol(factor->unit)) + " stands above and below, and would cancel");
+    }
     if (!Place_units(product, unit)) {
         return false;
     }
