@@ -146,7 +146,7 @@ class Unit_reader {
     bool Read_decibels(Units& unit, bool& complete);
     bool Read_marked_parentheses(Product& product);
     bool Read_product(Product& product, int depth);
-    bool Read_leading_one(int& sign);
+    void Read_leading_one(int& sign);
     bool Read_factor(Product& product, int sign, int depth);
     bool Read_inside_parentheses(Product& inner, int depth);
     bool Read_parentheses(Product& product, SI_units prefix, int sign, int depth);
@@ -325,7 +325,7 @@ bool Unit_reader::Read_factor(Product& product, int sign, int depth) {
 }
 
 // "1/s" and "/s".
-bool Unit_reader::Read_leading_one(int& sign) {
+void Unit_reader::Read_leading_one(int& sign) {
     position = Skip_blanks(text, position);
     std::size_t const one = Next().kind == Kind::digit && text[position] == '1' ? 1 : 0;
     std::size_t const slash = Skip_blanks(text, position + one);
@@ -334,7 +334,6 @@ bool Unit_reader::Read_leading_one(int& sign) {
         position = slash + 1;
         sign = -1;
     }
-    return true;
 }
 
 bool Unit_reader::Refuse_between_factors(std::size_t where) {
@@ -365,8 +364,12 @@ bool Unit_reader::Read_sign(int& sign, bool& at_end) {
     bool const power = kind == Kind::star && Character_at(text, next + 1).kind == Kind::star;
     bool const juxtaposed = after_blanks && (kind == Kind::letter || kind == Kind::opening);
     at_end = kind == Kind::text_end || kind == Kind::closing;
-    if (at_end || kind == Kind::slash) {
-        position = at_end ? next : next + 1;
+    if (at_end) {
+        position = next;
+        return true;
+    }
+    if (kind == Kind::slash) {
+        position = next + 1;
         sign = -1;
         return true;
     }
