@@ -345,8 +345,8 @@ bool Unit_reader::Refuse_between_factors(std::size_t where) {
     }
     Kind const kind = Character_at(text, where).kind;
     bool const hyphen = where < text.size() && text[where] == '-';
-    if (kind == Kind::digit ||
-        (hyphen && Character_at(text, where + 1).kind == Kind::digit)) { // "m2", "s-1"
+    bool const signed_digit = hyphen && Character_at(text, where + 1).kind == Kind::digit;
+    if (where == position && (kind == Kind::digit || signed_digit)) { // "m2", "s-1"
         return Refuse(where, "a power is written with '^'");
     }
     if (kind == Kind::opening) {
