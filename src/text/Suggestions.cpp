@@ -124,7 +124,7 @@ std::string Nearest_unit(std::string_view word) {
     if (word.size() > Longest_word) {
         return std::string();
     }
-    std::string const known = Known_text(word);
+    std::string known = Known_text(word);
     if (!known.empty()) {
         return known;
     }

@@ -103,7 +103,7 @@ std::string Kind_name(Units const& unit) {
     }
     int above = 0;
     int below = 0;
-    std::string const numerator = Product_text(kind, 1, unit, above);
+    std::string numerator = Product_text(kind, 1, unit, above);
     std::string const denominator = Product_text(kind, -1, unit, below);
     if (below == 0) {
         return numerator;

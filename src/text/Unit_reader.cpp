@@ -41,16 +41,19 @@ struct Factor {
 // A product of powers of units and prefixes.
 class Product {
   public:
-    // Neither sum overflows: a text has less than 2^16 factors of powers up to 2^31.
+    // No sum overflows: a text has less than 2^16 factors of powers up to 2^31.
     void Multiply(Factor const& factor) {
         auto const last = factors.begin() + count;
         auto const same = std::find_if(factors.begin(), last,
                                        [&](Factor const& own) { return own.unit == factor.unit; });
-        if (same != last) {
-            same->power += factor.power;
-        } else {
+        if (same == last) {
             factors[static_cast<std::size_t>(count++)] = factor;
+            return;
         }
+        if ((same->power < 0) != (factor.power < 0) && !cancelling) {
+            cancelling = factor;
+        }
+        same->power += factor.power;
     }
 
     void Multiply(SI_units prefix, std::int64_t power, std::size_t position) {
@@ -67,6 +70,7 @@ class Product {
             factor.power *= power;
             Multiply(factor);
         }
+        cancelling = cancelling ? cancelling : other.cancelling;
         if (other.tens != 0 || other.twos != 0) {
             tens += other.tens * power;
             twos += other.twos * power;
@@ -106,6 +110,9 @@ class Product {
                (twos == 0 ? "" : "2^" + std::to_string(twos));
     }
 
+    // The first unit that stands both above and below, where it does so for the first time.
+    std::optional<Factor> const& Cancelling() const { return cancelling; }
+
     std::size_t Prefix_position() const { return prefix_position; }
     Factor const* begin() const { return factors.data(); }
     Factor const* end() const { return factors.data() + count; }
@@ -116,6 +123,7 @@ class Product {
     std::int64_t tens = 0; // the exponents of the prefixes
     std::int64_t twos = 0;
     std::size_t prefix_position = 0;
+    std::optional<Factor> cancelling;
 };
 
 // ---- The reader
@@ -138,7 +146,7 @@ class Unit_reader {
     bool Read_decibels(Units& unit, bool& complete);
     bool Read_marked_parentheses(Product& product);
     bool Read_product(Product& product, int depth);
-    bool Read_leading_one(int& sign);
+    void Read_leading_one(int& sign);
     bool Read_factor(Product& product, int sign, int depth);
     bool Read_inside_parentheses(Product& inner, int depth);
     bool Read_parentheses(Product& product, SI_units prefix, int sign, int depth);
@@ -262,10 +270,11 @@ bool Unit_reader::Read_bare_word(Product& product, int sign, int depth) {
 
 bool Unit_reader::Read_word(Product& product, int sign, int depth) {
     Group_place const place = {position, sign < 0, sign < 0 && product.Has_length()};
-    std::optional<Reading> const reading = Read_group(text, place, fault);
-    return reading ? Multiply_reading(product, *reading, sign)
-           : fault ? false
-                   : Read_bare_word(product, sign, depth);
+    Reading reading;
+    if (Read_group(text, place, reading, fault)) {
+        return Multiply_reading(product, reading, sign);
+    }
+    return !fault && Read_bare_word(product, sign, depth);
 }
 
 // ---- Products
@@ -295,8 +304,12 @@ bool Unit_reader::Read_parentheses(Product& product, SI_units prefix, int sign, 
     inner.Multiply(prefix, 1, start);
     std::optional<Power> const power = Read_power(text, position);
     position = power ? power->end : position;
-    product.Multiply(inner, sign * (power ? power->value : 1));
-    return product.Is_in_range() || Refuse(start, "the power is out of range");
+    bool fits = inner.Is_in_range();
+    if (fits) {
+        product.Multiply(inner, sign * (power ? power->value : 1));
+        fits = product.Is_in_range();
+    }
+    return fits || Refuse(start, "the power is out of range");
 }
 
 bool Unit_reader::Read_factor(Product& product, int sign, int depth) {
@@ -312,7 +325,7 @@ bool Unit_reader::Read_factor(Product& product, int sign, int depth) {
 }
 
 // "1/s" and "/s".
-bool Unit_reader::Read_leading_one(int& sign) {
+void Unit_reader::Read_leading_one(int& sign) {
     position = Skip_blanks(text, position);
     std::size_t const one = Next().kind == Kind::digit && text[position] == '1' ? 1 : 0;
     std::size_t const slash = Skip_blanks(text, position + one);
@@ -321,7 +334,6 @@ bool Unit_reader::Read_leading_one(int& sign) {
         position = slash + 1;
         sign = -1;
     }
-    return true;
 }
 
 bool Unit_reader::Refuse_between_factors(std::size_t where) {
@@ -333,8 +345,8 @@ bool Unit_reader::Refuse_between_factors(std::size_t where) {
     }
     Kind const kind = Character_at(text, where).kind;
     bool const hyphen = where < text.size() && text[where] == '-';
-    if (kind == Kind::digit ||
-        (hyphen && Character_at(text, where + 1).kind == Kind::digit)) { // "m2", "s-1"
+    bool const signed_digit = hyphen && Character_at(text, where + 1).kind == Kind::digit;
+    if (where == position && (kind == Kind::digit || signed_digit)) { // "m2", "s-1"
         return Refuse(where, "a power is written with '^'");
     }
     if (kind == Kind::opening) {
@@ -352,8 +364,12 @@ bool Unit_reader::Read_sign(int& sign, bool& at_end) {
     bool const power = kind == Kind::star && Character_at(text, next + 1).kind == Kind::star;
     bool const juxtaposed = after_blanks && (kind == Kind::letter || kind == Kind::opening);
     at_end = kind == Kind::text_end || kind == Kind::closing;
-    if (at_end || kind == Kind::slash) {
-        position = at_end ? next : next + 1;
+    if (at_end) {
+        position = next;
+        return true;
+    }
+    if (kind == Kind::slash) {
+        position = next + 1;
         sign = -1;
         return true;
     }
@@ -461,9 +477,6 @@ bool Unit_reader::Place_units(Product const& product, Units& unit) {
     std::array<Factor const*, TIME + 1> by_dimension{};
     std::size_t count = 0;
     for (Factor const& factor : product) {
-        if (factor.power == 0) {
-            continue;
-        }
         Dimension const dimension = Unit_words::Get().Dimension_of(factor.unit);
         Factor const*& place = by_dimension[static_cast<std::size_t>(dimension)];
         if (place != nullptr) {
@@ -486,10 +499,14 @@ bool Unit_reader::Place_units(Product const& product, Units& unit) {
             unit.tuples[slot++] = {factor->unit, static_cast<std::int32_t>(factor->power)};
         }
     }
-    return count != 0 || Refuse(position, "everything cancels: no unit is left");
+    return true;
 }
 
 bool Unit_reader::Finish(Product const& product, Units& unit) {
+    if (std::optional<Factor> const& factor = product.Cancelling()) {
+        return Refuse(factor->position,
+                      Quoted(Symbol(factor->unit)) + " stands above and below, and would cancel");
+    }
     if (!Place_units(product, unit)) {
         return false;
     }

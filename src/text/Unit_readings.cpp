@@ -150,53 +150,40 @@ Unit_words const& Words() {
     return Unit_words::Get();
 }
 
-Reading Make_reading(SI_units prefix, Units const& unit, std::optional<Power> const& power,
-                     std::size_t end) {
-    Reading reading;
-    reading.prefix = prefix;
+// The word from `position` to `end` as a single unit, with its power, if the group ends with that.
+bool Read_one(std::string_view text, std::size_t position, std::size_t end, Word_form form,
+              Reading& reading) {
+    Unit_word const* const word = Words().Find_unit(text.substr(position, end - position));
+    if (word == nullptr || Common(form, word->form) == no_form) {
+        return false;
+    }
+    std::optional<Power> const power = Read_power(text, end);
+    if (power && Is_letter(text, power->end)) {
+        return false;
+    }
     reading.has_power = power.has_value();
     reading.end = power ? power->end : end;
-    for (Unit_tuple const& tuple : unit.tuples) {
-        if (tuple.unit != NO_UNIT) {
-            reading.units[reading.count++] = {tuple.unit,
-                                              tuple.exponent * (power ? power->value : 1)};
+    for (Unit_tuple const& tuple : word->unit.tuples) {
+        if (tuple.unit == NO_UNIT) {
+            break;
         }
+        std::int64_t const value = power ? power->value : 1;
+        reading.units[reading.count++] = {tuple.unit, tuple.exponent * value};
     }
-    return reading;
+    return true;
 }
 
-// The longest single unit at `position` that no letter follows, in one of the forms.
-std::optional<Reading> Read_one(std::string_view text, std::size_t position, SI_units prefix,
-                                Word_form form) {
-    std::optional<Reading> longest;
-    std::string_view const rest = text.substr(position);
-    for (Unit_word const& word : Words().Units_like(rest)) {
-        std::size_t const end = position + word.text.size();
-        if (!Begins_with(rest, word.text) || Common(form, word.form) == no_form ||
-            Is_letter(text, end)) {
-            continue;
-        }
-        std::optional<Power> const power = Read_power(text, end);
-        if (!power || !Is_letter(text, power->end)) {
-            longest = Make_reading(prefix, word.unit, power, end); // sorted: the last is longest
-        }
-    }
-    return longest;
-}
-
-std::optional<Reading> Read_prefix_and_one(std::string_view text, std::size_t position) {
-    std::optional<Reading> longest;
+bool Read_prefix_and_one(std::string_view text, std::size_t position, std::size_t end,
+                         Reading& reading) {
     std::string_view const rest = text.substr(position);
     for (Prefix_word const& word : Words().Prefixes_like(rest)) {
-        if (Begins_with(rest, word.text)) {
-            std::optional<Reading> const reading =
-                Read_one(text, position + word.text.size(), word.prefix, word.form);
-            if (reading && (!longest || reading->end > longest->end)) {
-                longest = reading;
-            }
+        if (Begins_with(rest, word.text) && position + word.text.size() < end &&
+            Read_one(text, position + word.text.size(), end, word.form, reading)) {
+            reading.prefix = word.prefix;
+            return true; // a test sees that no word has two
         }
     }
-    return longest;
+    return false;
 }
 
 } // namespace
@@ -375,6 +362,18 @@ std::optional<Text_fault> Decibel_fault(std::string_view text, std::size_t posit
 
 namespace {
 
+// The one symbol with a point in it, "n.mi", with a prefix or without; `end` is that of the letters
+// before the point.
+bool Read_nautical_miles(std::string_view text, std::size_t position, std::size_t end,
+                         Reading& reading) {
+    if (text[end - 1] != 'n' || !Begins_with(text.substr(end), ".mi")) {
+        return false;
+    }
+    std::size_t const later_end = End_of_letters(text, end + 1);
+    return Read_one(text, position, later_end, any_form, reading) ||
+           Read_prefix_and_one(text, position, later_end, reading);
+}
+
 // In "V/ms" the m is milli or metre; in "km/ms" it can only be milli.
 bool Is_also_a_product(std::string_view text, Group_place const& place, Reading const& reading,
                        std::optional<Text_fault>& fault) {
@@ -394,71 +393,68 @@ bool Is_also_a_product(std::string_view text, Group_place const& place, Reading 
     return true;
 }
 
-std::optional<Reading> Read_several(std::string_view text, Group_place const& place,
-                                    std::optional<Text_fault>& fault) {
+bool Read_several(std::string_view text, Group_place const& place, Reading& reading,
+                  std::optional<Text_fault>& fault) {
     Search search(text, Order::of_the_core);
     search.From(place.position, NO_PREFIX, any_form);
     Search_with_prefixes(search, text, place.position);
     if (search.Count() == 2) {
         fault = Ambiguous(text, place.position, Written(search.First()), Written(search.Second()));
-        return std::nullopt;
     }
-    if (search.Count() == 1) {
-        if (Looks_like_plural_or_speed(search.First()) && !place.below) {
-            std::string_view const word =
-                text.substr(place.position, search.First().end - place.position);
-            fault = Text_fault{place.position,
-                               Quoted(word) + " looks like a plural or a speed: write " +
-                                   Written(search.First()) + " for the product",
-                               {}};
-            return std::nullopt;
-        }
-        return search.First();
+    if (search.Count() != 1) {
+        return false;
     }
-    return std::nullopt;
+    reading = search.First();
+    if (Looks_like_plural_or_speed(reading) && !place.below) {
+        std::string_view const word = text.substr(place.position, reading.end - place.position);
+        fault = Text_fault{place.position,
+                           Quoted(word) + " looks like a plural or a speed: write " +
+                               Written(reading) + " for the product",
+                           {}};
+    }
+    return !fault;
 }
 
 // Hours and kelvin first look like the prefixes hecto and kilo.
-std::optional<Reading> Read_several_in_any_order(std::string_view text, Group_place const& place) {
+bool Read_several_in_any_order(std::string_view text, Group_place const& place, Reading& reading) {
     char const first = text[place.position];
     if (!place.below || first == 'h' || first == 'K') {
-        return std::nullopt;
+        return false;
     }
     Search search(text, Order::any);
     search.From(place.position, NO_PREFIX, any_form);
-    return search.Count() == 1 ? std::optional<Reading>(search.First()) : std::nullopt;
+    reading = search.First();
+    return search.Count() == 1;
+}
+
+bool Read_letters(std::string_view text, Group_place const& place, Reading& reading,
+                  std::optional<Text_fault>& fault) {
+    std::size_t const end = End_of_letters(text, place.position);
+    if (Read_nautical_miles(text, place.position, end, reading) ||
+        Read_one(text, place.position, end, any_form, reading)) {
+        return true;
+    }
+    if (Read_prefix_and_one(text, place.position, end, reading)) {
+        return !Is_also_a_product(text, place, reading, fault);
+    }
+    return Read_several(text, place, reading, fault) ||
+           (!fault && Read_several_in_any_order(text, place, reading));
 }
 
 } // namespace
 
-std::optional<Reading> Read_group(std::string_view text, Group_place const& place,
-                                  std::optional<Text_fault>& fault) {
-    if (text[place.position] == 'd' && (fault = Decibel_fault(text, place.position))) {
-        return std::nullopt;
+bool Read_group(std::string_view text, Group_place const& place, Reading& reading,
+                std::optional<Text_fault>& fault) {
+    if (text[place.position] == 'd') {
+        fault = Decibel_fault(text, place.position);
     }
-    std::optional<Reading> one = Read_one(text, place.position, NO_PREFIX, any_form);
-    bool const may_go_on = one && one->end < text.size() && text[one->end] == '.'; // "kn.mi"
-    if (one && !may_go_on) {
-        return one;
+    if (fault || !Read_letters(text, place, reading, fault)) {
+        return false;
     }
-    std::optional<Reading> const prefixed = Read_prefix_and_one(text, place.position);
-    if (one && (!prefixed || one->end >= prefixed->end)) {
-        return one;
+    if (reading.prefix != NO_PREFIX || reading.count > 1) {
+        fault = Trap_fault(text, place.position, reading.end);
     }
-    std::optional<Reading> reading = prefixed;
-    if (prefixed && Is_also_a_product(text, place, *prefixed, fault)) {
-        return std::nullopt;
-    }
-    if (!reading) {
-        reading = Read_several(text, place, fault);
-    }
-    if (!reading && !fault) {
-        reading = Read_several_in_any_order(text, place);
-    }
-    if (reading && (fault = Trap_fault(text, place.position, reading->end))) {
-        return std::nullopt;
-    }
-    return reading;
+    return !fault;
 }
 
 std::optional<Bare_prefix> Read_bare_prefix(std::string_view text, std::size_t position,

@@ -53,10 +53,10 @@ struct Group_place {
     bool length_above; // and a length before that
 };
 
-// The reading of the group at `place`, which begins with a letter; nothing if there is none. If it
-// has to be refused, `fault` is set.
-std::optional<Reading> Read_group(std::string_view text, Group_place const& place,
-                                  std::optional<Text_fault>& fault);
+// Whether there is a reading of the group at `place`, which begins with a letter; it is stored in
+// `reading`. If it has to be refused, `fault` is set.
+bool Read_group(std::string_view text, Group_place const& place, Reading& reading,
+                std::optional<Text_fault>& fault);
 
 // The prefix that stands at `position` before the character `next`, and the position of that.
 struct Bare_prefix {

@@ -165,6 +165,11 @@ Unit_words::Unit_words() {
     std::stable_sort(units.begin(), units.end(), Precedes<Unit_word>);
     Merge_forms(units);
     Set_ranges(units, unit_ranges);
+    for (Unit_word& word : units) {
+        Unit_word const*& first = first_of_slot[Slot_of(word.text)];
+        word.next_in_slot = first;
+        first = &word;
+    }
     std::sort(prefixes.begin(), prefixes.end(), Precedes<Prefix_word>);
     Set_ranges(prefixes, prefix_ranges);
 }
@@ -172,15 +177,6 @@ Unit_words::Unit_words() {
 Unit_words const& Unit_words::Get() {
     static Unit_words const words;
     return words;
-}
-
-Unit_word const* Unit_words::Find_unit(std::string_view text) const {
-    for (Unit_word const& word : Units_like(text)) {
-        if (word.text == text) {
-            return &word;
-        }
-    }
-    return nullptr;
 }
 
 } // namespace Varnix::Value

@@ -32,6 +32,7 @@ struct Unit_word {
     bool printed;        // the core prints it inside compound units; others stand alone
     Dimension dimension; // of a printed word
     Units unit;          // without prefix and marker
+    Unit_word const* next_in_slot = nullptr; // of Unit_words' table
 };
 
 struct Prefix_word {
@@ -63,7 +64,17 @@ class Unit_words {
         return Like(prefix_ranges, text);
     }
 
-    Unit_word const* Find_unit(std::string_view text) const;
+    // The word that is `text`, or nullptr. The time does not depend on how long the text is.
+    Unit_word const* Find_unit(std::string_view text) const {
+        if (text.empty()) {
+            return nullptr;
+        }
+        Unit_word const* word = first_of_slot[Slot_of(text)];
+        while (word != nullptr && word->text != text) {
+            word = word->next_in_slot;
+        }
+        return word;
+    }
 
     std::vector<Unit_word> const& All_units() const { return units; }
     std::vector<Prefix_word> const& All_prefixes() const { return prefixes; }
@@ -90,12 +101,21 @@ class Unit_words {
         return text.empty() ? Word_range<Word>() : ranges[static_cast<unsigned char>(text[0])];
     }
 
+    // Words differ in their first byte, their last and their size; few share all three.
+    static constexpr std::size_t Slot_count = 512;
+    static std::size_t Slot_of(std::string_view text) {
+        auto const first = static_cast<unsigned char>(text.front());
+        auto const last = static_cast<unsigned char>(text.back());
+        return (first * 7U + last * 31U + text.size() * 97U) % Slot_count;
+    }
+
     std::vector<Unit_word> units; // sorted by text
     std::vector<Prefix_word> prefixes;
     std::vector<Dimension> dimensions;                   // by the codes of the units
     std::array<std::uint8_t, YOBI - PICO + 1> radices{}; // 2 or 10; 0 where there is no prefix
     Ranges<Unit_word> unit_ranges;
     Ranges<Prefix_word> prefix_ranges;
+    std::array<Unit_word const*, Slot_count> first_of_slot{};
 };
 
 // Whether `text` begins with `word`, which is not empty. Most words differ in their last byte, and

@@ -17,8 +17,9 @@
 //
 // What holds for every function here: nothing depends on the locale; a text may be up to
 // `Longest_text` bytes long and is UTF-8; the time taken is linear in its length; no memory is
-// allocated on success, the first call in a program apart, which gathers the names of the units.
-// std::bad_alloc may come out of any of them, where there is no memory for that or for a fault.
+// allocated on success, but by the first call in a program, which gathers the names of the units,
+// and for uncertain digits, "5.00(3)". std::bad_alloc may come out of any of them, where there is
+// no memory for that or for a fault.
 //
 // Mind the prefix, which belongs to the whole unit in this library: "km^2" is a thousand square
 // metres, as the library prints it; "(km)^2" is a million of them.
