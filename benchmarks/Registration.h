@@ -37,6 +37,7 @@ struct Register_ours {
 void Register_conversion();
 void Register_arithmetic();
 void Register_text();
+void Register_parsing();
 void Register_prepared();
 void Register_arrays();
 void Register_compile_time();

@@ -11,13 +11,18 @@
 
 namespace Benchmarks {
 
-/// The unit `text`, from the unit system as installed. It is never freed: the benchmarks hold it to
-/// the end.
-inline ut_unit* Udunits_unit(char const* text) {
+/// The unit system as installed, read once.
+inline ut_system* Udunits_system() {
     static ut_system* const system = [] {
         ut_set_error_message_handler(ut_ignore);
         return ut_read_xml(nullptr);
     }();
+    return system;
+}
+
+/// The unit `text`. It is never freed: the benchmarks hold it to the end.
+inline ut_unit* Udunits_unit(char const* text) {
+    ut_system* const system = Udunits_system();
     ut_unit* const unit = system != nullptr ? ut_parse(system, text, UT_UTF8) : nullptr;
     if (unit == nullptr) {
         throw std::runtime_error(std::string("UDUNITS-2 does not know ") + text);

@@ -13,6 +13,7 @@ int main(int argc, char** argv) try {
     Benchmarks::Register_conversion();
     Benchmarks::Register_arithmetic();
     Benchmarks::Register_text();
+    Benchmarks::Register_parsing();
     Benchmarks::Register_prepared();
     Benchmarks::Register_arrays();
     Benchmarks::Register_compile_time();

@@ -19,3 +19,6 @@ shift
 mapfile -t libraries < "$build/benchmarks/startup_libraries.txt"
 python3 "$here/startup_times.py" "$build/benchmarks/startup" "${libraries[@]}" > "$build/startup.json"
 python3 "$here/ratios.py" "$build/benchmarks.json" "$build/startup.json"
+
+# The tool beside the programs of other unit libraries.
+python3 "$here/columns.py" "$build/value-object" 100000

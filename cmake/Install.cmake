@@ -1,25 +1,30 @@
-# What is installed, and where: the library ("runtime"), and what building against it takes
-# ("development"). No installed file holds a path of the machine that built it.
+# What is installed, and where: the library ("runtime"), its companion for texts ("text_runtime"), what
+# building against them takes ("development"), and the command-line tool ("tool"). No installed file
+# holds a path of the machine that built it.
 
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
-target_include_directories(ValueObject INTERFACE $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
+function(value_object_install_library target component)
+    target_include_directories(${target} INTERFACE
+        $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
+    install(TARGETS ${target}
+        EXPORT ValueObjectTargets
+        LIBRARY
+            DESTINATION ${CMAKE_INSTALL_LIBDIR}
+            COMPONENT ${component}
+            NAMELINK_COMPONENT development
+        ARCHIVE
+            DESTINATION ${CMAKE_INSTALL_LIBDIR}
+            COMPONENT development
+        FILE_SET HEADERS
+            DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
+            COMPONENT development)
+endfunction()
+value_object_install_library(ValueObject runtime)
+value_object_install_library(ValueObjectText text_runtime)
 
-install(TARGETS ValueObject
-    EXPORT ValueObjectTargets
-    LIBRARY
-        DESTINATION ${CMAKE_INSTALL_LIBDIR}
-        COMPONENT runtime
-        NAMELINK_COMPONENT development
-    ARCHIVE
-        DESTINATION ${CMAKE_INSTALL_LIBDIR}
-        COMPONENT development
-    FILE_SET HEADERS
-        DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
-        COMPONENT development)
-
-# find_package(ValueObject 1 CONFIG) gives ValueObject::ValueObject.
+# find_package(ValueObject 1 CONFIG) gives ValueObject::ValueObject and ValueObject::Text.
 set(package_config_dir ${CMAKE_INSTALL_LIBDIR}/cmake/ValueObject)
 install(EXPORT ValueObjectTargets
     NAMESPACE ValueObject::
@@ -39,21 +44,34 @@ file(RELATIVE_PATH prefix_from_pc_file
     /prefix/${CMAKE_INSTALL_LIBDIR}/pkgconfig /prefix)
 string(REGEX REPLACE "/$" "" prefix_from_pc_file "${prefix_from_pc_file}")
 configure_file(cmake/ValueObject.pc.in ValueObject.pc @ONLY)
-install(FILES ${CMAKE_CURRENT_BINARY_DIR}/ValueObject.pc
+configure_file(cmake/ValueObjectText.pc.in ValueObjectText.pc @ONLY)
+install(FILES
+        ${CMAKE_CURRENT_BINARY_DIR}/ValueObject.pc
+        ${CMAKE_CURRENT_BINARY_DIR}/ValueObjectText.pc
     DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig
     COMPONENT development)
 
-# The manual page, compressed without a time stamp.
+# value_object_manual(NAME SECTION COMPONENT): a manual page, compressed without a time stamp.
 find_program(GZIP gzip)
-set(manual_page ${CMAKE_CURRENT_SOURCE_DIR}/docs/ValueObject.3)
-if(GZIP)
-    add_custom_command(OUTPUT ValueObject.3.gz
-        COMMAND ${GZIP} -9nc ${manual_page} > ValueObject.3.gz
-        DEPENDS ${manual_page})
-    add_custom_target(ValueObject_manual ALL DEPENDS ValueObject.3.gz)
-    set(manual_page ${CMAKE_CURRENT_BINARY_DIR}/ValueObject.3.gz)
+function(value_object_manual name section component)
+    set(page ${CMAKE_CURRENT_SOURCE_DIR}/docs/${name}.${section})
+    if(GZIP)
+        add_custom_command(OUTPUT ${name}.${section}.gz
+            COMMAND ${GZIP} -9nc ${page} > ${name}.${section}.gz
+            DEPENDS ${page})
+        add_custom_target(${name}_manual ALL DEPENDS ${name}.${section}.gz)
+        set(page ${CMAKE_CURRENT_BINARY_DIR}/${name}.${section}.gz)
+    endif()
+    install(FILES ${page}
+        DESTINATION ${CMAKE_INSTALL_MANDIR}/man${section}
+        COMPONENT ${component})
+endfunction()
+value_object_manual(ValueObject 3 development)
+
+if(VALUE_OBJECT_TOOL)
+    install(TARGETS value-object DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT tool)
+    value_object_manual(value-object 1 tool)
 endif()
-install(FILES ${manual_page} DESTINATION ${CMAKE_INSTALL_MANDIR}/man3 COMPONENT development)
 
 if(NOT VALUE_OBJECT_DEBIAN_PACKAGES)
     install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT runtime)

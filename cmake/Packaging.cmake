@@ -1,5 +1,6 @@
-# Debian packages: libvalueobject1, the library, and libvalueobject-dev, what building against it
-# takes. tools/make_packages.sh makes them, and works out what the library depends on.
+# Debian packages: libvalueobject1, the library; libvalueobjecttext1, its companion for texts;
+# libvalueobject-dev, what building against them takes; and value-object, the command-line tool.
+# tools/make_packages.sh makes them, and works out what libraries and tool depend on.
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME valueobject)
@@ -9,7 +10,10 @@ set(CPACK_PACKAGE_DESCRIPTION_SUMMARY ${PROJECT_DESCRIPTION})
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_DEB_COMPONENT_INSTALL ON)
-set(CPACK_COMPONENTS_ALL runtime development)
+set(CPACK_COMPONENTS_ALL runtime text_runtime development)
+if(VALUE_OBJECT_TOOL)
+    list(APPEND CPACK_COMPONENTS_ALL tool)
+endif()
 set(CPACK_COMPONENTS_GROUPING IGNORE)
 
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
@@ -30,20 +34,40 @@ set(CPACK_COMPONENT_RUNTIME_DESCRIPTION "${long_description}
 
 This package holds the shared library.")
 
+set(CPACK_DEBIAN_TEXT_RUNTIME_PACKAGE_NAME libvalueobjecttext${PROJECT_VERSION_MAJOR})
+set(CPACK_DEBIAN_TEXT_RUNTIME_PACKAGE_SECTION libs)
+set(CPACK_COMPONENT_TEXT_RUNTIME_DESCRIPTION "${long_description}
+
+This package holds the shared library that reads and prints them as text.")
+
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libvalueobject-dev)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
-    "libvalueobject${PROJECT_VERSION_MAJOR} (= ${PROJECT_VERSION})")
+    "libvalueobject${PROJECT_VERSION_MAJOR} (= ${PROJECT_VERSION}), \
+libvalueobjecttext${PROJECT_VERSION_MAJOR} (= ${PROJECT_VERSION})")
 set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION "${long_description}
 
 This package holds the headers and what CMake and pkg-config need.")
 
-# What tells other packages which one has the library, and the system that it is there.
+set(CPACK_DEBIAN_TOOL_PACKAGE_NAME value-object)
+set(CPACK_DEBIAN_TOOL_PACKAGE_SECTION science)
+set(CPACK_COMPONENT_TOOL_DESCRIPTION "${long_description}
+
+This package holds the command-line tool: it converts quantities, columns of
+numbers and CSV tables, computes with quantities, and lists the units.")
+
+# What tells other packages which one has which library, and the system that it is there.
 set(debian_dir ${CMAKE_CURRENT_SOURCE_DIR}/cmake/debian)
-configure_file(${debian_dir}/shlibs.in shlibs @ONLY)
-set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA
-    ${CMAKE_CURRENT_BINARY_DIR}/shlibs
-    ${debian_dir}/triggers)
+function(value_object_shlibs component library)
+    set(package ${CPACK_DEBIAN_${component}_PACKAGE_NAME})
+    configure_file(${debian_dir}/shlibs.in ${library}/shlibs @ONLY)
+    set(CPACK_DEBIAN_${component}_PACKAGE_CONTROL_EXTRA
+        ${CMAKE_CURRENT_BINARY_DIR}/${library}/shlibs
+        ${debian_dir}/triggers
+        PARENT_SCOPE)
+endfunction()
+value_object_shlibs(RUNTIME libValueObject)
+value_object_shlibs(TEXT_RUNTIME libValueObjectText)
 
 # The files that Debian wants in every package.
 if(VALUE_OBJECT_DEBIAN_PACKAGES)
@@ -51,8 +75,8 @@ if(VALUE_OBJECT_DEBIAN_PACKAGES)
         COMMAND gzip -9nc ${debian_dir}/changelog > changelog.gz
         DEPENDS ${debian_dir}/changelog)
     add_custom_target(ValueObject_changelog ALL DEPENDS changelog.gz)
-    foreach(component IN ITEMS RUNTIME DEVELOPMENT)
-        string(TOLOWER ${component} component_name)
+    foreach(component_name IN LISTS CPACK_COMPONENTS_ALL)
+        string(TOUPPER ${component_name} component)
         set(doc_dir ${CMAKE_INSTALL_DATADIR}/doc/${CPACK_DEBIAN_${component}_PACKAGE_NAME})
         install(FILES ${debian_dir}/copyright ${CMAKE_CURRENT_BINARY_DIR}/changelog.gz
             DESTINATION ${doc_dir} COMPONENT ${component_name})

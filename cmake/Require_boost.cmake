@@ -9,13 +9,4 @@ if(NOT Boost_FOUND)
         "Elsewhere set Boost_ROOT to the folder that holds include/boost.")
 endif()
 
-# For another processor the folder around boost/ must stay out of the search: it holds this
-# machine's system headers.
-set(boost_include_dir ${Boost_INCLUDE_DIRS})
-if(CMAKE_CROSSCOMPILING)
-    set(boost_include_dir ${CMAKE_CURRENT_BINARY_DIR}/boost_headers)
-    file(MAKE_DIRECTORY ${boost_include_dir})
-    file(CREATE_LINK ${Boost_INCLUDE_DIRS}/boost ${boost_include_dir}/boost SYMBOLIC)
-endif()
-add_library(value_object_boost INTERFACE)
-target_include_directories(value_object_boost SYSTEM INTERFACE ${boost_include_dir})
+value_object_header_library(value_object_boost ${Boost_INCLUDE_DIRS} boost)

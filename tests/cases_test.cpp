@@ -1,62 +1,15 @@
 // Runs the cases of cases/*.txt: each line is an operation and its result, written in the notation
 // that the head of its file explains.
 
-#include "Named_constants.h"
-#include "Test_support.h"
+#include "Case_notation.h"
 
-#include <charconv>
 #include <cstdlib>
 #include <fstream>
-#include <limits>
 #include <sstream>
 #include <vector>
 
 namespace Varnix::Value::Tests {
 namespace {
-
-// ---- Writing
-
-std::string Written(double number) {
-    char text[32];
-    return std::isnan(number) ? "nan" : std::string(text, std::to_chars(text, std::end(text), number).ptr);
-}
-
-std::string Name_of(Units_list unit) {
-    std::string const name = Units_library::Get_unit_str_info_map(Unit({{unit, 1}}), STR_NAME);
-    return name.empty() ? '#' + std::to_string(unit) : name;
-}
-
-std::string Written(Unit_tuple const& tuple) {
-    bool const empty = tuple.unit == NO_UNIT;
-    bool const plain = tuple.exponent == (empty ? 0 : 1);
-    return (empty ? "-" : Name_of(tuple.unit)) + (plain ? "" : '^' + std::to_string(tuple.exponent));
-}
-
-std::string Written(Units const& unit) {
-    for (Named_constant const& constant : named_constants) {
-        if (*constant.unit == unit) {
-            return constant.name;
-        }
-    }
-    std::string text = unit.si_prefix == NO_PREFIX ? "" : Units_library::Get_unit_str_si_map(unit, STR_NAME) + ':';
-    text += unit.spl_conv == SPL_DB ? "dB:" : "";
-    std::size_t count = Tuple_count;
-    while (count > 1 && Written(unit.tuples[count - 1]) == "-") {
-        --count;
-    }
-    for (std::size_t k = 0; k < count; ++k) {
-        text += (k == 0 ? "" : ",") + Written(unit.tuples[k]);
-    }
-    return text;
-}
-
-std::string Written(Quantity const& quantity) {
-    std::string const value = Written(quantity.Get_value());
-    std::string const lower = Written(quantity.Get_minus_err());
-    std::string const upper = Written(quantity.Get_plus_err());
-    bool const exact = value == lower && value == upper;
-    return value + (exact ? "" : '[' + lower + ',' + upper + ']') + ' ' + Written(quantity.Get_unit());
-}
 
 // ---- Reading
 

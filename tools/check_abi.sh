@@ -1,18 +1,19 @@
 #!/usr/bin/env bash
-# check_abi.sh check|accept BUILD BASELINE: the binary interface is what programs were linked against.
+# check_abi.sh check|accept BUILD LIBRARY BASELINE: the binary interface is what programs were linked
+# against. LIBRARY is libValueObject or libValueObjectText.
 #
 # The baseline records the exported functions, variables and types. `check` fails when one is gone or
 # changed, or when a name outside Varnix::Value is exported; `accept` records the interface anew.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 action=$1
-library=$2/libValueObject.so
-baseline=$3
+library=$2/$3.so
+baseline=$4
 
 if nm -DC --defined-only "$library" |
     sed -E 's/^[0-9a-f]* . //' |
-    grep -vE '^((typeinfo( name)?|vtable|VTT|(non-)?virtual thunk|construction vtable) (for|to) )?Varnix::Value::|^ValueObject_[0-9]+$'; then
-    echo 'The names above are exported, but are not of Varnix::Value: see cmake/exports.map.'
+    grep -vE '^((typeinfo( name)?|vtable|VTT|(non-)?virtual thunk|construction vtable) (for|to) )?Varnix::Value::|^ValueObject(Text)?_[0-9]+$'; then
+    echo 'The names above are exported, but are not of Varnix::Value: see cmake/exports*.map.'
     exit 1
 fi
 
@@ -35,7 +36,7 @@ if (( status != 0 )); then
     printf '%s\n\n' "$difference"
     echo 'The binary interface has changed in a way that breaks programs built before.'
     echo 'Undo the change; or, where it is meant, raise the major version in CMakeLists.txt (and with it'
-    echo 'the SONAME), rename the version in cmake/exports.map, and record the new interface: ./dev accept-abi'
+    echo 'the SONAME), rename the version in cmake/exports*.map, and record the new interface: ./dev accept-abi'
     exit 1
 fi
 added=$(abidiff "$baseline" "$current") || true

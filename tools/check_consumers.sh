@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # check_consumers.sh BUILD SHARED: projects of other people build and run against the library.
 #
-# Each is the README's program, built outside this tree: by find_package and by pkg-config from what
+# They are the README's program and one that reads texts, built outside this tree: by find_package and by pkg-config from what
 # BUILD installs, moved to another place first, and by add_subdirectory from the sources. SHARED is ON
 # or OFF, as BUILD was configured.
 set -euo pipefail
@@ -21,30 +21,36 @@ if grep -rIl -e "$source" -e "$place" "$installed"; then
     echo 'check_consumers: these installed files hold a path of this machine'
     exit 1
 fi
-if [[ $shared == ON ]] && readelf -d "$libraries/libValueObject.so" | grep -E 'RPATH|RUNPATH'; then
-    echo 'check_consumers: the installed library has a run path'
-    exit 1
-fi
+for library in libValueObject.so libValueObjectText.so; do
+    if [[ $shared == ON ]] && readelf -d "$libraries/$library" | grep -E 'RPATH|RUNPATH'; then
+        echo "check_consumers: the installed $library has a run path"
+        exit 1
+    fi
+done
 
 expect_output() {
-    LD_LIBRARY_PATH=$libraries "$1" | diff -u "$source/examples/expected/readme.txt" -
+    LD_LIBRARY_PATH=$libraries "$1/consumer" | diff -u "$source/examples/expected/readme.txt" -
+    LD_LIBRARY_PATH=$libraries "$1/text_consumer" '30 dBm [29, 31]' | diff -u <(echo '30 dBm is a power') -
 }
 
 cmake_consumer() {
     local way=$1
     shift
     cmake -S "tests/consumers/$way" -B "$place/$way" -G Ninja -DPROGRAM="$source/examples/readme.cpp" \
-        -DBUILD_SHARED_LIBS="$shared" "$@" > /dev/null
+        -DTEXT_PROGRAM="$source/tests/consumers/text_consumer.cpp" -DBUILD_SHARED_LIBS="$shared" "$@" > /dev/null
     cmake --build "$place/$way" > /dev/null
-    expect_output "$place/$way/consumer"
+    expect_output "$place/$way"
 }
 
 cmake_consumer find_package -DCMAKE_PREFIX_PATH="$installed"
 cmake_consumer add_subdirectory -DVALUE_OBJECT="$source"
 
 export PKG_CONFIG_PATH=$libraries/pkgconfig
+mkdir "$place/pkg_config"
 read -ra flags < <(pkg-config --cflags --libs ValueObject)
-g++ -std=c++17 examples/readme.cpp "${flags[@]}" -o "$place/with_pkg_config"
-expect_output "$place/with_pkg_config"
+g++ -std=c++17 examples/readme.cpp "${flags[@]}" -o "$place/pkg_config/consumer"
+read -ra flags < <(pkg-config --cflags --libs ValueObjectText)
+g++ -std=c++17 tests/consumers/text_consumer.cpp "${flags[@]}" -o "$place/pkg_config/text_consumer"
+expect_output "$place/pkg_config"
 
 echo "find_package, add_subdirectory and pkg-config work (shared: $shared)"

@@ -37,13 +37,18 @@ done
 step 'asking lintian'
 lintian --allow-root --fail-on error build/packages/*.deb
 
-# What lies below FOLDER runs the README's program, built with COMPILER and run by the rest.
+# What lies below FOLDER runs the README's program and one that reads texts, built with COMPILER, and
+# the tool; the rest runs them.
 expect_program_below() {
     local folder=$1 triplet=$2 compiler=$3
     shift 3
     "$compiler" -std=c++17 examples/readme.cpp -I"$folder/usr/include" -L"$folder/usr/lib/$triplet" -lValueObject \
         -o "$place/program"
     "$@" "$place/program" | diff -u examples/expected/readme.txt -
+    "$compiler" -std=c++17 tests/consumers/text_consumer.cpp -I"$folder/usr/include" -L"$folder/usr/lib/$triplet" \
+        -lValueObjectText -lValueObject -o "$place/program"
+    "$@" "$place/program" '30 dBm' | diff -u <(echo '30 dBm is a power') -
+    "$@" "$folder/usr/bin/value-object" convert '30 dBm' W | diff -u <(echo '1 W') -
 }
 
 step 'installing those of amd64 into an empty root'

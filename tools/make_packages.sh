@@ -14,14 +14,26 @@ umask 022
 mkdir -p "$to"
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
+version=$(sed -nE 's/^set\(CPACK_PACKAGE_VERSION "(.*)"\)$/\1/p' "$build/CPackConfig.cmake")
+library="libvalueobject${version%%.*} (>= $version)"
+libraries="$library, libvalueobjecttext${version%%.*} (>= $version)"
+tool=()
+if [[ -e $build/value-object ]]; then
+    tool=(-D CPACK_DEBIAN_TOOL_PACKAGE_DEPENDS="$(tools/debian_depends.sh "$build/value-object"), $libraries")
+fi
 cpack --config "$build/CPackConfig.cmake" -B "$work" \
-    -D CPACK_DEBIAN_RUNTIME_PACKAGE_DEPENDS="$(tools/debian_depends.sh "$build/libValueObject.so")" > "$work/log" ||
+    -D CPACK_DEBIAN_RUNTIME_PACKAGE_DEPENDS="$(tools/debian_depends.sh "$build/libValueObject.so")" \
+    -D CPACK_DEBIAN_TEXT_RUNTIME_PACKAGE_DEPENDS="$(tools/debian_depends.sh "$build/libValueObjectText.so"), $library" \
+    "${tool[@]}" > "$work/log" ||
     { cat "$work/log"; exit 1; }
 
-# CPack 3.25 has no setting for this field: packages of several processors may be installed together.
+# CPack 3.25 has no setting for this field: libraries of several processors may be installed together,
+# and one tool serves programs of every processor.
 for package in "$work"/*.deb; do
     dpkg-deb -R "$package" "$work/content"
-    sed -i '/^Architecture:/a Multi-Arch: same' "$work/content/DEBIAN/control"
+    multi_arch=same
+    [[ ${package##*/} != value-object_* ]] || multi_arch=foreign
+    sed -i "/^Architecture:/a Multi-Arch: $multi_arch" "$work/content/DEBIAN/control"
     dpkg-deb --root-owner-group -b "$work/content" "$to/${package##*/}" > "$work/log"
     rm -rf "$work/content"
 done

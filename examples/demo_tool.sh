@@ -1,0 +1,26 @@
+#!/usr/bin/env bash
+# demo_tool.sh PROGRAM...: what the command-line tool does, shown by running it.
+set -euo pipefail
+tool=("$@")
+
+show() {
+    printf '\n$ value-object'
+    local text
+    for text in "$@"; do
+        [[ $text == *[\ *\<\>]* ]] && printf " '%s'" "$text" || printf ' %s' "$text"
+    done
+    echo
+    "${tool[@]}" "$@" 2>&1 || echo "(exit status $?)"
+}
+
+show convert '30 dBm [29, 31]' W
+show convert '5.0 ± 0.1 V' mV --format p
+show convert '10 W' V --with '2 A'
+show compute '60 mph * 2 s'
+show compute '30 dBm >= 1 W'
+show convert '5 m' m/s
+show convert '5 pinch' m
+printf '\n$ printf "1\\n2.5\\n" | value-object convert --from ft --to m\n'
+printf '1\n2.5\n' | "${tool[@]}" convert --from ft --to m
+printf '\n$ value-object convert --csv --column temp=degC:K < log.csv\n'
+printf 'time,temp,note\n1,20,"ok, warm"\n2,-40,cold\n' | "${tool[@]}" convert --csv --column temp=degC:K

@@ -1,0 +1,139 @@
+// ValueObject text: units, quantities and numbers from text, strictly.
+//
+// A text means one thing or is refused, with the position, what was expected there, and the nearest
+// known unit. docs/text.md is the account of the notation.
+//
+//     #include <varnix/value/Text_parsing.h>
+//     #include <iostream>
+//     using namespace Varnix::Value;
+//
+//     Units const speed = Parse_unit("km/h");                                  // C_Kmph
+//     Value_object<double> const level = Parse_quantity("30 dBm [29, 31]");    // bounds 29 and 31
+//     if (auto const length = Try_parse_quantity("5 pinch")) {
+//         std::cout << length->Get_value() << '\n';
+//     } else {
+//         std::cout << length.Get_fault().position << ": " << length.Get_fault().message << '\n';
+//     }
+//
+// What holds for every function here: nothing depends on the locale; a text may be up to
+// `Longest_text` bytes long and is UTF-8; the time taken is linear in its length; no memory is
+// allocated on success, but by the first call in a program, which gathers the names of the units,
+// and for uncertain digits, "5.00(3)". std::bad_alloc may come out of any of them, where there is
+// no memory for that or for a fault.
+//
+// Mind the prefix, which belongs to the whole unit in this library: "km^2" is a thousand square
+// metres, as the library prints it; "(km)^2" is a million of them.
+//
+// Threads: there is no shared state that changes; any number of threads may call at once.
+
+#ifndef VARNIX_VALUE_TEXT_PARSING_H
+#define VARNIX_VALUE_TEXT_PARSING_H
+
+#include <varnix/value/Units.h>
+#include <varnix/value/Value_object.h>
+#include <varnix/value/exceptions.h>
+#include <varnix/value/text_export.h>
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <variant>
+
+namespace Varnix::Value {
+
+/// How many bytes a text may have. Longer ones are refused unread.
+constexpr std::size_t Longest_text = 65536;
+
+/// Why a text was refused.
+struct Text_fault {
+    std::size_t position;   ///< in bytes: the first that cannot be accepted; the text's size if it
+                            ///< ended too early
+    std::string message;    ///< what was expected and what was found: one line, no full stop
+    std::string suggestion; ///< the nearest known unit as a text that can be read, or empty
+};
+
+/// A text that cannot be read. `what()` tells position, message and suggestion.
+class VARNIX_VALUE_TEXT_EXPORT TextNotValid final : public virtual OperationNotValid {
+  public:
+    explicit TextNotValid(Text_fault const& fault_); ///< @throws std::bad_alloc
+    TextNotValid(TextNotValid const& other) noexcept;
+    TextNotValid& operator=(TextNotValid const& other) noexcept;
+    ~TextNotValid() override;
+
+    /// The parts of the message. The reference stays valid as long as the object or a copy of it.
+    Text_fault const& Get_fault() const noexcept { return *fault; }
+
+  private:
+    std::shared_ptr<Text_fault const> fault; // shared, so that copying cannot fail
+};
+
+/// Throws `TextNotValid` with `fault`.
+[[noreturn]] VARNIX_VALUE_TEXT_EXPORT void Throw_text_not_valid(Text_fault const& fault);
+
+/// What a text was read as, or why it was refused.
+template <typename T>
+class Parse_result {
+  public:
+    Parse_result(T value) : content(std::in_place_index<0>, std::move(value)) {}
+    Parse_result(Text_fault fault) : content(std::in_place_index<1>, std::move(fault)) {}
+
+    /// Whether there is a value.
+    explicit operator bool() const noexcept { return content.index() == 0; }
+
+    /// The value. @throws TextNotValid with the fault, if there is none.
+    T const& operator*() const {
+        if (content.index() != 0) {
+            Throw_text_not_valid(std::get<1>(content));
+        }
+        return std::get<0>(content);
+    }
+
+    /// The value's members. @throws as `operator*`
+    T const* operator->() const { return &**this; }
+
+    /// Why there is no value. @throws std::bad_variant_access if there is one.
+    Text_fault const& Get_fault() const { return std::get<1>(content); }
+
+  private:
+    std::variant<T, Text_fault> content;
+};
+
+/// Which numbers are read besides decimal ones ("5", "-0.5", "+.5e-3").
+struct Number_forms {
+    bool hexadecimal = false; ///< "0x1.8p3", which is 12
+    bool not_finite = false;  ///< "inf", "infinity", "nan", in upper or lower case, with a sign
+};
+
+/// The unit that `text` names: "km/h", "V^2/ohm", "dBm", "milli(inches)". In canonical order.
+/// @throws TextNotValid for any text that is not a unit, the empty one included.
+VARNIX_VALUE_TEXT_EXPORT Units Parse_unit(std::string_view text);
+
+/// A number, with or without bounds, in a unit: "30 dBm", "30 dBm [29, 31]", "5.0 ± 0.1 V",
+/// "5.0 +0.2/-0.1 V", "5.00(3) V". Without unit it is in C_Empty; without bounds both equal the
+/// value. Bounds in brackets are numbers in the unit of the value and come out as they stand; a
+/// deviation is subtracted and added in double arithmetic.
+/// @throws TextNotValid for any other text; for numbers beyond the range of double, or that would
+///         become zero; for a lower bound above the upper one.
+VARNIX_VALUE_TEXT_EXPORT Value_object<double> Parse_quantity(std::string_view text,
+                                                             Number_forms forms = {});
+
+/// A number alone: the nearest double.
+/// @throws TextNotValid as `Parse_quantity`.
+VARNIX_VALUE_TEXT_EXPORT double Parse_number(std::string_view text, Number_forms forms = {});
+
+/// As `Parse_unit`, with the fault in the result instead of thrown.
+VARNIX_VALUE_TEXT_EXPORT Parse_result<Units> Try_parse_unit(std::string_view text);
+
+/// As `Parse_quantity`, with the fault in the result instead of thrown.
+VARNIX_VALUE_TEXT_EXPORT Parse_result<Value_object<double>>
+Try_parse_quantity(std::string_view text, Number_forms forms = {});
+
+/// As `Parse_number`, with the fault in the result instead of thrown.
+VARNIX_VALUE_TEXT_EXPORT Parse_result<double> Try_parse_number(std::string_view text,
+                                                               Number_forms forms = {});
+
+} // namespace Varnix::Value
+
+#endif

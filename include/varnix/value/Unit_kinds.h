@@ -1,0 +1,59 @@
+// ValueObject text: the physical kinds of units, and which units there are.
+//
+// The core's rules let some conversions through that change the kind of a quantity: 5 m becomes
+// 5 m/s, because a slot that is empty on one side is ignored. `Same_kind` asks the strict question
+// beforehand, and `Kind_name` gives the words for a message.
+//
+//     #include <varnix/value/Unit_kinds.h>
+//     using namespace Varnix::Value;
+//
+//     bool const powers = Same_kind(C_Volt2PerOhms, C_DBmW);      // true
+//     bool const lengths = Same_kind(C_Meter, C_MeterPerSecond);  // false, though the core
+//     converts std::string const kind = Kind_name(C_Kmph);                 // "length/time"
+//
+// Threads: every function is pure; any number of threads may call them at once.
+
+#ifndef VARNIX_VALUE_UNIT_KINDS_H
+#define VARNIX_VALUE_UNIT_KINDS_H
+
+#include <varnix/value/Units.h>
+#include <varnix/value/text_export.h>
+
+#include <string>
+#include <vector>
+
+namespace Varnix::Value {
+
+/// Whether two units measure the same physical kind: equal dimensions with equal powers, once a
+/// power is written as voltage times current and a resistance as voltage over current.
+///
+/// Prefix, decibel marker, and the choice among units of one dimension do not count: km and ft, °C
+/// and K, dBm and V^2/ohm are of one kind. Angles and ratios count as a dimension of their own:
+/// rad/s is not Hz, and % is not a plain number. C_DB and C_Empty are both plain.
+/// @throws UnitNotDefined for a unit code without a catalogue row.
+VARNIX_VALUE_TEXT_EXPORT bool Same_kind(Units const& first, Units const& second);
+
+/// The kind in words, for messages: "length", "length/time", "power", "1/time", "plain number",
+/// "plain ratio" for C_DB. Units of different kinds have different texts.
+/// @throws UnitNotDefined for a unit code without a catalogue row.
+VARNIX_VALUE_TEXT_EXPORT std::string Kind_name(Units const& unit);
+
+/// One of the constants of <varnix/value/Units.h>. Its texts are those of `Get_unit_string`.
+struct Named_unit {
+    Units unit;           ///< a copy of the constant
+    char const* constant; ///< how it is called: "C_Meter". Lives as long as the program
+};
+
+/// The named units, in the order of <varnix/value/Units.h>.
+VARNIX_VALUE_TEXT_EXPORT std::vector<Named_unit> Named_units();
+
+/// The units of the catalogue, each as a descriptor of its first power, in the order of their
+/// codes.
+VARNIX_VALUE_TEXT_EXPORT std::vector<Units> Catalogue_units();
+
+/// The prefixes, from pico to yotta and from kibi to yobi; NO_PREFIX is not among them.
+VARNIX_VALUE_TEXT_EXPORT std::vector<SI_units> Prefixes();
+
+} // namespace Varnix::Value
+
+#endif

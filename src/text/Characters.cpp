@@ -1,0 +1,156 @@
+#include "Characters.h"
+
+#include <array>
+
+namespace Varnix::Value {
+
+namespace {
+
+using Kind = Character_kind;
+
+// What a lead byte says: how many bytes follow it, and the least code point that needs as many.
+struct Lead {
+    std::uint8_t size;
+    std::uint32_t bits;
+    std::uint32_t least;
+};
+
+Lead Lead_of(unsigned char byte) {
+    return (byte & 0xE0U) == 0xC0U   ? Lead{2, byte & 0x1FU, 0x80}
+           : (byte & 0xF0U) == 0xE0U ? Lead{3, byte & 0x0FU, 0x800}
+           : (byte & 0xF8U) == 0xF0U ? Lead{4, byte & 0x07U, 0x10000}
+                                     : Lead{0, 0, 0};
+}
+
+struct Decoded {
+    std::uint32_t code_point;
+    std::uint8_t size; // 0 for what is not UTF-8
+};
+
+Decoded Decode(std::string_view text) {
+    Lead const lead = Lead_of(static_cast<unsigned char>(text[0]));
+    if (lead.size == 0 || text.size() < lead.size) {
+        return {0, 0};
+    }
+    std::uint32_t code_point = lead.bits;
+    for (char const character : text.substr(1, lead.size - 1U)) {
+        auto const byte = static_cast<unsigned char>(character);
+        if ((byte & 0xC0U) != 0x80U) {
+            return {0, 0};
+        }
+        code_point = code_point << 6U | (byte & 0x3FU);
+    }
+    bool const surrogate = code_point >= 0xD800 && code_point < 0xE000;
+    bool const valid = code_point >= lead.least && code_point < 0x110000 && !surrogate;
+    return {code_point, valid ? lead.size : std::uint8_t{0}};
+}
+
+Character Raised(std::uint8_t size, std::uint32_t value) {
+    return {Kind::raised, size, static_cast<std::int8_t>(value)};
+}
+
+// clang-format off
+Character Kind_of(Decoded const& decoded) {
+    std::uint32_t const code = decoded.code_point;
+    std::uint8_t const size = decoded.size;
+    if (size == 0) {
+        return {Kind::invalid, 1, 0};
+    }
+    if ((code >= 0x2074 && code <= 0x2079) || code == 0x2070) {
+        return Raised(size, code - 0x2070);
+    }
+    switch (code) {
+    case 0x00B9: return Raised(size, 1);           // the first three stand apart from the others
+    case 0x00B2: return Raised(size, 2);
+    case 0x00B3: return Raised(size, 3);
+    case 0x207A: return Raised(size, '+');
+    case 0x207B: return Raised(size, '-');
+    case 0x00B7:                                   // middle dot
+    case 0x22C5: return {Kind::product, size, 0};  // dot operator
+    case 0x00B1: return {Kind::plus_minus, size, 0};
+    case 0x2212: return {Kind::minus, size, 0};
+    case 0x00A0:                                   // the blanks that typesetters put before a unit
+    case 0x2009:
+    case 0x202F: return {Kind::blank, size, 0};
+    default:     return {code < 0xA0 ? Kind::invalid : Kind::letter, size, 0};
+    }
+}
+
+constexpr Kind Ascii_kind(unsigned char byte) {
+    switch (byte) {
+    case ' ':
+    case '\t': return Kind::blank;
+    case '.':  return Kind::product;
+    case '*':  return Kind::star;
+    case '/':  return Kind::slash;
+    case '^':  return Kind::caret;
+    case '(':  return Kind::opening;
+    case ')':  return Kind::closing;
+    case '[':  return Kind::bracket;
+    case '+':  return Kind::plus;
+    case '%':
+    case '_':  return Kind::letter;
+    default:   break;
+    }
+    return (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z') ? Kind::letter
+           : byte >= '0' && byte <= '9'                                 ? Kind::digit
+           : byte < 0x20 || byte == 0x7F                                ? Kind::invalid
+                                                                        : Kind::other;
+}
+// clang-format on
+
+constexpr std::array<Kind, 128> Make_ascii_kinds() {
+    std::array<Kind, 128> kinds{};
+    for (unsigned char byte = 0; byte < 128; ++byte) {
+        kinds[byte] = Ascii_kind(byte);
+    }
+    return kinds;
+}
+
+} // namespace
+
+std::array<Kind, 128> const ascii_kinds = Make_ascii_kinds();
+
+Character Beyond_ascii(std::string_view text) {
+    return Kind_of(Decode(text));
+}
+
+std::size_t Skip_blanks(std::string_view text, std::size_t position) {
+    for (;;) {
+        Character const character = Character_at(text, position);
+        if (character.kind != Kind::blank) {
+            return position;
+        }
+        position += character.size;
+    }
+}
+
+std::string Described(std::string_view text, std::size_t position) {
+    Character const character = Character_at(text, position);
+    if (character.kind == Kind::text_end) {
+        return "the end of the text";
+    }
+    if (character.kind != Kind::invalid) {
+        return Quoted(text.substr(position, character.size));
+    }
+    static constexpr std::string_view digits = "0123456789ABCDEF";
+    auto const byte = static_cast<unsigned char>(text[position]);
+    std::string const number = {'0', 'x', digits[byte / 16U], digits[byte % 16U]};
+    return byte < 0x80 || character.size > 1 ? "the control character " + number
+                                             : "the byte " + number + ", which is not UTF-8";
+}
+
+std::string Quoted(std::string_view word) {
+    constexpr std::size_t longest = 32;
+    std::size_t end = 0;
+    while (end < word.size() && end < longest) {
+        Character const character = Character_at(word, end);
+        if (character.kind == Kind::invalid) {
+            break;
+        }
+        end += character.size;
+    }
+    return '\'' + std::string(word.substr(0, end)) + (end < word.size() ? "...'" : "'");
+}
+
+} // namespace Varnix::Value

@@ -1,0 +1,385 @@
+// Quantities as text.
+//
+// Every number is written by std::to_chars, which rounds from the exact value and knows no locale.
+// What is decided here is the decimal place at which a number ends, and in which notation; the two
+// distances of a ± are written to the place and in the notation of the value.
+
+#include <varnix/value/Text_formatting.h>
+
+#include <varnix/value/Text_parsing.h>
+#include <varnix/value/Units_library.h>
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <cstring>
+#include <optional>
+#include <ostream>
+
+namespace Varnix::Value {
+
+namespace {
+
+using Quantity = Value_object<double>;
+
+bool Same_bits(double left, double right) {
+    return std::memcmp(&left, &right, sizeof left) == 0;
+}
+
+bool Same_unit(Units const& left, Units const& right) {
+    return Units_library::Compare_units_DB(left, right, true);
+}
+
+// The three numbers with the bounds in ascending order.
+struct Numbers {
+    explicit Numbers(Quantity const& quantity)
+        : value(quantity.Get_value()), lower(quantity.Get_minus_err()),
+          upper(quantity.Get_plus_err()) {
+        if (lower > upper) {
+            std::swap(lower, upper);
+        }
+    }
+
+    double value;
+    double lower;
+    double upper;
+};
+
+bool Has_bounds(Numbers const& numbers) {
+    bool const nothing =
+        std::isnan(numbers.value) && std::isnan(numbers.lower) && std::isnan(numbers.upper);
+    return !nothing &&
+           !(Same_bits(numbers.value, numbers.lower) && Same_bits(numbers.value, numbers.upper));
+}
+
+// ---- Numbers
+
+constexpr int count_limit = 100;
+
+// The longest text: the 309 digits of the largest number, a sign, a point and the decimals.
+using Number_text = std::array<char, 320 + count_limit>;
+
+std::string Shortest(double number) {
+    if (std::isnan(number)) {
+        return "nan"; // a sign would say nothing and could not be read back
+    }
+    Number_text text;
+    return {text.data(), std::to_chars(text.data(), text.data() + text.size(), number).ptr};
+}
+
+std::string Written(double number, std::chars_format notation, int decimals) {
+    if (!std::isfinite(number)) {
+        return Shortest(number);
+    }
+    Number_text text;
+    return {text.data(), std::to_chars(text.data(), text.data() + text.size(), number, notation,
+                                       std::clamp(decimals, 0, count_limit))
+                             .ptr};
+}
+
+// The power of ten of the first digit, once `number` is rounded to `digits` significant ones.
+int Exponent_of(double number, int digits) {
+    std::string const text = Written(number, std::chars_format::scientific, digits - 1);
+    std::size_t const sign = text.find('e') + 1;
+    int exponent = 0;
+    std::from_chars(text.data() + sign + 1, text.data() + text.size(), exponent);
+    return text[sign] == '-' ? -exponent : exponent;
+}
+
+// Where a number ends: at the digit of 10^place, written out or with an exponent.
+struct Ending {
+    int place;
+    bool with_exponent;
+};
+
+// Numbers that end above the units are written out with zeros up to this place.
+constexpr int highest_written_place = 14;
+
+std::string Written(double number, Ending const& ending) {
+    if (!std::isfinite(number)) {
+        return Shortest(number);
+    }
+    if (ending.with_exponent) {
+        int const decimals = number == 0.0 ? 0 : Exponent_of(number, 1) - ending.place;
+        return Written(number, std::chars_format::scientific, decimals);
+    }
+    if (ending.place <= 0) {
+        return Written(number, std::chars_format::fixed, -ending.place);
+    }
+    // 10^place is exact up to 22, so that the quotient is rounded once.
+    std::string const text =
+        Written(number / std::pow(10.0, ending.place), std::chars_format::fixed, 0);
+    bool const zero = text == "0" || text == "-0";
+    return zero ? text : text + std::string(static_cast<std::size_t>(ending.place), '0');
+}
+
+Ending Significant_ending(double number, int count) {
+    int const exponent = number == 0.0 ? 0 : Exponent_of(number, count);
+    return {exponent - (count - 1), exponent < -5 || exponent >= count};
+}
+
+// Down to the second significant digit of half the distance of the bounds.
+std::optional<Ending> Ending_by_bounds(Numbers const& numbers) {
+    double const half = numbers.upper / 2 - numbers.lower / 2;
+    if (!std::isfinite(half) || half <= 0.0 || !std::isfinite(numbers.value)) {
+        return std::nullopt;
+    }
+    int const place = Exponent_of(half, 2) - 1;
+    bool const large =
+        numbers.value != 0.0 && Exponent_of(numbers.value, 1) > highest_written_place;
+    return Ending{place, large || place > highest_written_place || place < -count_limit};
+}
+
+// Where the value ends; nothing for the shortest digits.
+std::optional<Ending> Ending_of(Numbers const& numbers, Text_format const& format) {
+    switch (format.digits) {
+    case Digits::significant:
+        return std::isfinite(numbers.value)
+                   ? std::optional(Significant_ending(numbers.value,
+                                                      std::clamp(format.count, 1, count_limit)))
+                   : std::nullopt;
+    case Digits::decimals:
+        return Ending{-std::clamp(format.count, 0, count_limit), false};
+    case Digits::by_bounds:
+        return Ending_by_bounds(numbers);
+    case Digits::shortest:
+        break;
+    }
+    return std::nullopt;
+}
+
+// A number by itself: significant digits are counted in each number from its own first one.
+std::string Written_alone(double number, std::optional<Ending> const& ending,
+                          Text_format const& format) {
+    if (!ending || !std::isfinite(number)) {
+        return Shortest(number);
+    }
+    if (format.digits == Digits::significant) {
+        return Written(number,
+                       Significant_ending(number, std::clamp(format.count, 1, count_limit)));
+    }
+    return Written(number, *ending);
+}
+
+// ---- Bounds
+
+// The shortest distance that gives exactly the bounds when it is taken from and added to the value.
+std::optional<std::string> Exact_distance(Numbers const& numbers) {
+    double const distance = numbers.upper - numbers.value;
+    if (!std::isfinite(distance) || !(distance > 0.0)) {
+        return std::nullopt;
+    }
+    for (int decimals = 0; decimals <= 16; ++decimals) {
+        std::string const rounded = Written(distance, std::chars_format::scientific, decimals);
+        double candidate = 0.0;
+        std::from_chars(rounded.data(), rounded.data() + rounded.size(), candidate);
+        if (Same_bits(numbers.value - candidate, numbers.lower) &&
+            Same_bits(numbers.value + candidate, numbers.upper)) {
+            return Shortest(candidate);
+        }
+    }
+    return std::nullopt;
+}
+
+// The distance that stands after ±; nothing where the two differ or the value is outside.
+std::optional<std::string> Distance(Numbers const& numbers, std::optional<Ending> const& ending) {
+    if (!ending) {
+        return Exact_distance(numbers);
+    }
+    double const below = numbers.value - numbers.lower;
+    double const above = numbers.upper - numbers.value;
+    if (!std::isfinite(below) || !std::isfinite(above) || below < 0.0 || above < 0.0) {
+        return std::nullopt;
+    }
+    std::string distance = Written(above, *ending);
+    return distance == Written(below, *ending) ? std::optional(std::move(distance)) : std::nullopt;
+}
+
+// ---- Units
+
+std::string Spelled(Units const& unit, Unit_string_type spelling) {
+    return Units_library::Get_unit_string(unit, spelling);
+}
+
+bool Reads_back(std::string const& text, Units const& unit) {
+    auto const read = Try_parse_unit(text);
+    return read && Same_unit(*read, unit);
+}
+
+// The units with their powers, joined by "*".
+std::string Product(Units const& unit, Unit_string_type spelling, bool denominator) {
+    std::string text;
+    for (Unit_tuple tuple : unit.tuples) {
+        if (tuple.unit == NO_UNIT || (tuple.exponent < 0) != denominator) {
+            continue;
+        }
+        // The one power that has no positive counterpart stays negative, and is not read back.
+        tuple.exponent =
+            denominator && tuple.exponent != INT32_MIN ? -tuple.exponent : tuple.exponent;
+        text += text.empty() ? "" : "*";
+        text += Units_library::Get_unit_str_info_map({SPL_NONE, NO_PREFIX, {tuple}}, spelling);
+    }
+    return text;
+}
+
+// The units with every separator written: "m/(s*K)", "1/s".
+std::string Explicit_units(Units const& unit, Unit_string_type spelling) {
+    std::string const numerator = Product(unit, spelling, false);
+    std::string const denominator = Product(unit, spelling, true);
+    if (denominator.empty()) {
+        return numerator;
+    }
+    bool const several = denominator.find('*') != std::string::npos;
+    return (numerator.empty() ? "1" : numerator) + '/' +
+           (several ? '(' + denominator + ')' : denominator);
+}
+
+// The spellings to try, the nicest first; an empty one is none.
+std::array<std::string, 5> Spellings_of(Units const& unit, Unit_string_type spelling) {
+    std::string const prefix = Units_library::Get_unit_str_si_map(unit, spelling);
+    std::string const units = Explicit_units(unit, spelling);
+    std::string const joined = prefix + units;
+    std::string const apart = prefix + '(' + units + ')';
+    if (unit.spl_conv != SPL_DB) {
+        return {Spelled(unit, spelling), joined, apart, "", ""};
+    }
+    return {Spelled(unit, spelling), "dB" + joined, "dB(" + joined + ')', "dB" + apart,
+            "dB(" + apart + ')'};
+}
+
+} // namespace
+
+std::string Format_unit(Units const& unit, Unit_string_type spelling) {
+    bool const readable = spelling == STR_NAME || spelling == STR_SYMBOL;
+    for (int form = spelling; readable && form >= STR_NAME; --form) {
+        // Names serve where symbols do not: "min" is the minute, "m(in)" a metre, and
+        // "milliinches" thousandths of an inch.
+        for (std::string const& text : Spellings_of(unit, static_cast<Unit_string_type>(form))) {
+            if (!text.empty() && Reads_back(text, unit)) {
+                return text;
+            }
+        }
+    }
+    return Spelled(unit, spelling);
+}
+
+namespace {
+
+// ---- The prefix
+
+// The units that are written with the prefixes of powers of 1000.
+constexpr Units_list prefixed_units[] = {METER, SECOND, GRAM, WATT, VOLT, AMP, OHM, BIT, BYTE};
+
+constexpr SI_units engineering_prefixes[] = {PICO, NANO, MICRO, MILLI, NO_PREFIX, KILO, MEGA,
+                                             GIGA, TERA, PETA,  EXA,   ZETTA,     YOTTA};
+
+bool Takes_prefix(Units unit) {
+    bool const decimal = unit.si_prefix == NO_PREFIX || Units_library::Get_unit_base(unit) == 10.0;
+    unit.si_prefix = NO_PREFIX;
+    if (!decimal || unit.spl_conv == SPL_DB) {
+        return false;
+    }
+    Unit_tuple const& first = unit.tuples[0];
+    bool const alone = Same_unit(unit, {SPL_NONE, NO_PREFIX, {first}});
+    bool const listed = std::find(std::begin(prefixed_units), std::end(prefixed_units),
+                                  first.unit) != std::end(prefixed_units);
+    return Same_unit(unit, C_Hz) || (alone && listed && first.exponent == 1);
+}
+
+bool All_finite(Quantity const& quantity) {
+    return std::isfinite(quantity.Get_value()) && std::isfinite(quantity.Get_minus_err()) &&
+           std::isfinite(quantity.Get_plus_err());
+}
+
+// The number as it will be read: rounding may carry 999.99 to 1000.
+double As_shown(Quantity const& quantity, Text_format const& format) {
+    Numbers const numbers(quantity);
+    std::string const text = Written_alone(numbers.value, Ending_of(numbers, format), format);
+    double shown = 0.0;
+    std::from_chars(text.data(), text.data() + text.size(), shown);
+    return std::abs(shown);
+}
+
+// `number` times 10^exponent as a decimal number is shifted: 2.4e9 becomes 2.4, which a product
+// would miss by a bit.
+double Shifted(double number, int exponent) {
+    Number_text text;
+    auto const end = std::to_chars(text.data(), text.data() + text.size(), number,
+                                   std::chars_format::scientific);
+    std::string_view const written(text.data(), static_cast<std::size_t>(end.ptr - text.data()));
+    std::size_t const mark = written.find('e');
+    int own = 0;
+    std::from_chars(written.data() + mark + (written[mark + 1] == '+' ? 2 : 1), end.ptr, own);
+    std::string const shifted =
+        std::string(written.substr(0, mark + 1)) + std::to_string(own + exponent);
+    double result = std::copysign(number == 0.0 ? 0.0 : HUGE_VAL, number);
+    std::from_chars(shifted.data(), shifted.data() + shifted.size(), result);
+    return result;
+}
+
+Quantity With_prefix(Quantity const& quantity, SI_units prefix) {
+    Units unit = quantity.Get_unit();
+    int const exponent = unit.si_prefix - prefix;
+    unit.si_prefix = prefix;
+    return Quantity(Shifted(quantity.Get_value(), exponent), unit,
+                    Shifted(quantity.Get_minus_err(), exponent),
+                    Shifted(quantity.Get_plus_err(), exponent));
+}
+
+// The quantity with the largest prefix that leaves at least 1 before the point.
+Quantity With_engineering_prefix(Quantity const& quantity, Text_format const& format) {
+    if (!All_finite(quantity) || quantity.Get_value() == 0.0 ||
+        !Takes_prefix(quantity.Get_unit())) {
+        return quantity;
+    }
+    Quantity best = quantity;
+    bool found = false;
+    for (SI_units const prefix : engineering_prefixes) {
+        Quantity const candidate = With_prefix(quantity, prefix);
+        if (All_finite(candidate) && (!found || As_shown(candidate, format) >= 1.0)) {
+            best = candidate;
+            found = true;
+        }
+    }
+    return best;
+}
+
+// The value, the unit, and the bounds, each as the format has it.
+std::string Write_out(Quantity const& quantity, Text_format const& format) {
+    Numbers const numbers(quantity);
+    std::optional<Ending> const ending = Ending_of(numbers, format);
+    std::string const unit_text = Format_unit(quantity.Get_unit(), format.unit);
+    std::string const unit = unit_text.empty() ? "" : ' ' + unit_text;
+    if (format.bounds == Bounds_style::hidden || !Has_bounds(numbers)) {
+        return Written_alone(numbers.value, ending, format) + unit;
+    }
+    if (format.bounds == Bounds_style::symmetric) {
+        if (auto const distance = Distance(numbers, ending)) {
+            std::string const value =
+                ending ? Written(numbers.value, *ending) : Shortest(numbers.value);
+            return value + " ± " + *distance + unit;
+        }
+    }
+    return Written_alone(numbers.value, ending, format) + unit + " [" +
+           Written_alone(numbers.lower, ending, format) + ", " +
+           Written_alone(numbers.upper, ending, format) + ']';
+}
+
+} // namespace
+
+std::string Format(Value_object<double> const& quantity, Text_format const& format) {
+    return Write_out(
+        format.engineering_prefix ? With_engineering_prefix(quantity, format) : quantity, format);
+}
+
+std::string Format_number(double number, Text_format const& format) {
+    Numbers const numbers(Quantity(number, C_Empty, number, number));
+    return Written_alone(number, Ending_of(numbers, format), format);
+}
+
+std::ostream& operator<<(std::ostream& stream, Value_object<double> const& quantity) {
+    return stream << Format(quantity);
+}
+
+} // namespace Varnix::Value

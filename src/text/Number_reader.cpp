@@ -1,0 +1,101 @@
+#include "Number_reader.h"
+
+#include "Characters.h"
+
+#include <charconv>
+#include <cmath>
+#include <system_error>
+
+namespace Varnix::Value {
+
+namespace {
+
+using Kind = Character_kind;
+
+// A number without its sign.
+struct Magnitude {
+    std::size_t start;
+    bool negative;
+};
+
+Magnitude Skip_sign(std::string_view text, std::size_t position) {
+    Character const character = Character_at(text, position);
+    bool const hyphen = character.size == 1 && text[position] == '-';
+    bool const negative = hyphen || character.kind == Kind::minus;
+    bool const sign = negative || character.kind == Kind::plus;
+    return {position + (sign ? character.size : 0), negative};
+}
+
+char Lower_at(std::string_view text, std::size_t position) {
+    return position < text.size() ? static_cast<char>(text[position] | 0x20) : '\0';
+}
+
+bool Is_hexadecimal(std::string_view text, std::size_t start) {
+    return text.substr(start, 1) == "0" && Lower_at(text, start + 1) == 'x';
+}
+
+bool Is_not_finite(std::string_view text, std::size_t start) {
+    auto const is = [&](char const* word) {
+        return Lower_at(text, start) == word[0] && Lower_at(text, start + 1) == word[1] &&
+               Lower_at(text, start + 2) == word[2];
+    };
+    return is("inf") || is("nan");
+}
+
+// A comma between digits, or digits in groups: numbers of another notation.
+std::optional<Text_fault> Notation_fault(std::string_view text, std::size_t end) {
+    auto const digit_at = [&](std::size_t position) {
+        return Character_at(text, position).kind == Kind::digit;
+    };
+    char const next = end < text.size() ? text[end] : '\0';
+    if ((next == '_' || next == '\'') && digit_at(end + 1)) {
+        return Text_fault{end, "digits are written without separators", {}};
+    }
+    std::size_t const behind_blanks = Skip_blanks(text, end);
+    if (behind_blanks != end && digit_at(behind_blanks) &&
+        Character_at(text, Skip_blanks(text, behind_blanks + 1)).kind != Kind::slash) {
+        return Text_fault{behind_blanks, "digits are written without blanks between them", {}};
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+std::optional<Read_number_result> Read_number(std::string_view text, std::size_t position,
+                                              Number_forms forms,
+                                              std::optional<Text_fault>& fault) {
+    auto const [start, negative] = Skip_sign(text, position);
+    bool const hexadecimal = Is_hexadecimal(text, start);
+    bool const not_finite = Is_not_finite(text, start);
+    if (hexadecimal && !forms.hexadecimal) {
+        fault = Text_fault{start, "hexadecimal numbers are not read here", {}};
+        return std::nullopt;
+    }
+    if (not_finite && !forms.not_finite) {
+        fault = Text_fault{start, "numbers that are not finite are not read here", {}};
+        return std::nullopt;
+    }
+    std::size_t const digits = start + (hexadecimal ? 2 : 0);
+    char const* const last = text.data() + text.size();
+    double value = 0.0;
+    // A second sign would be read as well.
+    bool const second_sign = digits < text.size() && text[digits] == '-';
+    auto const [behind, error] =
+        std::from_chars(second_sign ? last : text.data() + digits, last, value,
+                        hexadecimal ? std::chars_format::hex : std::chars_format::general);
+    if (error == std::errc::invalid_argument) {
+        fault = Text_fault{digits, "expected a number, found " + Described(text, digits), {}};
+        return std::nullopt;
+    }
+    if (error == std::errc::result_out_of_range) {
+        fault = Text_fault{position, "the number is beyond the range of double", {}};
+        return std::nullopt;
+    }
+    auto const end = static_cast<std::size_t>(behind - text.data());
+    if ((fault = Notation_fault(text, end))) {
+        return std::nullopt;
+    }
+    return Read_number_result{negative ? -value : value, end};
+}
+
+} // namespace Varnix::Value

@@ -1,0 +1,54 @@
+// The commands of the tool. Each writes its results on `output`, reports what it refuses, and
+// returns the exit status.
+
+#ifndef VARNIX_VALUE_TOOL_COMMANDS_H
+#define VARNIX_VALUE_TOOL_COMMANDS_H
+
+#include "Reports.h"
+#include "Streams.h"
+#include "Strict_rules.h"
+
+#include <varnix/value/Text_formatting.h>
+
+#include <string>
+#include <vector>
+
+namespace Varnix::Value::Tool {
+
+// What the options of the commands say.
+struct Options {
+    Rules rules = Rules::strict;
+    bool json = false;       // one JSON object a line
+    bool keep_going = false; // go on after an input that is refused
+    Text_format format;      // of the results
+};
+
+// What `convert` converts. Texts are empty where they are not given.
+struct Conversion_request {
+    std::vector<std::string> quantities; // none: the lines of standard input
+    std::string from;                    // the unit of plain numbers
+    std::string to;
+    std::string with; // the second quantity of an electrical relation
+};
+
+// What `convert --csv` converts: each column is "NAME=FROM:TO".
+struct Table_request {
+    std::vector<std::string> columns;
+    char delimiter = ',';
+};
+
+Exit_status Convert_quantities(Conversion_request const& request, Options const& options,
+                               Output& output);
+Exit_status Convert_lines(Conversion_request const& request, Options const& options,
+                          Output& output);
+Exit_status Convert_table(Table_request const& request, Options const& options, Output& output);
+
+// `expression` is two quantities with an operator between them.
+Exit_status Compute(std::string const& expression, Options const& options, Output& output);
+
+// Lists the catalogue; `dimension` may be empty.
+Exit_status List_units(std::string const& dimension, Options const& options, Output& output);
+
+} // namespace Varnix::Value::Tool
+
+#endif

@@ -1,0 +1,60 @@
+// Numbers as text, in one unit, converted into another: the lines of a column and the cells of a
+// table.
+
+#ifndef VARNIX_VALUE_TOOL_NUMBER_CELLS_H
+#define VARNIX_VALUE_TOOL_NUMBER_CELLS_H
+
+#include "Commands.h"
+
+#include <charconv>
+#include <cmath>
+#include <string_view>
+
+namespace Varnix::Value::Tool {
+
+class Number_cells {
+  public:
+    // Prepares the conversion; a note on it goes to standard error.
+    // @throws Refusal where the conversion is refused
+    Number_cells(Units const& from, Units const& to, Options const& options);
+
+    // The number that the cell holds, converted; `cell` has no blanks around it.
+    // @throws Refusal where it holds none, or where the result is not finite
+    double Convert(std::string_view cell) const {
+        // Plain numbers take the short way; whatever else there may be is left to the reader.
+        double number = 0.0;
+        auto const end = std::from_chars(cell.data(), cell.data() + cell.size(), number);
+        if (end.ec != std::errc() || end.ptr != cell.data() + cell.size() ||
+            !std::isfinite(number)) {
+            number = Read(cell);
+        }
+        double const result = converter.Convert(number);
+        if (!std::isfinite(result)) {
+            Check(cell, result);
+        }
+        return result;
+    }
+
+    void Write(double result, Output& output) const {
+        if (shortest) {
+            output.Append(result);
+        } else {
+            output.Append(Format_number(result, format));
+        }
+    }
+
+    Units Target() const { return converter.Get_target(); }
+
+  private:
+    static double Read(std::string_view cell);
+    void Check(std::string_view cell, double result) const;
+
+    Value_converter<double> converter;
+    Rules rules;
+    Text_format format;
+    bool shortest;
+};
+
+} // namespace Varnix::Value::Tool
+
+#endif

@@ -1,0 +1,100 @@
+// Standard input and standard output in large blocks, and a progress bar for long inputs.
+
+#ifndef VARNIX_VALUE_TOOL_STREAMS_H
+#define VARNIX_VALUE_TOOL_STREAMS_H
+
+#include <charconv>
+#include <chrono>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Varnix::Value::Tool {
+
+// Standard output. What is appended is written when the buffer is full and when it is flushed; what
+// is left at the end of a command must be flushed, so that a failure is seen.
+class Output {
+  public:
+    Output();
+    Output(Output const&) = delete;
+    Output& operator=(Output const&) = delete;
+
+    void Append(std::string_view text) {
+        if (text.size() > buffer.size() - used) {
+            Make_room(text.size());
+        }
+        text.copy(buffer.data() + used, text.size());
+        used += text.size();
+    }
+
+    void Append(char byte) { Append(std::string_view(&byte, 1)); }
+
+    // The shortest digits that give back the same bits.
+    void Append(double number) {
+        if (buffer.size() - used < number_length) {
+            Make_room(number_length);
+        }
+        char* const begin = buffer.data() + used;
+        used += static_cast<std::size_t>(std::to_chars(begin, begin + number_length, number).ptr -
+                                         begin);
+    }
+
+    // Writes all that was appended. @throws Trouble where standard output does not take it.
+    void Flush();
+
+  private:
+    static constexpr std::size_t number_length = 32;
+
+    void Make_room(std::size_t length);
+
+    std::vector<char> buffer;
+    std::size_t used = 0;
+};
+
+// How far the input has been read, drawn on standard error where that is a terminal and standard
+// output is none, from one second after the start on.
+class Progress {
+  public:
+    Progress();
+    ~Progress();
+    Progress(Progress const&) = delete;
+    Progress& operator=(Progress const&) = delete;
+
+    void Advance(std::size_t bytes);
+
+  private:
+    void Draw() const;
+
+    bool wanted;
+    bool drawn = false;
+    std::uint64_t read = 0;
+    std::optional<std::uint64_t> size; // of the input, where it is a file
+    std::chrono::steady_clock::time_point next_drawing;
+};
+
+// Standard input. Bytes stay until they are consumed.
+class Input {
+  public:
+    Input();
+
+    // Reads on, unless at the end, and returns everything that has not been consumed.
+    // @throws Trouble where standard input cannot be read.
+    std::string_view Read_more();
+
+    void Consume(std::size_t bytes) { first += bytes; }
+    bool At_end() const { return at_end; }
+
+  private:
+    std::vector<char> buffer;
+    std::size_t first = 0; // the bytes [first, last) are there and not consumed
+    std::size_t last = 0;
+    bool at_end = false;
+    Progress progress;
+};
+
+} // namespace Varnix::Value::Tool
+
+#endif

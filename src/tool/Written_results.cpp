@@ -1,0 +1,73 @@
+#include "Written_results.h"
+
+#include <varnix/value/Text_parsing.h>
+
+#include <cmath>
+
+namespace Varnix::Value::Tool {
+
+Units Read_unit(std::string_view text) {
+    auto const unit = Try_parse_unit(text);
+    if (!unit) {
+        throw Refusal(unit.Get_fault(), text);
+    }
+    return *unit;
+}
+
+Quantity Read_quantity(std::string_view text) {
+    auto const quantity = Try_parse_quantity(text);
+    if (!quantity) {
+        throw Refusal(quantity.Get_fault(), text);
+    }
+    return *quantity;
+}
+
+Json Json_number(double number) {
+    return std::isfinite(number) ? Json(number) : Json(Format_number(number));
+}
+
+void Add_quantity(Json& object, Quantity const& quantity, Options const& options) {
+    Quantity const ordered = quantity;
+    object["value"] = Json_number(ordered.Get_value());
+    object["lower"] = Json_number(ordered.Get_minus_err());
+    object["upper"] = Json_number(ordered.Get_plus_err());
+    object["unit"] = Format_unit(ordered.Get_unit(), options.format.unit);
+}
+
+void Write(Json const& object, Output& output) {
+    output.Append(object.dump(-1, ' ', false, Json::error_handler_t::replace));
+    output.Append('\n');
+}
+
+void Write_result(std::string_view input, Quantity const& quantity, Options const& options,
+                  Output& output) {
+    if (options.json) {
+        Json object = {{"input", std::string(input)}};
+        Add_quantity(object, quantity, options);
+        Write(object, output);
+    } else {
+        output.Append(Format(quantity, options.format));
+        output.Append('\n');
+    }
+}
+
+void Write_refused(std::string_view input, Refusal const& refusal, Options const& options,
+                   Output& output) {
+    if (options.json) {
+        Write({{"input", std::string(input)}, {"error", refusal.what()}}, output);
+    } else {
+        output.Append(input);
+        output.Append('\n');
+    }
+}
+
+std::string_view Trimmed(std::string_view text) {
+    constexpr std::string_view blanks = " \t\r";
+    std::size_t const first = text.find_first_not_of(blanks);
+    if (first == std::string_view::npos) {
+        return {};
+    }
+    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+}
+
+} // namespace Varnix::Value::Tool

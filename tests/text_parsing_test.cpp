@@ -1,0 +1,293 @@
+// Units and quantities from text: the cases of cases/parsing.txt and cases/refused_texts.txt, what the
+// library itself prints, and texts that nobody writes by accident.
+
+#include "Case_notation.h"
+
+#include <varnix/value/text.h>
+
+#include <ctime>
+#include <fstream>
+#include <random>
+#include <vector>
+
+namespace Varnix::Value::Tests {
+namespace {
+
+static_assert(std::is_nothrow_copy_constructible_v<TextNotValid> && std::is_nothrow_copy_assignable_v<TextNotValid>);
+static_assert(std::is_base_of_v<OperationNotValid, TextNotValid> && std::is_convertible_v<TextNotValid*, std::exception*>);
+
+// ---- Cases
+
+// "\x00" in a case is one byte.
+std::string Unescaped(std::string const& text) {
+    std::string result;
+    for (std::size_t k = 0; k < text.size(); ++k) {
+        bool const escaped = text.compare(k, 2, "\\x") == 0;
+        result += escaped ? static_cast<char>(std::stoi(text.substr(k + 2, 2), nullptr, 16)) : text[k];
+        k += escaped ? 3 : 0;
+    }
+    return result;
+}
+
+struct Case {
+    std::string place; // file and line
+    std::string text;
+    std::string expected;
+};
+
+std::vector<Case> Cases_in(std::string const& name, std::string const& separator) {
+    std::vector<Case> cases;
+    std::ifstream file(std::string(VALUE_OBJECT_TEST_CASES) + '/' + name);
+    int number = 0;
+    for (std::string line; std::getline(file, line);) {
+        ++number;
+        std::size_t const end = line.rfind(separator);
+        if (!line.empty() && line[0] != '#') {
+            EXPECT_NE(end, std::string::npos) << name << ':' << number;
+            cases.push_back({name + ':' + std::to_string(number), Unescaped(line.substr(0, end)), line.substr(end + separator.size())});
+        }
+    }
+    return cases;
+}
+
+template <typename T>
+std::string Outcome(Parse_result<T> const& result) {
+    return result ? Written(*result) : "refused: " + result.Get_fault().message;
+}
+
+TEST(Parsing, Reads_the_texts_written_down) {
+    std::vector<Case> const cases = Cases_in("parsing.txt", " = ");
+    EXPECT_GT(cases.size(), 100U);
+    for (Case const& row : cases) {
+        bool const is_quantity = row.expected.find(' ') != std::string::npos;
+        EXPECT_EQ(is_quantity ? Outcome(Try_parse_quantity(row.text)) : Outcome(Try_parse_unit(row.text)), row.expected)
+            << row.place << ": " << row.text;
+        if (!is_quantity) {
+            EXPECT_EQ(Outcome(Try_parse_quantity("2 " + row.text)), "2 " + row.expected) << row.place;
+        }
+    }
+}
+
+std::string Refusal(Text_fault const& fault) {
+    return std::to_string(fault.position) + ": " + fault.message + (fault.suggestion.empty() ? "" : " -> " + fault.suggestion);
+}
+
+TEST(Parsing, Refuses_the_texts_written_down) {
+    std::vector<Case> const cases = Cases_in("refused_texts.txt", " ! ");
+    EXPECT_GT(cases.size(), 100U);
+    for (Case const& row : cases) {
+        bool const is_unit = row.text.compare(0, 5, "unit ") == 0;
+        std::string const text = row.text.substr(is_unit ? 5 : 0);
+        std::string const actual = is_unit ? Refusal(Try_parse_unit(text).Get_fault()) : Refusal(Try_parse_quantity(text).Get_fault());
+        EXPECT_EQ(actual, row.expected) << row.place << ": " << row.text;
+    }
+}
+
+// ---- What the library prints
+
+std::vector<std::string> Printed(Units const& unit) {
+    return {Units_library::Get_unit_string(unit, STR_SYMBOL), Units_library::Get_unit_string(unit, STR_NAME)};
+}
+
+TEST(Parsing, Reads_every_named_unit_as_it_is_printed) {
+    for (Named_constant const& constant : named_constants) {
+        for (std::string const& text : Printed(*constant.unit)) {
+            EXPECT_EQ(Outcome(Try_parse_quantity("-2.5 " + text)), "-2.5 " + Written(*constant.unit)) << constant.name << ": " << text;
+        }
+    }
+}
+
+// A prefix goes with every unit, and no text has two readings but for these.
+TEST(Parsing, Reads_every_prefix_on_every_unit) {
+    std::vector<std::string> others;
+    for (SI_units const prefix : Prefixes()) {
+        for (Units const& unit : Catalogue_units()) {
+            for (std::string const& text : Printed(Unit({unit.tuples[0]}, prefix))) {
+                Parse_result<Units> const result = Try_parse_unit(text);
+                if (!result || !(*result == Unit({unit.tuples[0]}, prefix))) {
+                    others.push_back(text + " " + Outcome(result).substr(0, 7));
+                }
+            }
+        }
+    }
+    EXPECT_EQ(others, (std::vector<std::string>{"nmi refused", "min C_Min", "db refused", "dB C_DB"}));
+}
+
+Units Random_compound(std::mt19937& random) {
+    std::vector<Units> const catalogue = Catalogue_units();
+    std::vector<SI_units> prefixes = Prefixes();
+    prefixes.resize(prefixes.size() * 2, NO_PREFIX);
+    Units unit = {random() % 8 == 0 ? SPL_DB : SPL_NONE, prefixes[random() % prefixes.size()], {}};
+    for (std::size_t count = 0; count < 1 + random() % Tuple_count; ++count) {
+        Units_list const code = catalogue[random() % catalogue.size()].tuples[0].unit;
+        auto const same = [&](Unit_tuple const& own) {
+            return own.unit != NO_UNIT && Units_library::Get_dimension(own.unit) == Units_library::Get_dimension(code);
+        };
+        int const power = static_cast<int>(random() % 7) - 3;
+        if (std::none_of(std::begin(unit.tuples), std::end(unit.tuples), same)) {
+            *std::find_if(std::begin(unit.tuples), std::end(unit.tuples),
+                          [](Unit_tuple const& own) { return own.unit == NO_UNIT; }) = {code, power == 0 ? 1 : power};
+        }
+    }
+    return Units_library::Arrange_tuple(unit);
+}
+
+// What is not read back is refused, or is what another unit is printed as: nothing is misread. Only
+// "ohms" is the name of the ohm wherever it stands, and never ohms times seconds.
+TEST(Parsing, Reads_compound_units_as_they_are_printed) {
+    std::mt19937 random(5); // the same in every run
+    int read_back = 0;
+    int alike = 0;
+    constexpr int count = 20000;
+    for (int k = 0; k < count; ++k) {
+        Units const unit = Random_compound(random);
+        std::string const text = Printed(unit)[random() % 2];
+        Parse_result<Units> const result = Try_parse_unit(text);
+        if (result && *result == unit) {
+            ++read_back;
+        } else if (result) {
+            std::vector<std::string> const texts = Printed(*result);
+            bool const printed_alike = std::count(texts.begin(), texts.end(), text) != 0;
+            EXPECT_TRUE(printed_alike || text.find("ohms") != std::string::npos)
+                << text << " is " << Written(unit) << " and not " << Written(*result);
+            ++alike;
+        }
+    }
+    EXPECT_GT(read_back, count * 95 / 100);
+    EXPECT_LT(alike, count / 100);
+}
+
+TEST(Parsing, Keeps_every_bit_of_numbers_and_bounds) {
+    std::mt19937_64 random(5);
+    for (int k = 0; k < 20000; ++k) {
+        double numbers[3];
+        for (double& number : numbers) {
+            do {
+                std::uint64_t const bits = random();
+                std::memcpy(&number, &bits, sizeof number);
+            } while (!std::isfinite(number));
+        }
+        auto const [lower, upper] = std::minmax(numbers[1], numbers[2]);
+        std::string const text = Written(numbers[0]) + " V [" + Written(lower) + ", " + Written(upper) + ']';
+        EXPECT_TRUE(Is(Parse_quantity(text), numbers[0], lower, upper, C_Volts)) << text;
+        EXPECT_TRUE(Same_bits(Parse_number(Written(numbers[0])), numbers[0]));
+    }
+}
+
+// ---- Forms of numbers, and failures
+
+TEST(Parsing, Reads_other_numbers_on_request) {
+    Number_forms const all = {true, true};
+    EXPECT_EQ(Parse_number(" 0x1.8p3 ", all), 12.0);
+    EXPECT_EQ(Parse_number("-0Xff", all), -255.0);
+    EXPECT_EQ(Parse_number("+Infinity", all), HUGE_VAL);
+    EXPECT_TRUE(std::isnan(Parse_number("nan", all)));
+    EXPECT_TRUE(Is(Parse_quantity("1 [-inf, inf] V", all), 1.0, -HUGE_VAL, HUGE_VAL, C_Volts));
+    for (char const* const text : {"0x", "0x-1", "--1", "+-1", "-", ".", "e5", "", " ", "0x1.8p3p", "in"}) {
+        EXPECT_FALSE(Try_parse_number(text, all)) << text;
+    }
+    for (char const* const text : {"0x1", "inf", "nan", "-Inf", "1e309", "1e-400", "1 V", "1.5.2", "1e5e5"}) {
+        EXPECT_FALSE(Try_parse_number(text)) << text;
+    }
+}
+
+TEST(Parsing, Throws_what_it_would_return) {
+    try {
+        (void)Parse_unit("m/pinch");
+        FAIL() << "nothing was thrown";
+    } catch (OperationNotValid const& failure) {
+        EXPECT_STREQ(failure.what(), "Value exception: Operation is not valid: Text is not valid: at position 2: the prefix 'p' goes with symbols, "
+                                     "and 'inch' is a name; did you mean 'picoinch'?");
+    }
+    TextNotValid first(Try_parse_unit("").Get_fault());
+    first = TextNotValid(Try_parse_unit("m/").Get_fault());
+    EXPECT_EQ(first.Get_fault().position, 2U);
+    EXPECT_THROW((void)*Try_parse_number("x"), TextNotValid);
+    EXPECT_THROW((void)Try_parse_number("1").Get_fault(), std::bad_variant_access);
+}
+
+// ---- Hostile texts
+
+std::string Repeated(std::string const& part, std::size_t count) {
+    std::string text;
+    for (std::size_t k = 0; k < count; ++k) {
+        text += part;
+    }
+    return text;
+}
+
+// Every text is refused, in a time that grows with its length and not with its square, which would be
+// seconds.
+TEST(Parsing, Refuses_hostile_texts_in_linear_time) {
+    for (std::string const part : {"(", "m(", "1/(",  "k(",   "m*",   "m/",    "mKs", "kV^2A", "gm", "m /", "[",  "m^9", "^",
+                                   "²", "dB", "\xC2", "\xFF", "n.mi", "milli", "9",   "-",     " ",  "+",   "5 ", "e"}) {
+        std::clock_t const start = std::clock();
+        for (std::size_t const size : {std::size_t{1000}, Longest_text - 6, std::size_t{1000000}}) {
+            std::string const text = Repeated(part, size / part.size());
+            EXPECT_FALSE(Try_parse_unit(text)) << part;
+            EXPECT_FALSE(Try_parse_unit("m/" + text)) << part;
+            EXPECT_FALSE(Try_parse_quantity("5 (" + text)) << part;
+            EXPECT_FALSE(Try_parse_quantity("5 [1," + text)) << part;
+        }
+        EXPECT_LT(std::clock() - start, CLOCKS_PER_SEC) << part;
+    }
+}
+
+TEST(Parsing, Survives_any_bytes) {
+    std::mt19937 random(5);
+    static constexpr char characters[] = "mkdBVAs/*.^()[],+-0123 \xC2\xB1\xB5\0n\xE2\x81\xBB";
+    std::string const alphabet(characters, sizeof characters - 1);
+    for (int k = 0; k < 200000; ++k) {
+        std::string text(random() % 16, ' ');
+        std::generate(text.begin(), text.end(), [&] { return alphabet[random() % alphabet.size()]; });
+        auto const result = Try_parse_quantity(text);
+        EXPECT_TRUE(result || (result.Get_fault().position <= text.size() && !result.Get_fault().message.empty())) << text;
+    }
+}
+
+// ---- Kinds
+
+TEST(Kinds, Tell_quantities_apart) {
+    struct Row {
+        Units first;
+        Units second;
+        bool same;
+        char const* names; // of the first and of the second
+    };
+    Row const rows[] = {
+        {C_Watts, C_VoltAmps, true, "power power"},
+        {C_Volt2PerOhms, C_DBmW, true, "power power"},
+        {C_Amps2Ohms, C_MegaWatts, true, "power power"},
+        {C_Ohms, Unit({{VOLT, 1}, {AMP, -1}}), true, "resistance resistance"},
+        {C_DgreeC, C_DgreeF, true, "temperature temperature"},
+        {C_Empty, C_DB, true, "plain number plain ratio"},
+        {C_Radian, C_Degree, true, "angle angle"},
+        {C_Meter, Unit({{METER, 1}, {SECOND, 0}}), true, "length length"},
+        {C_Meter, C_MeterPerSecond, false, "length length/time"},
+        {C_Volts, C_Watts, false, "voltage power"},
+        {C_Hz, C_Sec, false, "1/time time"},
+        {C_RadianPerSec, C_Hz, false, "angle/time 1/time"},
+        {C_Percent, C_Empty, false, "ratio plain number"},
+        {C_Bytes, C_Grams, false, "data size mass"},
+        {Unit({{WATT, 1}, {METER, -2}, {KELVIN, -1}}), Unit({{AMP, 2}, {SECOND, 1}}), false, "power/(length^2*temperature) current^2*time"},
+    };
+    for (Row const& row : rows) {
+        EXPECT_EQ(Same_kind(row.first, row.second), row.same) << row.names;
+        EXPECT_EQ(Same_kind(row.second, row.first), row.same) << row.names;
+        EXPECT_EQ(Kind_name(row.first) + ' ' + Kind_name(row.second), row.names);
+    }
+    EXPECT_THROW((void)Same_kind(C_Meter, Unit({{unknown_unit, 1}})), UnitNotDefined);
+}
+
+TEST(Kinds, Know_every_unit) {
+    EXPECT_EQ(Named_units().size(), std::size(named_constants));
+    for (std::size_t k = 0; k < std::size(named_constants); ++k) {
+        EXPECT_EQ(Named_units()[k].unit, *named_constants[k].unit);
+        EXPECT_STREQ(Named_units()[k].constant, named_constants[k].name);
+    }
+    EXPECT_EQ(Catalogue_units().size(), static_cast<std::size_t>(SYMBOL));
+    EXPECT_EQ(Prefixes().size(), 22U);
+}
+
+} // namespace
+} // namespace Varnix::Value::Tests
