@@ -438,7 +438,8 @@ bool Unit_reader::Read_marked_parentheses(Product& product) {
 // One special name of the core looks like a division: it is no unit Km, and stands alone.
 bool Is_special_text(std::string_view text, std::size_t position) {
     static std::string const special = Units_library::Get_unit_string(C_Kmph, STR_SYMBOL);
-    return text[position] == special[0] && text.substr(position) == special;
+    return text[position] == special[0] && Begins_with(text.substr(position), special) &&
+           Skip_blanks(text, position + special.size()) == text.size();
 }
 
 bool Unit_reader::Read_all(Units& unit) {
