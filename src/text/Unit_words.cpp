@@ -62,14 +62,14 @@ Alias const aliases[] = {
     {"ohm",               name_form,   &C_Ohms},        // the symbol as well
     {"symbol",            name_form,   &One_symbol},
     // Other symbols.
-    {"\u03A9",            symbol_form, &C_Ohms, true},        // Greek capital omega
-    {"\u2126",            symbol_form, &C_Ohms, true},        // ohm sign
+    {"\u03A9",            symbol_form, &C_Ohms, true},  // Greek capital omega
+    {"\u2126",            symbol_form, &C_Ohms, true},  // ohm sign
     {"\u00B0",            symbol_form, &C_Degree},
     {"degC",              symbol_form, &C_DgreeC},
     {"degF",              symbol_form, &C_DgreeF},
-    {"\u2103",            symbol_form, &C_DgreeC, true},      // one character for °C
+    {"\u2103",            symbol_form, &C_DgreeC, true}, // one character for °C
     {"\u2109",            symbol_form, &C_DgreeF, true},
-    {"\u212A",            symbol_form, &C_Kelvin, true},      // kelvin sign
+    {"\u212A",            symbol_form, &C_Kelvin, true}, // kelvin sign
     {"hr",                symbol_form, &C_Hrs},
     {"sec",               symbol_form, &C_Sec},
     {"mph",               symbol_form, &C_Mph},
