@@ -104,7 +104,6 @@ constexpr Other_text other_texts[] = {
     {"\u00B0K",  "K"},
     {"kph",      "km/h"},
     {"KPH",      "km/h"},
-    {"d",        "dy"},
     {"nautical", "nautical_miles"},
 };
 // clang-format on

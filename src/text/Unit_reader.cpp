@@ -454,7 +454,7 @@ bool Unit_reader::Read_all(Units& unit) {
     bool const decibels = Begins_with(text.substr(position), "dB");
     bool complete = false;
     if (decibels && (!Read_decibels(unit, complete) || complete)) {
-        return complete && !fault;
+        return complete;
     }
     Product product;
     bool const marked_parentheses = decibels && Next().kind == Kind::opening;

@@ -222,10 +222,13 @@ class Search {
     void Continue(std::size_t position, Word_form form, Dimension last, std::uint32_t dimensions) {
         std::string_view const rest = text.substr(position);
         for (Unit_word const& word : Words().Units_like(rest)) {
-            std::uint32_t const own = word.printed ? 1U << word.dimension : ~0U;
-            if ((dimensions & own) != 0 || !Begins_with(rest, word.text) ||
+            if (!word.run_together || !Begins_with(rest, word.text) ||
                 Common(form, word.form) == no_form ||
                 (order == Order::of_the_core && word.dimension <= last)) {
+                continue;
+            }
+            std::uint32_t const own = 1U << static_cast<std::uint32_t>(word.dimension);
+            if ((dimensions & own) != 0) {
                 continue;
             }
             Append(word, position + word.text.size(), Common(form, word.form), dimensions | own);
@@ -423,8 +426,11 @@ bool Read_several_in_any_order(std::string_view text, Group_place const& place, 
     }
     Search search(text, Order::any);
     search.From(place.position, NO_PREFIX, any_form);
+    if (search.Count() != 1) {
+        return false;
+    }
     reading = search.First();
-    return search.Count() == 1;
+    return true;
 }
 
 bool Read_letters(std::string_view text, Group_place const& place, Reading& reading,

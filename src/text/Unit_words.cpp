@@ -9,12 +9,13 @@ namespace Varnix::Value {
 
 namespace {
 
-// What people write besides the core's spellings. Each stands alone or after a prefix of its form,
-// but is not run together with other units: the core does not print it.
+// What people write besides the core's spellings. Each stands alone or after a prefix of its form.
+// Only other characters for a symbol are run together with other units, as the symbol is.
 struct Alias {
     char const* text;
     Word_form form;
     Units const* unit;
+    bool run_together = false;
 };
 
 // clang-format off
@@ -61,14 +62,14 @@ Alias const aliases[] = {
     {"ohm",               name_form,   &C_Ohms},        // the symbol as well
     {"symbol",            name_form,   &One_symbol},
     // Other symbols.
-    {"\u03A9",            symbol_form, &C_Ohms},        // Greek capital omega
-    {"\u2126",            symbol_form, &C_Ohms},        // ohm sign
+    {"\u03A9",            symbol_form, &C_Ohms, true},  // Greek capital omega
+    {"\u2126",            symbol_form, &C_Ohms, true},  // ohm sign
     {"\u00B0",            symbol_form, &C_Degree},
     {"degC",              symbol_form, &C_DgreeC},
     {"degF",              symbol_form, &C_DgreeF},
-    {"\u2103",            symbol_form, &C_DgreeC},      // one character for °C
-    {"\u2109",            symbol_form, &C_DgreeF},
-    {"\u212A",            symbol_form, &C_Kelvin},      // kelvin sign
+    {"\u2103",            symbol_form, &C_DgreeC, true}, // one character for °C
+    {"\u2109",            symbol_form, &C_DgreeF, true},
+    {"\u212A",            symbol_form, &C_Kelvin, true}, // kelvin sign
     {"hr",                symbol_form, &C_Hrs},
     {"sec",               symbol_form, &C_Sec},
     {"mph",               symbol_form, &C_Mph},
@@ -88,14 +89,14 @@ Prefix_alias const prefix_aliases[] = {
 // clang-format on
 
 void Append_spellings(std::vector<Unit_word>& words, Units const& unit, std::string const& symbol,
-                      std::string const& name, bool printed, Dimension dimension) {
+                      std::string const& name, bool run_together, Dimension dimension) {
     if (symbol == name) {
-        words.push_back(
-            {symbol, static_cast<Word_form>(symbol_form | name_form), printed, dimension, unit});
+        words.push_back({symbol, static_cast<Word_form>(symbol_form | name_form), run_together,
+                         dimension, unit});
         return;
     }
-    words.push_back({symbol, symbol_form, printed, dimension, unit});
-    words.push_back({name, name_form, printed, dimension, unit});
+    words.push_back({symbol, symbol_form, run_together, dimension, unit});
+    words.push_back({name, name_form, run_together, dimension, unit});
 }
 
 // The special names that are one word and carry no prefix: "kHz" is kilo with "Hz" all the same.
@@ -114,7 +115,7 @@ bool Precedes(Word const& left, Word const& right) {
     return left.text < right.text;
 }
 
-// A word that is both a name and a symbol becomes one, which is printed if one of the two is.
+// A word that is both a name and a symbol becomes one; the core's, which come first, count.
 void Merge_forms(std::vector<Unit_word>& words) {
     auto last = words.begin();
     for (auto word = last + 1; word != words.end(); ++word) {
@@ -149,7 +150,8 @@ Unit_words::Unit_words() {
         Append_special_name(units, named.unit);
     }
     for (Alias const& alias : aliases) {
-        units.push_back({alias.text, alias.form, false, NO_DIMENSION, *alias.unit});
+        units.push_back({alias.text, alias.form, alias.run_together,
+                         Dimension_of(alias.unit->tuples[0].unit), *alias.unit});
     }
     for (SI_units const prefix : Value::Prefixes()) {
         Units const unit = {SPL_NONE, prefix, {}};

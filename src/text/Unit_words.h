@@ -29,8 +29,8 @@ inline Word_form Common(Word_form first, Word_form second) {
 struct Unit_word {
     std::string text;
     Word_form form;
-    bool printed;        // the core prints it inside compound units; others stand alone
-    Dimension dimension; // of a printed word
+    bool run_together;   // with other units, as the core prints them; others stand alone
+    Dimension dimension; // of a word that may be run together
     Units unit;          // without prefix and marker
     Unit_word const* next_in_slot = nullptr; // of Unit_words' table
 };
