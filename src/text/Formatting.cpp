@@ -13,7 +13,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <cstring>
+#include <cstdint>
 #include <optional>
 #include <ostream>
 
@@ -23,8 +23,9 @@ namespace {
 
 using Quantity = Value_object<double>;
 
+// Zeros of both signs are two numbers here.
 bool Same_bits(double left, double right) {
-    return std::memcmp(&left, &right, sizeof left) == 0;
+    return left == right && std::signbit(left) == std::signbit(right);
 }
 
 bool Same_unit(Units const& left, Units const& right) {
@@ -225,7 +226,7 @@ std::string Product(Units const& unit, Unit_string_type spelling, bool denominat
 
 // The units with every separator written: "m/(s*K)", "1/s".
 std::string Explicit_units(Units const& unit, Unit_string_type spelling) {
-    std::string const numerator = Product(unit, spelling, false);
+    std::string numerator = Product(unit, spelling, false);
     std::string const denominator = Product(unit, spelling, true);
     if (denominator.empty()) {
         return numerator;

@@ -2,6 +2,7 @@
 
 #include <varnix/value/Text_parsing.h>
 
+#include <algorithm>
 #include <cmath>
 
 namespace Varnix::Value::Tool {
@@ -27,11 +28,12 @@ Json Json_number(double number) {
 }
 
 void Add_quantity(Json& object, Quantity const& quantity, Options const& options) {
-    Quantity const ordered = quantity;
-    object["value"] = Json_number(ordered.Get_value());
-    object["lower"] = Json_number(ordered.Get_minus_err());
-    object["upper"] = Json_number(ordered.Get_plus_err());
-    object["unit"] = Format_unit(ordered.Get_unit(), options.format.unit);
+    // The electrical relations leave the bounds as they come.
+    auto const [lower, upper] = std::minmax(quantity.Get_minus_err(), quantity.Get_plus_err());
+    object["value"] = Json_number(quantity.Get_value());
+    object["lower"] = Json_number(lower);
+    object["upper"] = Json_number(upper);
+    object["unit"] = Format_unit(quantity.Get_unit(), options.format.unit);
 }
 
 void Write(Json const& object, Output& output) {

@@ -133,19 +133,24 @@ void Add_units(CLI::App& tool, Arguments& arguments) {
     command.add_flag("--json", arguments.options.json, "One JSON object a line");
 }
 
-// "-40 degC" would be taken for options. A blank in front keeps it an argument; readers skip it.
+// "-40 degC" would be taken for an option, and "[1, 2]" for a list. A blank in front keeps them
+// whole; Remove_protection takes it away.
+bool Needs_protection(std::string const& text) {
+    bool const number =
+        text.size() > 1 && text[0] == '-' && (text[1] == '.' || (text[1] >= '0' && text[1] <= '9'));
+    return number || (!text.empty() && text[0] == '[');
+}
+
 std::vector<std::string> Protected_arguments(int count, char const* const* arguments) {
     std::vector<std::string> texts(arguments + 1, arguments + count);
     for (std::string& text : texts) {
-        bool const number = text.size() > 1 && text[0] == '-' &&
-                            (text[1] == '.' || (text[1] >= '0' && text[1] <= '9'));
-        text.insert(0, number ? " " : "");
+        text.insert(0, Needs_protection(text) ? " " : "");
     }
     return {texts.rbegin(), texts.rend()}; // CLI11 takes them from the back
 }
 
 void Remove_protection(std::string& text) {
-    text.erase(0, text.size() > 1 && text[0] == ' ' && text[1] == '-' ? 1 : 0);
+    text.erase(0, text[0] == ' ' && Needs_protection(text.substr(1)) ? 1 : 0);
 }
 
 // ---- Running
@@ -161,7 +166,13 @@ void Complete(Arguments& arguments) {
     for (std::string& text : arguments.conversion.quantities) {
         Remove_protection(text);
     }
-    Remove_protection(arguments.conversion.with);
+    Conversion_request& request = arguments.conversion;
+    for (std::string* const text : {&request.with, &request.from, &request.to}) {
+        Remove_protection(*text);
+    }
+    for (std::string& text : arguments.table.columns) {
+        Remove_protection(text);
+    }
 }
 
 Exit_status Run_convert_table(Arguments& arguments, Output& output) {
