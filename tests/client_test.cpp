@@ -158,7 +158,7 @@ TEST(Client, Operations_allocate_nothing) {
 
 // ---- Without memory
 
-Quantity const length(2.0, C_Meter, 1.0, 3.0);
+Quantity const two_meters(2.0, C_Meter, 1.0, 3.0);
 Units const five_units = Unit({{BIT, 1}, {AMP, -2}, {GRAM, 3}, {METER, -4}, {SECOND, 5}}, KIBI, SPL_DB);
 std::string const detail(100, 'x');
 
@@ -200,6 +200,10 @@ void Make_texts() {
     }
 }
 
+struct Failure_of_a_program : NoRuleToConvert {
+    using NoRuleToConvert::NoRuleToConvert;
+};
+
 void (*const operations_that_allocate[])() = {
     Make_exceptions<Value_exception>,
     Make_exceptions<OperationNotValid>,
@@ -213,22 +217,23 @@ void (*const operations_that_allocate[])() = {
     Make_exceptions<UnitNotDefined>,
     Make_exceptions<OutOfResources>,
     Make_exceptions<OperationExceedingAllowedTuples>,
+    [] { throw Failure_of_a_program(detail); },
     Make_texts<STR_NAME>,
     Make_texts<STR_SYMBOL>,
     Make_texts<STR_LOWER_CASE>,
     Make_texts<STR_UPPER_CASE>,
-    [] { (void)length.Convert_to(C_Sec); },
+    [] { (void)two_meters.Convert_to(C_Sec); },
     [] { Value_converter<double>(C_Meter, C_Sec); },
-    [] { (void)Value_converter<double>(C_Ft, C_Meter).Convert(length); },
-    [] { (void)length.Convert_to_with_value(C_Sec, length); },
+    [] { (void)Value_converter<double>(C_Ft, C_Meter).Convert(two_meters); },
+    [] { (void)two_meters.Convert_to_with_value(C_Sec, two_meters); },
     [] {
         Quantity(1.0, Unit({{METER, 1}, {FOOT, 1}}), 1.0, 1.0);
     },
-    [] { (void)(length / 0.0); },
+    [] { (void)(two_meters / 0.0); },
     [] {
-        (void)(length < Quantity(1.0, Unit({{unknown_unit, 1}}), 1.0, 1.0));
+        (void)(two_meters < Quantity(1.0, Unit({{unknown_unit, 1}}), 1.0, 1.0));
     },
-    [] { (void)(Quantity(length) -= Quantity(1.0, C_Sec, 1.0, 1.0)); },
+    [] { (void)(Quantity(two_meters) -= Quantity(1.0, C_Sec, 1.0, 1.0)); },
     [] { (void)Units_library::Multiply_units(five_units, C_Volts); },
 };
 

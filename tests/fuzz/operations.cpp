@@ -40,7 +40,7 @@ void Divide_by_number(Quantity& object, Input& input) {
 
 // One of the named units, that electrical relations are found.
 Units const& Electrical_unit(Input& input) {
-    Units const* const units[] = {&C_Watts, &C_Volts, &C_Amps, &C_Ohms, &C_DBmW, &C_MilliVolts};
+    static constexpr Units const* units[] = {&C_Watts, &C_Volts, &C_Amps, &C_Ohms, &C_DBmW, &C_MilliVolts};
     return *units[input.Take<std::uint8_t>() % std::size(units)];
 }
 
