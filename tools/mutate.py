@@ -19,6 +19,7 @@ import sys
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 WORK = ROOT / 'build' / 'mutate'
 EQUIVALENT = ROOT / 'tools' / 'equivalent_mutants.txt'
+TESTS = ['value_object_tests', 'value_object_inside_tests', 'replay_units', 'replay_operations']
 COPIED = ['CMakeLists.txt', 'cmake', 'include', 'src', 'tests', 'docs', 'tools', 'LICENSE']
 REQUIRED_SHARE = 0.95
 
@@ -87,7 +88,7 @@ def read_equivalent():
 class Workshop:
     """A copy of the project, built once, in which one fault after the other is tried."""
 
-    def __init__(self, name):
+    def __init__(self, name, compiler, options):
         self.sources = WORK / name
         self.build = WORK / f'{name}-build'
         shutil.rmtree(self.sources, ignore_errors=True)
@@ -95,9 +96,9 @@ class Workshop:
             (self.sources / path).parent.mkdir(parents=True, exist_ok=True)
             shutil.copy(ROOT / path, self.sources / path)  # with a new time: what faults left is compiled again
         self.run(['cmake', '-G', 'Ninja', '-S', self.sources, '-B', self.build, '-DCMAKE_BUILD_TYPE=Debug',
-                  '-DCMAKE_CXX_FLAGS=-g0 -w', '-DCMAKE_GTEST_DISCOVER_TESTS_DISCOVERY_MODE=PRE_TEST',
-                  '-DVALUE_OBJECT_EXAMPLES=OFF'], check=True)
-        self.run(['cmake', '--build', self.build], check=True)
+                  f'-DCMAKE_CXX_COMPILER={compiler}', f'-DCMAKE_CXX_FLAGS=-g0 -w {options}',
+                  '-DCMAKE_GTEST_DISCOVER_TESTS_DISCOVERY_MODE=PRE_TEST', '-DVALUE_OBJECT_EXAMPLES=OFF'], check=True)
+        self.run(['cmake', '--build', self.build, '--target', 'ValueObject', *TESTS], check=True)
         if self.failing_test():
             sys.exit(f'{self.failing_test()} fails without a fault')
 
@@ -108,16 +109,15 @@ class Workshop:
 
     def failing_test(self):
         """The first test program that fails, crashes or hangs."""
-        tests = self.build / 'tests'
         corpus = self.sources / 'tests' / 'fuzz' / 'corpus'
-        for command in (['value_object_inside_tests'], ['value_object_tests', '--gtest_fail_fast'],
-                        ['replay_units', corpus / 'units'], ['replay_operations', corpus / 'operations']):
+        options = [['--gtest_fail_fast'], [], [corpus / 'units'], [corpus / 'operations']]
+        for test, arguments in zip(TESTS, options):
             try:
-                failed = self.run([tests / command[0], *command[1:]], timeout=60).returncode != 0
+                failed = self.run([self.build / 'tests' / test, *arguments], timeout=60).returncode != 0
             except subprocess.TimeoutExpired:
                 failed = True
             if failed:
-                return command[0]
+                return test
         return None
 
     def try_fault(self, fault):
@@ -153,26 +153,34 @@ def main():
 
     workshops = queue.Queue()
     for k in range(arguments.jobs):
-        workshops.put(Workshop(f'copy{k}'))
+        workshops.put(Workshop(f'copy{k}', 'g++', ''))
+    careful_workshops = queue.Queue()  # slower, for what the others let pass
+    careful_workshops.put(Workshop('careful', 'clang++', '-fsanitize=address,undefined -fno-sanitize-recover=all'))
 
     known = read_equivalent()
     counts = {'caught': 0, 'survived': 0, 'not code': 0, 'equivalent': 0}
 
-    def try_in_a_workshop(fault):
-        workshop = workshops.get()
+    def try_in_one_of(choice, fault):
+        workshop = choice.get()
         try:
-            return fault, workshop.try_fault(fault)
+            return workshop.try_fault(fault)
         finally:
-            workshops.put(workshop)
+            choice.put(workshop)
+
+    def try_fault(fault):
+        outcome = try_in_one_of(workshops, fault)
+        return fault, try_in_one_of(careful_workshops, fault) if outcome == 'survived' else outcome
 
     with concurrent.futures.ThreadPoolExecutor(arguments.jobs) as pool:
-        for (path, number, line, changed), outcome in pool.map(try_in_a_workshop, faults):
+        for (path, number, line, changed), outcome in pool.map(try_fault, faults):
             is_known = (path, line.strip(), changed.strip()) in known
             if outcome == 'caught' and is_known:
                 print(f'{path}:{number + 1}: listed as equivalent, but caught\n+ {changed.strip()}', flush=True)
             if outcome == 'survived' and is_known:
                 outcome = 'equivalent'
             counts[outcome] += 1
+            if sum(counts.values()) % 50 == 0:
+                print(f'{sum(counts.values())} tried', flush=True)
             if outcome == 'survived':
                 print(f'survived at line {number + 1}\n{path}\n- {line.strip()}\n+ {changed.strip()}', flush=True)
 
