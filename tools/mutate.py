@@ -91,10 +91,9 @@ class Workshop:
     def __init__(self, name, compiler, options):
         self.sources = WORK / name
         self.build = WORK / f'{name}-build'
-        shutil.rmtree(self.sources, ignore_errors=True)
         for path in subprocess.run(['git', 'ls-files', '--', *COPIED], cwd=ROOT, check=True, capture_output=True, text=True).stdout.split():
             (self.sources / path).parent.mkdir(parents=True, exist_ok=True)
-            shutil.copy(ROOT / path, self.sources / path)  # with a new time: what faults left is compiled again
+            shutil.copy(ROOT / path, self.sources / path)
         self.run(['cmake', '-G', 'Ninja', '-S', self.sources, '-B', self.build, '-DCMAKE_BUILD_TYPE=Debug',
                   f'-DCMAKE_CXX_COMPILER={compiler}', f'-DCMAKE_CXX_FLAGS=-g0 -w {options}',
                   '-DCMAKE_GTEST_DISCOVER_TESTS_DISCOVERY_MODE=PRE_TEST', '-DVALUE_OBJECT_EXAMPLES=OFF'], check=True)
@@ -151,6 +150,7 @@ def main():
     faults = faults[:arguments.sample or total]
     print(f'{len(faults)} of {total} faults', flush=True)
 
+    shutil.rmtree(WORK, ignore_errors=True)
     workshops = queue.Queue()
     for k in range(arguments.jobs):
         workshops.put(Workshop(f'copy{k}', 'g++', ''))
