@@ -78,13 +78,15 @@ void Visit_arithmetic(Visit const& visit) {
     visit("add_km_m", Updating_job(kilometre, metres, add));
 
     // The unit changes with every product, so each one begins with a copy.
-    visit("multiply", Binary_job(metres, seconds, [](Quantity left, Quantity const& right) {
-              left *= right;
-              return left;
+    visit("multiply", Binary_job(metres, seconds, [](Quantity const& left, Quantity const& right) {
+              Quantity product = left;
+              product *= right;
+              return product;
           }));
-    visit("divide", Binary_job(metres, seconds, [](Quantity left, Quantity const& right) {
-              left /= right;
-              return left;
+    visit("divide", Binary_job(metres, seconds, [](Quantity const& left, Quantity const& right) {
+              Quantity quotient = left;
+              quotient /= right;
+              return quotient;
           }));
     // Many factors of hardly more than one stay finite.
     visit("multiply_number",

@@ -99,14 +99,20 @@ inline void Plan_slot_rules(Conversion_steps& steps, Units const& from, Units co
 
 // ---- The factor alone
 
+// The dimensions of the units that rules begin with: any other goes by its factor alone.
+inline constexpr Dimension_set dimensions_with_rules =
+    Set_of(VOLTAGE) | Set_of(CURRENT) | Set_of(TEMPERATURE);
+
+inline bool Begins_like_a_rule(Units const& unit) {
+    return (Facts_of(unit.tuples[0].unit).dimension_set & dimensions_with_rules) != 0;
+}
+
 // Nearly all conversions are between two units in canonical order that agree in dimension and power
-// slot by slot, and that no rule begins with. One walk over the two sees that, and computes the
-// factor on the way. No result for every other pair.
-inline std::optional<double> Find_factor_alone(Units const& from, Units const& to) {
-    // The dimensions of the units that rules begin with: any other goes by its factor alone.
-    constexpr Dimension_set with_rules = Set_of(VOLTAGE) | Set_of(CURRENT) | Set_of(TEMPERATURE);
+// slot by slot, and that no rule begins with. One walk over the two sees that, and hands the facts
+// of each slot and its power to `use`. False for every other pair.
+template <typename Use>
+bool Walk_by_factor_alone(Units const& from, Units const& to, Use const& use) {
     Dimension_set last = 0;
-    double factor = 1.0;
     std::size_t k = 0;
     for (; k < Tuple_count && from.tuples[k].unit != NO_UNIT; ++k) {
         Unit_tuple const& source = from.tuples[k];
@@ -114,20 +120,60 @@ inline std::optional<double> Find_factor_alone(Units const& from, Units const& t
         Unit_facts const& source_facts = Facts_of(source.unit);
         Unit_facts const& target_facts = Facts_of(target.unit);
         Dimension_set const own = source_facts.dimension_set;
-        if (own != target_facts.dimension_set || own <= last || (own & with_rules) != 0 ||
-            source.exponent != target.exponent) {
-            return std::nullopt;
+        if (own != target_facts.dimension_set || own <= last ||
+            (own & dimensions_with_rules) != 0 || source.exponent != target.exponent) {
+            return false;
         }
         last = own;
-        factor = Combined_factor(
-            factor, Factor_between(source_facts, source.exponent, target_facts, target.exponent));
+        use(source_facts, target_facts, source.exponent);
     }
     // Without a branch for every slot: what follows is hardly ever occupied.
     std::int32_t occupied = 0;
     for (; k < Tuple_count; ++k) {
         occupied |= from.tuples[k].unit | to.tuples[k].unit;
     }
-    return occupied == NO_UNIT ? std::optional<double>(factor) : std::nullopt;
+    return occupied == NO_UNIT;
+}
+
+// Whether the two are one unit in canonical order, prefixes and markers apart: no rule converts a
+// unit into itself, and its factor is 1.0.
+inline bool Differ_in_prefix_alone(Units const& from, Units const& to) {
+    return Have_equal_tuples(from, to) && Canonical_dimensions(from) != Not_canonical;
+}
+
+// What the numbers of a conversion without rules and decibels are multiplied with. The two are
+// rounded separately.
+struct Factors {
+    double factor;       // the prefix of the source included
+    double target_scale; // the reciprocal scale of the target's prefix
+};
+
+inline Factors With_prefixes(double factor, SI_units from, SI_units to) {
+    return {factor * Prefix_scale(from), Reciprocal_prefix_scale(to)};
+}
+
+// The factors of the way from one unit to the other, and of the way back.
+struct Factors_of_both_ways {
+    Factors there;
+    Factors back;
+};
+
+// The two ways between units of linear values, found in one walk. No result where they take more
+// than factors.
+inline std::optional<Factors_of_both_ways> Find_factors_of_both_ways(Units const& from,
+                                                                     Units const& to) {
+    double there = 1.0;
+    double back = 1.0;
+    auto const use = [&there, &back](Unit_facts const& from_facts, Unit_facts const& to_facts,
+                                     std::int32_t power) {
+        there = Combined_factor(there, Factor_between(from_facts, power, to_facts, power));
+        back = Combined_factor(back, Factor_between(to_facts, power, from_facts, power));
+    };
+    if (!Differ_in_prefix_alone(from, to) && !Walk_by_factor_alone(from, to, use)) {
+        return std::nullopt;
+    }
+    return Factors_of_both_ways{With_prefixes(there, from.si_prefix, to.si_prefix),
+                                With_prefixes(back, to.si_prefix, from.si_prefix)};
 }
 
 // ---- The plan
@@ -172,9 +218,9 @@ inline void Plan_rules_and_factor(Conversion_steps& steps, Units const& from, Un
 
 // Takes down what the prefixes and the target's marker ask for.
 inline void Plan_end(Conversion_steps& steps, Units const& from, Units const& to) {
-    steps.factor = steps.factor * Prefix_scale(from.si_prefix);
-    // The target's prefix is a multiplication of its own: the two are rounded separately.
-    steps.target_scale = Reciprocal_prefix_scale(to.si_prefix);
+    Factors const factors = With_prefixes(steps.factor, from.si_prefix, to.si_prefix);
+    steps.factor = factors.factor;
+    steps.target_scale = factors.target_scale;
     steps.to_decibels = Is_decibel(to);
     steps.target_product =
         steps.to_decibels ? Exponent_product(to) * Value_object<double>::DB_CONV_FACT : 1.0;
@@ -196,9 +242,40 @@ inline bool Plan_rule_by_name(Conversion_steps& steps, Units const& from, Units 
     return false;
 }
 
+inline bool Plan_prefixes_alone(Conversion_steps& steps, Units const& from, Units const& to) {
+    if (!Differ_in_prefix_alone(from, to)) {
+        return false;
+    }
+    steps.factor = 1.0;
+    Plan_source(steps, from);
+    return true;
+}
+
+inline bool Plan_factor_alone(Conversion_steps& steps, Units const& from, Units const& to) {
+    double factor = 1.0;
+    auto const use = [&factor](Unit_facts const& from_facts, Unit_facts const& to_facts,
+                               std::int32_t power) {
+        factor = Combined_factor(factor, Factor_between(from_facts, power, to_facts, power));
+    };
+    if (!Walk_by_factor_alone(from, to, use)) {
+        return false;
+    }
+    steps.factor = factor;
+    Plan_source(steps, from);
+    return true;
+}
+
+// Plans the ways that nearly all conversions take; false for the others, and nothing is planned.
+inline bool Plan_short_way(Conversion_steps& steps, Units const& from, Units const& to) {
+    if (Begins_like_a_rule(from)) {
+        return Plan_rule_by_name(steps, from, to) || Plan_prefixes_alone(steps, from, to);
+    }
+    return Plan_factor_alone(steps, from, to);
+}
+
 // The way of any two units.
-[[gnu::noinline]] inline Units const& Plan_in_general(Conversion_steps& steps, Units const& from,
-                                                      Units const& target, Units& storage) {
+[[gnu::cold, gnu::noinline]] inline Units const&
+Plan_in_general(Conversion_steps& steps, Units const& from, Units const& target, Units& storage) {
     Units const& to = Arranged(target, storage);
     Plan_rules_and_factor(steps, from, to);
     Plan_end(steps, from, to);
@@ -210,10 +287,7 @@ inline bool Plan_rule_by_name(Conversion_steps& steps, Units const& from, Units 
 [[gnu::noinline]] inline Units const& Plan_conversion(Conversion_steps& steps, Units const& from,
                                                       Units const& target, Units& storage) {
     steps.rule_count = 0;
-    if (std::optional<double> const factor = Find_factor_alone(from, target)) {
-        steps.factor = *factor;
-        Plan_source(steps, from);
-    } else if (!Plan_rule_by_name(steps, from, target)) {
+    if (!Plan_short_way(steps, from, target)) {
         return Plan_in_general(steps, from, target, storage);
     }
     Plan_end(steps, from, target);

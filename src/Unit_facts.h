@@ -59,7 +59,7 @@ constexpr Dimension_set Not_canonical = ~Dimension_set{0};
 
 // The dimensions of a unit in canonical order, which arranging leaves as it is; Not_canonical for
 // any other. Unknown codes are not in order.
-inline Dimension_set Canonical_dimensions(Units const& unit) {
+[[gnu::noinline]] inline Dimension_set Canonical_dimensions(Units const& unit) {
     Dimension_set dimensions = 0;
     bool at_end = false;
 #pragma GCC unroll 5

@@ -26,42 +26,35 @@ struct Quantity {
 
 // Converts the quantity's numbers into `target`, and returns that unit in canonical order: itself,
 // or an arranged copy in `storage`.
-inline Units const& Convert(Numbers& numbers, Units const& from, Units const& target,
-                            Units& storage) {
+[[gnu::noinline]] inline Units const& Convert(Numbers& numbers, Units const& from,
+                                              Units const& target, Units& storage) {
     Conversion_steps steps;
     Units const& arranged = Plan_conversion(steps, from, target, storage);
-    numbers = Converted(numbers, steps);
+    numbers = Value_numbers::Of(Converted(Value_numbers::Made(numbers, from), steps, arranged));
     return arranged;
 }
 
-// What addition and subtraction do differently: how two numbers combine, and what becomes of a
-// conversion that fails.
-struct Addition {
-    static double Combine(double left, double right) { return left + right; }
+enum class Sign { plus, minus };
 
-    static Units const& Convert_or_fail(Numbers& numbers, Units const& from, Units const& target,
-                                        Units& storage) {
+// Converts an operand or a result of the sum or the difference; a difference reports every failure
+// as one of the dimensions.
+inline Units const& Convert_for(Sign sign, Numbers& numbers, Units const& from, Units const& target,
+                                Units& storage) {
+    if (sign == Sign::plus) {
         return Convert(numbers, from, target, storage);
     }
-};
-
-struct Subtraction {
-    static double Combine(double left, double right) { return left - right; }
-
-    static Units const& Convert_or_fail(Numbers& numbers, Units const& from, Units const& target,
-                                        Units& storage) {
-        try {
-            return Convert(numbers, from, target, storage);
-        } catch (Value_exception const&) {
-            throw UnitDimensionNotSame();
-        }
+    try {
+        return Convert(numbers, from, target, storage);
+    } catch (Value_exception const&) {
+        throw UnitDimensionNotSame();
     }
-};
+}
 
 // The numbers combined field by field, the bounds ordered.
-template <typename Operation>
-Numbers Sum_of_numbers(Numbers const& left, Numbers const& right) {
-    Numbers sum = Combined(left, right, Operation::Combine);
+inline Numbers Sum_of_numbers(Sign sign, Numbers const& left, Numbers const& right) {
+    Numbers sum = sign == Sign::plus
+                      ? Combined(left, right, [](double x, double y) { return x + y; })
+                      : Combined(left, right, [](double x, double y) { return x - y; });
     sum.Order();
     return sum;
 }
@@ -78,28 +71,43 @@ inline bool Are_same_units(Units const& left, Units const& right) {
 }
 
 // The sum forms in the unit of `right` and is brought back into that of `left`, arranged.
-template <typename Operation>
-Quantity Sum_in_unit_of_right(Quantity const& left, Quantity const& right, Units& storage) {
+[[gnu::cold, gnu::noinline]] inline Quantity
+Sum_in_unit_of_right(Sign sign, Quantity const& left, Quantity const& right, Units& storage) {
     Units right_storage;
     Numbers sum = left.numbers;
-    Units const& right_unit = Operation::Convert_or_fail(sum, left.unit, right.unit, right_storage);
-    sum = Sum_of_numbers<Operation>(sum, right.numbers);
-    Units const& left_unit = Operation::Convert_or_fail(sum, right_unit, left.unit, storage);
+    Units const& right_unit = Convert_for(sign, sum, left.unit, right.unit, right_storage);
+    sum = Sum_of_numbers(sign, sum, right.numbers);
+    Units const& left_unit = Convert_for(sign, sum, right_unit, left.unit, storage);
     return {sum, left_unit};
 }
 
-template <typename Operation>
-Quantity Sum_of_linear(Quantity const& left, Quantity const& right, Units& storage) {
-    if (left.unit.si_prefix == NO_PREFIX && Are_same_units(left.unit, right.unit)) {
-        return {Sum_of_numbers<Operation>(left.numbers, right.numbers), left.unit};
-    }
-    return Sum_in_unit_of_right<Operation>(left, right, storage);
+// The same where factors are all that the two conversions take.
+inline Quantity Sum_by_factors(Sign sign, Quantity const& left, Quantity const& right,
+                               Factors_of_both_ways const& factors) {
+    Numbers const sum =
+        Sum_of_numbers(sign, After_factors(left.numbers, factors.there), right.numbers);
+    return {After_factors(sum, factors.back), left.unit};
 }
 
-template <typename Operation>
-[[gnu::noinline]] Quantity Sum_of_decibels(Quantity const& left, Quantity const& right) {
+[[gnu::noinline]] inline Quantity Sum_of_different_units(Sign sign, Quantity const& left,
+                                                         Quantity const& right, Units& storage) {
+    auto const factors = Find_factors_of_both_ways(left.unit, right.unit);
+    return factors ? Sum_by_factors(sign, left, right, *factors)
+                   : Sum_in_unit_of_right(sign, left, right, storage);
+}
+
+inline Quantity Sum_of_linear(Sign sign, Quantity const& left, Quantity const& right,
+                              Units& storage) {
+    if (left.unit.si_prefix == NO_PREFIX && Are_same_units(left.unit, right.unit)) {
+        return {Sum_of_numbers(sign, left.numbers, right.numbers), left.unit};
+    }
+    return Sum_of_different_units(sign, left, right, storage);
+}
+
+[[gnu::noinline]] inline Quantity Sum_of_decibels(Sign sign, Quantity const& left,
+                                                  Quantity const& right) {
     if (Is_bare(left.unit) && Is_bare(right.unit)) {
-        return {Sum_of_numbers<Operation>(left.numbers, right.numbers), left.unit};
+        return {Sum_of_numbers(sign, left.numbers, right.numbers), left.unit};
     }
     Require_units_of_both_or_none(left.unit, right.unit);
     Numbers right_in_unit = right.numbers;
@@ -110,61 +118,60 @@ template <typename Operation>
     Numbers copy = left.numbers; // as `right` is one: a bound that is not a number meets its like
     copy.Order();
     Numbers const sum =
-        Sum_of_numbers<Operation>(Linear(copy, left.unit), Linear(right_in_unit, left.unit));
+        Sum_of_numbers(sign, Linear(copy, left.unit), Linear(right_in_unit, left.unit));
     return {In_decibels(sum, left.unit), left.unit};
 }
 
 // A linear value, scaled by a plain ratio in decibels.
-template <typename Operation>
-Quantity Scaled_by_gain(Quantity const& linear, Quantity const& gain) {
+inline Quantity Scaled_by_gain(Sign sign, Quantity const& linear, Quantity const& gain) {
     Units decibel_unit = linear.unit;
     decibel_unit.spl_conv = SPL_DB;
     Numbers level = linear.numbers;
     level.Order();
     level = In_decibels(level, decibel_unit);
     level.Order();
-    Numbers const sum = Sum_of_numbers<Operation>(level, gain.numbers);
+    Numbers const sum = Sum_of_numbers(sign, level, gain.numbers);
     return {Linear(sum, decibel_unit), linear.unit};
 }
 
 // The two quantities, one of them in decibels, both linear in the unit of `left`, which the result
 // has again.
-template <typename Operation>
-Quantity Sum_with_one_in_decibels(Quantity const& left, Quantity const& right) {
+inline Quantity Sum_with_one_in_decibels(Sign sign, Quantity const& left, Quantity const& right) {
     Require_units_of_both_or_none(left.unit, right.unit);
     Units linear_unit = left.unit;
     linear_unit.spl_conv = SPL_NONE;
     Units storage;
     Numbers right_in_unit = right.numbers;
-    Operation::Convert_or_fail(right_in_unit, right.unit, linear_unit, storage);
-    Numbers const sum = Sum_of_numbers<Operation>(Linear(left.numbers, left.unit), right_in_unit);
+    Convert_for(sign, right_in_unit, right.unit, linear_unit, storage);
+    Numbers const sum = Sum_of_numbers(sign, Linear(left.numbers, left.unit), right_in_unit);
     return {In_decibels(sum, left.unit), left.unit};
+}
+
+// The sum or the difference of which at least one operand is in decibels.
+[[gnu::noinline]] inline Quantity Sum_with_decibels(Sign sign, Quantity const& left,
+                                                    Quantity const& right) {
+    if (Is_decibel(left.unit) && Is_decibel(right.unit)) {
+        return Sum_of_decibels(sign, left, right);
+    }
+    if (Is_decibel(right.unit) && Has_unit(left.unit) && !Has_unit(right.unit)) {
+        return Scaled_by_gain(sign, left, right);
+    }
+    return Sum_with_one_in_decibels(sign, left, right);
 }
 
 // The sum or the difference, in the unit of `left`; `storage` holds that unit if it has to be
 // arranged.
-template <typename Operation>
-Quantity Sum(Quantity const& left, Quantity const& right, Units& storage) {
-    bool const left_in_decibels = Is_decibel(left.unit);
-    bool const right_in_decibels = Is_decibel(right.unit);
-    if (left_in_decibels && right_in_decibels) {
-        return Sum_of_decibels<Operation>(left, right);
-    }
-    if (!left_in_decibels && !right_in_decibels) {
-        return Sum_of_linear<Operation>(left, right, storage);
-    }
-    if (right_in_decibels && Has_unit(left.unit) && !Has_unit(right.unit)) {
-        return Scaled_by_gain<Operation>(left, right);
-    }
-    return Sum_with_one_in_decibels<Operation>(left, right);
+inline Quantity Sum(Sign sign, Quantity const& left, Quantity const& right, Units& storage) {
+    return Is_decibel(left.unit) || Is_decibel(right.unit)
+               ? Sum_with_decibels(sign, left, right)
+               : Sum_of_linear(sign, left, right, storage);
 }
 
-template <typename Operation>
-void Add(Value_object<double>& object, Value_object<double> const& other) {
+inline void Add(Sign sign, Value_object<double>& object, Value_object<double> const& other) {
     Units storage;
     Quantity const sum =
-        Sum<Operation>({Value_numbers::Of(object), Value_numbers::Unit_of(object)},
-                       {Value_numbers::Of_copy(other), Value_numbers::Unit_of(other)}, storage);
+        Sum(sign, {Value_numbers::Of(object), Value_numbers::Unit_of(object)},
+            {Value_numbers::Of_copy(other), Value_numbers::Unit_of(other)}, storage);
     object.Set(sum.numbers.value, sum.unit, sum.numbers.minus_err, sum.numbers.plus_err);
 }
 
@@ -172,13 +179,13 @@ void Add(Value_object<double>& object, Value_object<double> const& other) {
 
 template <typename Number>
 Value_object<Number>& Value_object<Number>::operator+=(Value_object const& other) {
-    Add<Addition>(*this, other);
+    Add(Sign::plus, *this, other);
     return *this;
 }
 
 template <typename Number>
 Value_object<Number>& Value_object<Number>::operator-=(Value_object const& other) {
-    Add<Subtraction>(*this, other);
+    Add(Sign::minus, *this, other);
     return *this;
 }
 
@@ -191,19 +198,40 @@ struct Operand {
     Units unit;
 };
 
+// What a product and a quotient do differently.
+struct Multiplication {
+    static constexpr std::int32_t sign_of_powers = 1;
+    static double Of_numbers(double left, double right) { return left * right; }
+    static Units Of_units(Units const& left, Units const& right) {
+        return Units_library::Multiply_units(left, right);
+    }
+};
+
+struct Division {
+    static constexpr std::int32_t sign_of_powers = -1;
+    static double Of_numbers(double left, double right) { return left / right; }
+    static Units Of_units(Units const& left, Units const& right) {
+        return Units_library::Divide_units(left, right);
+    }
+};
+
 inline void Reject_decibels_without_unit(Units const& left, Units const& right) {
     if (Is_decibel(right) && (Is_bare(right) || Is_bare(left))) {
         Throw<OperationNotValid>();
     }
 }
 
-// The marker stays in the unit.
-inline void Make_linear_without_prefix(Operand& operand) {
-    operand.numbers = Linear(operand.numbers, operand.unit);
-    if (operand.unit.si_prefix != NO_PREFIX) {
-        operand.numbers.Scale(Prefix_scale(operand.unit.si_prefix));
-        operand.unit.si_prefix = NO_PREFIX;
+inline Numbers Linear_without_prefix(Quantity const& quantity) {
+    Numbers numbers = Linear(quantity.numbers, quantity.unit);
+    if (quantity.unit.si_prefix != NO_PREFIX) {
+        numbers.Scale(Prefix_scale(quantity.unit.si_prefix));
     }
+    return numbers;
+}
+
+inline Units Without_prefix(Units unit) {
+    unit.si_prefix = NO_PREFIX;
+    return unit;
 }
 
 inline Units_list Base_unit_of(Unit_tuple const& tuple) {
@@ -247,12 +275,10 @@ inline void Convert_operand(Operand& operand, Units const& target) {
     operand.numbers.Order();
 }
 
-// Makes the operands of a product or a quotient combinable: linear, without prefix, with one unit
-// for a dimension. `stored_unit` is the left operand's unit before it was arranged.
-[[gnu::noinline]] inline void Make_combinable(Operand& left, Operand& right,
-                                              Units const& stored_unit) {
-    Make_linear_without_prefix(left);
-    Make_linear_without_prefix(right);
+// Gives the operands one unit for a dimension. `stored_unit` is the left operand's unit before it
+// was arranged, with its prefix.
+[[gnu::cold, gnu::noinline]] inline void Make_combinable(Operand& left, Operand& right,
+                                                         Units const& stored_unit) {
     if (Value_object<double>::Is_convertable_unit(stored_unit, right.unit)) {
         Units const base = Units_library::Get_base_unit(left.unit);
         Convert_operand(left, base);
@@ -262,33 +288,92 @@ inline void Convert_operand(Operand& operand, Units const& target) {
     }
 }
 
+// Whether both are units in canonical order and no dimension of one is one of the other: then there
+// is nothing to make combinable.
+inline bool Share_no_dimension(Units const& left, Units const& right) {
+    Dimension_set const of_left = Canonical_dimensions(left);
+    Dimension_set const of_right = Canonical_dimensions(right);
+    return of_left != 0 && of_right != 0 && (of_left & of_right) == 0;
+}
+
+// The unit of the product or the quotient of such two, without prefix and marker: what combining
+// them comes to.
+inline Units Joined_unit(Units const& left, std::int32_t sign_of_powers, Units const& right) {
+    Units joined = {};
+    std::size_t count = 0;
+    for (; count < Tuple_count && left.tuples[count].unit != NO_UNIT; ++count) {
+        joined.tuples[count] = left.tuples[count];
+    }
+    for (Unit_tuple const& tuple : right.tuples) {
+        if (tuple.unit == NO_UNIT) {
+            break;
+        }
+        if (count == Tuple_count) {
+            Throw<OperationExceedingAllowedTuples>();
+        }
+        joined.tuples[count++] = {tuple.unit, Combined_exponent(0, sign_of_powers, tuple.exponent)};
+    }
+    return joined;
+}
+
+struct Operands {
+    Operand left;
+    Operand right;
+};
+
+// The two, linear and without prefix, with one unit for a dimension. `stored_unit` is the unit of
+// `left` before it was arranged.
+[[gnu::cold, gnu::noinline]] inline Operands
+In_common_units(Quantity const& left, Quantity const& right, Units const& stored_unit) {
+    Operands operands = {{Linear_without_prefix(left), Without_prefix(left.unit)},
+                         {Linear_without_prefix(right), Without_prefix(right.unit)}};
+    Make_combinable(operands.left, operands.right, stored_unit);
+    return operands;
+}
+
+// The product or the quotient, its bounds as they come. `stored_unit` is the unit of `left` before
+// it was arranged.
+template <typename Operation>
+Operand Product(Quantity const& left, Quantity const& right, Units const& stored_unit) {
+    if (Share_no_dimension(left.unit, right.unit)) {
+        return {Combined(Linear_without_prefix(left), Linear_without_prefix(right),
+                         Operation::Of_numbers),
+                Joined_unit(left.unit, Operation::sign_of_powers, right.unit)};
+    }
+    Operands const operands = In_common_units(left, right, stored_unit);
+    return {Combined(operands.left.numbers, operands.right.numbers, Operation::Of_numbers),
+            Operation::Of_units(operands.left.unit, operands.right.unit)};
+}
+
+inline void Require_finite(Numbers const& numbers) {
+    if (!std::isfinite(numbers.value) || !std::isfinite(numbers.plus_err) ||
+        !std::isfinite(numbers.minus_err)) {
+        Throw_out_of_range();
+    }
+}
+
 } // namespace
 
 template <typename Number>
 Value_object<Number>& Value_object<Number>::operator*=(Value_object const& other) {
     Reject_decibels_without_unit(unit, other.unit);
-    Operand left = {Value_numbers::Of_copy(*this), unit};
-    Operand right = {Value_numbers::Of_copy(other), other.unit};
-    Make_combinable(left, right, unit);
-    Numbers const product =
-        Combined(left.numbers, right.numbers, [](Number x, Number y) { return x * y; });
-    Set(product.value, Units_library::Multiply_units(left.unit, right.unit), product.minus_err,
-        product.plus_err);
+    Operand const product = Product<Multiplication>(
+        {Value_numbers::Of_copy(*this), unit}, {Value_numbers::Of_copy(other), other.unit}, unit);
+    Set(product.numbers.value, product.unit, product.numbers.minus_err, product.numbers.plus_err);
     return *this;
 }
 
 template <typename Number>
 Value_object<Number>& Value_object<Number>::operator/=(Value_object const& other) {
-    Value_object const arranged(value, unit, minus_err, plus_err);
+    Units storage;
+    Units const& arranged = Arranged_source(unit, storage);
     Reject_decibels_without_unit(unit, other.unit);
-    Operand left = {Value_numbers::Of(arranged), arranged.unit};
-    Operand right = {Value_numbers::Of_copy(other), other.unit};
-    Make_combinable(left, right, unit);
-    Value_object const quotient = Value_numbers::Made(
-        Combined(left.numbers, right.numbers, [](Number x, Number y) { return x / y; }),
-        Units_library::Divide_units(left.unit, right.unit));
-    Is_value_in_range(quotient);
-    return *this = quotient;
+    Operand const quotient = Product<Division>({Value_numbers::Of_copy(*this), arranged},
+                                               {Value_numbers::Of_copy(other), other.unit}, unit);
+    Require_finite(quotient.numbers);
+    Set(quotient.numbers.value, quotient.unit, quotient.numbers.minus_err,
+        quotient.numbers.plus_err);
+    return *this;
 }
 
 // ---- Products and quotients with a number

@@ -28,40 +28,69 @@ inline void Apply_rules(Numbers& numbers, Conversion_steps const& steps) {
     }
 }
 
-inline void Apply_factors(Numbers& numbers, Conversion_steps const& steps) {
-    numbers.Transform([factor = steps.factor, target_scale = steps.target_scale](double number) {
-        return number * factor * target_scale;
-    });
+inline void Apply_factors(Numbers& numbers, Factors const& factors) {
+    numbers.Transform(
+        [factors](double number) { return number * factors.factor * factors.target_scale; });
 }
 
 // The bounds are ordered when the value is taken up, and with every copy that the steps to and from
 // decibels make; in between they stay as computed.
-[[gnu::noinline]] inline void Apply_all_steps(Numbers& numbers, Conversion_steps const& steps) {
+inline Numbers After_all_steps(Numbers numbers, Conversion_steps const& steps) {
     numbers.Order();
     Apply_rules(numbers, steps);
     numbers.Order();
     if (steps.from_decibels) {
-        Make_linear(numbers, steps.source_product);
+        numbers = Made_linear(numbers, steps.source_product);
     }
-    Apply_factors(numbers, steps);
+    Apply_factors(numbers, {steps.factor, steps.target_scale});
     if (steps.to_decibels) {
         numbers.Order();
-        Make_decibels(numbers, steps.target_product);
+        numbers = Made_decibels(numbers, steps.target_product);
     }
+    return numbers;
 }
 
-// The numbers after all steps. Most conversions have no other than the factors; their numbers stay
-// in registers.
-inline Numbers Converted(Numbers numbers, Conversion_steps const& steps) {
-    if (steps.rule_count != 0 || steps.from_decibels || steps.to_decibels) {
-        Numbers in_memory = {numbers.value, numbers.minus_err, numbers.plus_err};
-        Apply_all_steps(in_memory, steps);
-        return {in_memory.value, in_memory.minus_err, in_memory.plus_err};
-    }
+// The numbers after a conversion that has no other steps than the factors.
+inline Numbers After_factors(Numbers numbers, Factors const& factors) {
     numbers.Order();
     numbers.Order();
-    Apply_factors(numbers, steps);
+    Apply_factors(numbers, factors);
     return numbers;
+}
+
+[[gnu::noinline]] inline Value_object<double>
+Converted_by_all_steps(Value_object<double> const& value, Conversion_steps const& steps,
+                       Units const& unit) {
+    return Value_numbers::Made(After_all_steps(Value_numbers::Of(value), steps), unit);
+}
+
+// A temperature's way: one formula, and the factors. In registers from the value to the result.
+[[gnu::noinline]] inline Value_object<double>
+Converted_by_formula(Value_object<double> const& value, Conversion_steps const& steps,
+                     Units const& unit) {
+    Numbers numbers = Value_numbers::Of(value);
+    numbers.Order();
+    With_formula(steps.rules[0].formula,
+                 [&numbers](auto const& formula) { numbers.Transform(formula); });
+    numbers.Order(); // as three times, which is how often the rule's way orders them
+    Apply_factors(numbers, {steps.factor, steps.target_scale});
+    return Value_numbers::Made(numbers, unit);
+}
+
+inline bool Are_one_formula(Conversion_steps const& steps) {
+    return steps.rule_count == 1 && !steps.rules[0].inverts && !steps.from_decibels &&
+           !steps.to_decibels;
+}
+
+// The value after the steps, in `unit`. Most conversions have no other steps than the factors.
+inline Value_object<double> Converted(Value_object<double> const& value,
+                                      Conversion_steps const& steps, Units const& unit) {
+    if (steps.rule_count != 0 || steps.from_decibels || steps.to_decibels) {
+        return Are_one_formula(steps) ? Converted_by_formula(value, steps, unit)
+                                      : Converted_by_all_steps(value, steps, unit);
+    }
+    return Value_numbers::Made(
+        After_factors(Value_numbers::Of(value), {steps.factor, steps.target_scale}), unit);
 }
 
 } // namespace
@@ -71,7 +100,7 @@ Value_object<Number> Value_object<Number>::Convert_to(Units const& target) const
     Conversion_steps steps;
     Units storage;
     Units const& arranged = Plan_conversion(steps, unit, target, storage);
-    return Value_numbers::Made(Converted(Value_numbers::Of(*this), steps), arranged);
+    return Converted(*this, steps, arranged);
 }
 
 template <typename Number>

@@ -26,7 +26,7 @@ Value_object<Number> Value_converter<Number>::Convert(Value_object<Number> const
     if (!Are_equal(Value_numbers::Unit_of(value), source)) {
         Throw<UnitDimensionNotSame>();
     }
-    return Value_numbers::Made(Converted(Value_numbers::Of(value), steps), target);
+    return Converted(value, steps, target);
 }
 
 template <typename Number>

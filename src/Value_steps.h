@@ -23,6 +23,20 @@ struct Numbers {
     double minus_err;
     double plus_err;
 
+    Numbers(double value_, double minus_err_, double plus_err_)
+        : value(value_), minus_err(minus_err_), plus_err(plus_err_) {}
+
+    // Number by number: a copy of the whole would load 16 bytes at once, and wait where 8 of them
+    // have just been stored.
+    Numbers(Numbers const& other) : Numbers(other.value, other.minus_err, other.plus_err) {}
+    Numbers& operator=(Numbers const& other) {
+        value = other.value;
+        minus_err = other.minus_err;
+        plus_err = other.plus_err;
+        return *this;
+    }
+    ~Numbers() = default;
+
     // Puts step(x) in place of each number x.
     template <typename Step>
     void Transform(Step const& step) {
@@ -105,31 +119,29 @@ inline bool Is_bare(Units const& unit) {
 }
 
 // Not in line, as the powers and logarithms are long beside any call.
-[[gnu::noinline]] inline void Make_linear(Numbers& numbers, double product) {
+[[gnu::noinline]] inline Numbers Made_linear(Numbers numbers, double product) {
     numbers.Transform([product](double decibels) { return Decibels_to_linear(decibels, product); });
+    return numbers;
 }
 
-[[gnu::noinline]] inline void Make_decibels(Numbers& numbers, double multiplier) {
+[[gnu::noinline]] inline Numbers Made_decibels(Numbers numbers, double multiplier) {
     numbers.Transform(
         [multiplier](double linear) { return Linear_to_decibels(linear, multiplier); });
+    return numbers;
 }
 
 // The numbers of a copy of the value, made linear if it is in decibels.
 inline Numbers Linear(Numbers numbers, Units const& unit) {
     numbers.Order();
-    if (Is_decibel(unit)) {
-        Make_linear(numbers, Exponent_product(unit));
-    }
-    return numbers;
+    return Is_decibel(unit) ? Made_linear(numbers, Exponent_product(unit)) : numbers;
 }
 
 // The numbers of a copy of the value, turned into decibels if its unit asks for them.
 inline Numbers In_decibels(Numbers numbers, Units const& unit) {
     numbers.Order();
-    if (Is_decibel(unit)) {
-        Make_decibels(numbers, Exponent_product(unit) * Value_object<double>::DB_CONV_FACT);
-    }
-    return numbers;
+    return Is_decibel(unit)
+               ? Made_decibels(numbers, Exponent_product(unit) * Value_object<double>::DB_CONV_FACT)
+               : numbers;
 }
 
 } // namespace
