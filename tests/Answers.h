@@ -1,5 +1,5 @@
-// What the library answers, as one number: results, texts, comparisons and failures. Two runs agree
-// when their numbers do.
+// What the library answers, with every bit of it: each pair of the named units through every
+// operation, and the units' texts. Two builds, threads or copies agree when their answers do.
 
 #ifndef VARNIX_VALUE_TESTS_ANSWERS_H
 #define VARNIX_VALUE_TESTS_ANSWERS_H
@@ -9,59 +9,62 @@
 #include <varnix/value/Value_converter.h>
 #include <varnix/value/Value_object.h>
 
-#include <algorithm>
 #include <cstdint>
 #include <cstring>
 #include <exception>
+#include <iterator>
 #include <string>
 
 namespace Varnix::Value::Tests {
 
-// A hash of all that it is given (FNV-1a).
-class Digest {
-  public:
-    void Add(std::string const& text) {
-        for (char const letter : text) {
-            sum = (sum ^ static_cast<unsigned char>(letter)) * 0x100000001b3u;
-        }
-    }
+// In a notation of its own, which no locale can change.
+inline std::string Digits(double number) {
+    std::uint64_t bits = 0;
+    std::memcpy(&bits, &number, sizeof bits);
+    return std::to_string(bits);
+}
 
-    void Add(double number) {
-        char bytes[sizeof number];
-        std::memcpy(bytes, &number, sizeof number);
-        Add(std::string(bytes, sizeof bytes));
-    }
-
-    std::uint64_t Sum() const { return sum; }
-
-  private:
-    std::uint64_t sum = 0xcbf29ce484222325u;
-};
-
-inline void Add_answers(Digest& digest, Units const& from, Units const& to) {
-    Value_object<double> object(17.3, from, 16.9, 18.1);
-    Value_object<double> const other(4.7, to, 4.1, 5.3);
-    digest.Add(object.Get_unit_string(STR_SYMBOL) + Units_library::Get_unit_string(Units_library::Divide_units(from, to), STR_NAME));
+// The result of `operation`, or what it throws.
+template <typename Operation>
+std::string Answer(char const* name, Operation const& operation) {
     try {
-        object *= other;
-        digest.Add(object.Get_plus_err());
-        object = Value_object<double>(17.3, from, 16.9, 18.1).Convert_to(to);
-        digest.Add(object < other ? object.Get_minus_err() : object.Get_value());
-        digest.Add(Value_converter<double>(to, from).Convert(1.5));
+        Value_object<double> const result = operation();
+        return std::string(" ") + name + ' ' + Digits(result.Get_value()) + " [" + Digits(result.Get_minus_err()) + ", " +
+               Digits(result.Get_plus_err()) + "] " + result.Get_unit_string(STR_SYMBOL);
     } catch (std::exception const& failure) {
-        digest.Add(failure.what());
+        return std::string(" ") + name + ' ' + failure.what();
     }
 }
 
-// Over the pairs of the first `count` named units with all others.
-inline std::uint64_t Answers(std::size_t count) {
-    Digest digest;
-    for (std::size_t k = 0; k < std::min(count, std::size(named_constants)); ++k) {
-        for (Named_constant const& to : named_constants) {
-            Add_answers(digest, *named_constants[k].unit, *to.unit);
-        }
+inline std::string Answers_of_pair(Value_object<double> const& left, Value_object<double> const& right) {
+    auto const copy = [&left] { return left; };
+    return Answer("to", [&] { return left.Convert_to(right); }) + Answer("+", [&] { return copy() += right; }) +
+           Answer("-", [&] { return copy() -= right; }) + Answer("*", [&] { return copy() *= right; }) +
+           Answer("/", [&] { return copy() /= right; }) + Answer("V", [&] { return left.Convert_to_with_value(C_Volts, right); }) +
+           Answer("W", [&] { return left.Convert_to_with_value(C_Watts, right); }) + Answer("<", [&] { return left < right ? left : right; }) +
+           Answer("==", [&] { return left == right ? left : right; }) +
+           Answer("converter", [&] { return Value_converter<double>(left.Get_unit(), right.Get_unit()).Convert(left); }) + '\n';
+}
+
+// One of the named units with all others.
+inline std::string Answers_of(Named_constant const& from) {
+    std::string answers;
+    for (int type = STR_NAME; type <= STR_UPPER_CASE; ++type) {
+        answers += Units_library::Get_unit_string(*from.unit, static_cast<Unit_string_type>(type)) + '\n';
     }
-    return digest.Sum();
+    for (Named_constant const& to : named_constants) {
+        answers += from.name + (' ' + (to.name + Answers_of_pair({17.3, *from.unit, 16.9, 18.1}, {4.7, *to.unit, 4.1, 5.3})));
+    }
+    return answers;
+}
+
+// The first `count` of the named units with all others.
+inline std::string Answers(std::size_t count = std::size(named_constants)) {
+    std::string answers;
+    for (std::size_t k = 0; k < count; ++k) {
+        answers += Answers_of(named_constants[k]);
+    }
+    return answers;
 }
 
 } // namespace Varnix::Value::Tests

@@ -2,6 +2,10 @@
 
 #include "Answers.h"
 
-extern "C" [[gnu::visibility("default")]] std::uint64_t Module_answers(std::size_t count) {
-    return Varnix::Value::Tests::Answers(count);
+// Whether the answers about the first named units are those of `expected`, which is filled if it is empty.
+extern "C" [[gnu::visibility("default")]] bool Answers_are(std::string& expected) {
+    using namespace Varnix::Value::Tests;
+    std::string const answers = Answers_of(named_constants[1]) + Answers_of(named_constants[37]);
+    expected = expected.empty() ? answers : expected;
+    return answers == expected;
 }

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <clocale>
 #include <future>
 #include <locale>
@@ -12,18 +13,18 @@
 namespace Varnix::Value::Tests {
 namespace {
 
-std::vector<std::future<std::uint64_t>> Start_threads() {
-    std::vector<std::future<std::uint64_t>> threads(8);
-    std::generate(threads.begin(), threads.end(), [] { return std::async(std::launch::async, Answers, 93); });
+std::vector<std::future<std::string>> Start_threads() {
+    std::vector<std::future<std::string>> threads(8);
+    std::generate(threads.begin(), threads.end(), [] { return std::async(std::launch::async, Answers, 20); });
     return threads;
 }
 
-std::vector<std::future<std::uint64_t>> threads_before_main = Start_threads();
+std::vector<std::future<std::string>> threads_before_main = Start_threads();
 
 TEST(Threads, Agree_from_before_main) {
-    std::uint64_t const expected = Answers(93);
+    std::string const expected = Answers(20);
     for (auto& thread : threads_before_main) {
-        EXPECT_EQ(thread.get(), expected);
+        EXPECT_TRUE(thread.get() == expected);
     }
 }
 
@@ -34,17 +35,12 @@ struct German_numbers : std::numpunct<char> {
 };
 
 TEST(Locale, Changes_no_answer) {
-    std::uint64_t const expected = Answers(93);
-    Units const big_power = {SPL_NONE, NO_PREFIX, {{METER, 1234567}}};
-    std::locale const before = std::locale::global(std::locale(std::locale::classic(), new German_numbers));
-    char const* const name = std::setlocale(LC_ALL, "de_DE.UTF-8");
-    std::string const decimal_point = std::localeconv()->decimal_point;
-    EXPECT_EQ(Answers(93), expected);
-    EXPECT_EQ(Units_library::Get_unit_string(big_power, STR_SYMBOL), "m^1234567");
-    std::setlocale(LC_ALL, "C");
-    std::locale::global(before);
-    ASSERT_NE(name, nullptr) << "the build makes this locale, and LOCPATH leads there";
-    EXPECT_EQ(decimal_point, ",");
+    std::string const expected = Answers();
+    std::locale::global(std::locale(std::locale::classic(), new German_numbers));
+    ASSERT_NE(std::setlocale(LC_ALL, "de_DE.UTF-8"), nullptr) << "the build makes this locale, and LOCPATH leads there";
+    ASSERT_STREQ(std::localeconv()->decimal_point, ",");
+    EXPECT_TRUE(Answers() == expected);
+    EXPECT_EQ(Units_library::Get_unit_string({SPL_NONE, NO_PREFIX, {{METER, 1234567}}}, STR_SYMBOL), "m^1234567");
 }
 
 } // namespace
