@@ -4,6 +4,8 @@
 # sum must not be contracted into one instruction.
 set(VALUE_OBJECT_NUMBER_OPTIONS -ffp-contract=off)
 
+# Not -Wfloat-equal: numbers are compared exactly where that is the promise (operator==), and with 1.0
+# where a factor is to be left out that would change nothing.
 set(VALUE_OBJECT_WARNING_OPTIONS
     -Wall
     -Wextra

@@ -17,9 +17,9 @@ struct Unit_strings {
         : symbol(symbol_text), name(name_text), lower_case(lower_case_text),
           upper_case(upper_case_text) {}
 
-    // Member by member, but not in line: the code of the tables would be a third larger.
+    // Not in line: the code of the tables would be a third larger.
     Unit_strings(Unit_strings const& other);
-    Unit_strings& operator=(Unit_strings const& other);
+    Unit_strings& operator=(Unit_strings const& other) = delete;
     ~Unit_strings();
 
     std::string symbol;     // the display symbol, UTF-8

@@ -19,7 +19,6 @@
 namespace Varnix::Value {
 
 Unit_strings::Unit_strings(Unit_strings const& other) = default;
-Unit_strings& Unit_strings::operator=(Unit_strings const& other) = default;
 Unit_strings::~Unit_strings() = default;
 
 namespace {

@@ -117,6 +117,7 @@ TEST(Core, Predicates) {
         {C_Hz, C_Min, false},
         {C_MeterPerSecond, Unit({{FOOT, 1}, {HOUR, -1}}), true},
         {C_MeterPerSecond, Unit({{FOOT, 1}, {HOUR, -2}}), false},
+        {C_MeterPerSecond, Unit({{NO_UNIT, 0}, {SECOND, -1}}), false},
     };
     for (Row const& row : rows) {
         EXPECT_EQ(Quantity::Is_convertable_unit(row.first, row.second), row.convertable) << row.first << row.second;

@@ -122,7 +122,9 @@ std::string Of_one_unit(std::string const& operation, Units const& unit) {
 }
 
 std::string Product(Units const& first, std::string const& operation, Units const& second) {
-    return Written(operation == "*" ? Units_library::Multiply_units(first, second) : Units_library::Divide_units(first, second));
+    auto const combine = operation == "*" ? Units_library::Multiply_units : Units_library::Divide_units;
+    EXPECT_TRUE(operation == "/" || combine(first, second) == Units_library::Make_unit(first, second));
+    return Written(combine(first, second));
 }
 
 // Which of the six comparisons hold; each is refused if one is.

@@ -1,0 +1,153 @@
+// What the fuzzers share: units and numbers made of any bytes, and the checks that every operation
+// is put to. A check that fails says which and ends the process, which the fuzzer reports.
+
+#ifndef VARNIX_VALUE_TESTS_FUZZ_INPUT_H
+#define VARNIX_VALUE_TESTS_FUZZ_INPUT_H
+
+#include "../Named_constants.h"
+
+#include <varnix/value/Value_converter.h>
+#include <varnix/value/Value_object.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <limits>
+#include <new>
+#include <stdexcept>
+#include <typeinfo>
+
+namespace Varnix::Value::Tests {
+
+using Quantity = Value_object<double>;
+
+// ---- Input
+
+class Input {
+  public:
+    Input(std::uint8_t const* data, std::size_t size) : next(data), left(size) {}
+
+    bool Is_used_up() const { return left == 0; }
+
+    // The next bytes as they are; zeros after the last.
+    template <typename Record>
+    Record Take() {
+        Record record = {};
+        std::size_t const count = std::min(left, sizeof record);
+        std::memcpy(&record, next, count);
+        next += count;
+        left -= count;
+        return record;
+    }
+
+    // A named unit, one of small codes and powers, or any 48 bytes.
+    Units Take_unit() {
+        std::size_t const kind = Take<std::uint8_t>();
+        if (kind < std::size(named_constants)) {
+            return *named_constants[kind].unit;
+        }
+        return kind < 240 ? Take_small_unit(kind % (Tuple_count + 1)) : Take<Units>();
+    }
+
+    double Take_number() {
+        using Limits = std::numeric_limits<double>;
+        constexpr double remarkable[] = {0.0, -0.0, 1.0, -40.0, 273.15, 1e-3, Limits::max(), Limits::infinity(), Limits::quiet_NaN()};
+        std::size_t const kind = Take<std::uint8_t>();
+        if (kind < std::size(remarkable)) {
+            return remarkable[kind];
+        }
+        return kind < 128 ? Take<std::int16_t>() / 16.0 : Take<double>();
+    }
+
+    Quantity Take_quantity() {
+        double const value = Take_number();
+        Quantity quantity;
+        quantity.Set(value, Take_unit(), Take_number(), Take_number());
+        return quantity;
+    }
+
+  private:
+    Units Take_small_unit(std::size_t count) {
+        auto const marker = static_cast<Special_conversion>(Take<std::uint8_t>() % 3);
+        Units unit = {marker, static_cast<SI_units>(Take<std::int8_t>()), {}};
+        for (std::size_t k = 0; k < count; ++k) {
+            auto const code = static_cast<Units_list>(Take<std::uint8_t>() % (SYMBOL + 2));
+            unit.tuples[k] = {code, Take<std::int8_t>()};
+        }
+        return unit;
+    }
+
+    std::uint8_t const* next;
+    std::size_t left;
+};
+
+// ---- Checks
+
+#define CHECK(condition)                                                                                                                             \
+    do {                                                                                                                                             \
+        if (!(condition)) {                                                                                                                          \
+            std::fprintf(stderr, "%s:%d: not so: %s\n", __FILE__, __LINE__, #condition);                                                             \
+            std::abort();                                                                                                                            \
+        }                                                                                                                                            \
+    } while (false)
+
+template <typename... Exceptions>
+bool Is_one_of(std::exception const& failure) {
+    return ((typeid(failure) == typeid(Exceptions)) || ...);
+}
+
+// What a function may throw, as its header says.
+using Documented = bool (*)(std::exception const& failure);
+constexpr Documented nothing = Is_one_of<>;
+constexpr Documented limit = Is_one_of<OperationExceedingAllowedTuples>;
+constexpr Documented not_in_catalogue = Is_one_of<UnitNotDefined>;
+constexpr Documented range = Is_one_of<std::out_of_range>;
+constexpr Documented cannot_be_arranged = Is_one_of<UnitDimensionNotProper, UnitNotDefined>;
+constexpr Documented cannot_be_built = Is_one_of<UnitDimensionNotProper, UnitNotDefined, OperationNotValid>;
+constexpr Documented no_factor = Is_one_of<UnitDimensionNotSame, UnitNotDefined, std::out_of_range>;
+constexpr Documented no_relation = Is_one_of<NoRuleToConvert, std::out_of_range>;
+constexpr Documented no_conversion = Is_one_of<UnitDimensionNotSame, UnitDimensionNotProper, UnitNotDefined, OperationNotValid, std::out_of_range>;
+constexpr Documented no_product =
+    Is_one_of<UnitDimensionNotSame, UnitDimensionNotProper, UnitNotDefined, OperationNotValid, std::out_of_range, OperationExceedingAllowedTuples>;
+
+// Runs `operation`; returns whether it came to its end, and else sees that its failure is documented.
+template <typename Operation>
+bool Succeeds(Documented documented, Operation const& operation) {
+    try {
+        operation();
+        return true;
+    } catch (std::exception const& failure) {
+        if (!documented(failure) || failure.what()[0] == '\0') {
+            std::fprintf(stderr, "not documented: %s: %s\n", typeid(failure).name(), failure.what());
+            std::abort();
+        }
+        return false;
+    }
+}
+
+template <typename Record>
+bool Same_bytes(Record const& left, Record const& right) {
+    return std::memcmp(static_cast<void const*>(&left), static_cast<void const*>(&right), sizeof left) == 0;
+}
+
+inline bool Same_number(double left, double right) {
+    return (std::isnan(left) && std::isnan(right)) || Same_bytes(left, right);
+}
+
+inline bool Same_unit(Units const& left, Units const& right) {
+    return Units_library::Compare_units_DB(left, right, true);
+}
+
+inline void Check_canonical(Units const& unit) {
+    CHECK(Same_unit(Units_library::Arrange_tuple(unit), unit));
+    for (std::size_t k = 1; k < Tuple_count && unit.tuples[k].unit != NO_UNIT; ++k) {
+        CHECK(Units_library::Get_dimension(unit.tuples[k - 1].unit) < Units_library::Get_dimension(unit.tuples[k].unit));
+    }
+}
+
+} // namespace Varnix::Value::Tests
+
+#endif

@@ -1,0 +1,195 @@
+#!/usr/bin/env python3
+"""Puts one-token faults into copies of the sources, one at a time, and sees whether the tests notice.
+
+A fault that the tests do not notice survives. Those that change nothing that a program could see
+stand in tools/equivalent_mutants.txt, each with its reason, and do not count. Of the others 95 of 100
+must be caught. The faults are a sample of all possible ones, the same for the same seed.
+"""
+
+import argparse
+import concurrent.futures
+import pathlib
+import queue
+import random
+import re
+import shutil
+import subprocess
+import sys
+
+ROOT = pathlib.Path(__file__).resolve().parent.parent
+WORK = ROOT / 'build' / 'mutate'
+EQUIVALENT = ROOT / 'tools' / 'equivalent_mutants.txt'
+TESTS = ['value_object_tests', 'value_object_inside_tests', 'replay_units', 'replay_operations']
+COPIED = ['CMakeLists.txt', 'cmake', 'include', 'src', 'tests', 'docs', 'tools', 'LICENSE']
+REQUIRED_SHARE = 0.95
+
+# What one token becomes: a pattern, and the text in its place.
+TOKENS = [
+    (r' == ', ' != '), (r' != ', ' == '),
+    (r' < ', ' <= '), (r' > ', ' >= '), (r' <= ', ' < '), (r' >= ', ' > '),
+    (r' \+ ', ' - '), (r' - ', ' + '), (r' \* ', ' / '), (r' / ', ' * '),
+    (r' \+= ', ' -= '), (r' \*= ', ' /= '), (r' \|= ', ' &= '),
+    (r' && ', ' || '), (r' \|\| ', ' && '), (r' \| ', ' & '), (r' & ', ' | '), (r' \^ ', ' | '),
+    (r'(?<![\w)=!])!(?=[\w(])', ''),
+    (r'\btrue\b', 'false'), (r'\bfalse\b', 'true'),
+    (r'\bcontinue;', 'break;'), (r'\bbreak;', 'continue;'),
+    (r'\bminus_err\b', 'plus_err'), (r'\bplus_err\b', 'minus_err'),
+    (r'\bleft\b', 'right'), (r'\bright\b', 'left'),
+    (r'\bfrom\b', 'to'), (r'\bto\b', 'from'), (r'\bfirst\b', 'second'), (r'\bsecond\b', 'first'),
+    (r'(?<=if )\(', '(!'),
+    (r'\breturn (?!false|0)(?=[\w!][^;]*;$)', 'return {}; '),
+    (r'(?<=[a-z%])"', 'x"'),
+]
+# A statement that is left out: a call, an assignment, a throw.
+STATEMENT = re.compile(r'^\s+(?!return|break|continue|using|throw;|case|[\w:<>]+( const)?&? \w+( =|\(|;)|[\w:<> ]+ const )[\w:.<>]+.*;$')
+NUMBER = re.compile(r'(?<![\w."])\d+(?:\.\d+)?(?:e-?\d+)?(?![\w."])')
+
+
+def changed_number(text):
+    return {'0': '1', '1': '2', '1.0': '2.0', '0.0': '1.0'}.get(text) or (
+        str(int(text) + 1) if text.isdigit() else repr(float(text) * 1.5))
+
+
+def code_of(line):
+    """The line without its comment; nothing where there is no code to change."""
+    code = re.sub(r'\s*//.*', '', line)
+    skipped = ('#', 'static_assert', 'template', 'using', '[[', 'namespace', 'struct', 'class', '*')
+    return '' if code.strip().startswith(skipped) else code
+
+
+def faults_of(path):
+    """All one-token faults of a source: (file, number of the line, line, changed line)."""
+    for number, line in enumerate(path.read_text().splitlines()):
+        code = code_of(line)
+        changes = []
+        for pattern, replacement in TOKENS:
+            changes += [(match, replacement) for match in re.finditer(pattern, code)]
+        changes += [(match, changed_number(match.group())) for match in NUMBER.finditer(code)]
+        if STATEMENT.match(code):
+            changes.append((re.match(r'(?P<indent>\s*)(?P<rest>.*)', code), ';'))
+        for match, replacement in changes:
+            yield (path.relative_to(ROOT).as_posix(), number, line,
+                   line[:match.start()] + replacement + line[match.end():])
+
+
+def read_equivalent():
+    """The faults known to change nothing, as (file, line, changed line)."""
+    known, path, before = set(), None, None
+    for line in EQUIVALENT.read_text().splitlines():
+        if line.startswith('- '):
+            before = line[2:]
+        elif line.startswith('+ '):
+            known.add((path, before, line[2:]))
+        elif line.startswith('src/'):
+            path = line
+    return known
+
+
+class Workshop:
+    """A copy of the project, built once, in which one fault after the other is tried."""
+
+    def __init__(self, name, compiler, options):
+        self.sources = WORK / name
+        self.build = WORK / f'{name}-build'
+        for path in subprocess.run(['git', 'ls-files', '--', *COPIED], cwd=ROOT, check=True, capture_output=True, text=True).stdout.split():
+            (self.sources / path).parent.mkdir(parents=True, exist_ok=True)
+            shutil.copy(ROOT / path, self.sources / path)
+        self.run(['cmake', '-G', 'Ninja', '-S', self.sources, '-B', self.build, '-DCMAKE_BUILD_TYPE=Debug',
+                  f'-DCMAKE_CXX_COMPILER={compiler}', f'-DCMAKE_CXX_FLAGS=-g0 -w {options}',
+                  '-DCMAKE_GTEST_DISCOVER_TESTS_DISCOVERY_MODE=PRE_TEST', '-DVALUE_OBJECT_EXAMPLES=OFF'], check=True)
+        self.run(['cmake', '--build', self.build, '--target', 'ValueObject', *TESTS], check=True)
+        if self.failing_test():
+            sys.exit(f'{self.failing_test()} fails without a fault')
+
+    @staticmethod
+    def run(command, check=False, timeout=600, **options):
+        return subprocess.run(command, check=check, timeout=timeout, stdout=subprocess.DEVNULL,
+                              stderr=subprocess.DEVNULL, **options)
+
+    def failing_test(self):
+        """The first test program that fails, crashes or hangs."""
+        corpus = self.sources / 'tests' / 'fuzz' / 'corpus'
+        options = [['--gtest_fail_fast'], [], [corpus / 'units'], [corpus / 'operations']]
+        for test, arguments in zip(TESTS, options):
+            try:
+                failed = self.run([self.build / 'tests' / test, *arguments], timeout=60).returncode != 0
+            except subprocess.TimeoutExpired:
+                failed = True
+            if failed:
+                return test
+        return None
+
+    def try_fault(self, fault):
+        """'caught', 'survived', or 'not code' where it does not compile."""
+        path, number, _, changed = fault
+        source = self.sources / path
+        original = source.read_text()
+        lines = original.splitlines()
+        lines[number] = changed
+        source.write_text('\n'.join(lines) + '\n')
+        try:
+            built = self.run(['cmake', '--build', self.build, '--target', 'ValueObject', 'value_object_inside_tests'])
+            if built.returncode != 0:
+                return 'not code'
+            return 'caught' if self.failing_test() else 'survived'
+        finally:
+            source.write_text(original)
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__)
+    parser.add_argument('--sample', type=int, default=300, help='how many faults are tried (300); 0 for all')
+    parser.add_argument('--seed', type=int, default=1, help='which sample of that size (1)')
+    parser.add_argument('--jobs', type=int, default=2, help='how many are tried at once (2)')
+    parser.add_argument('--only', default='', help='try only faults of sources whose names contain this')
+    arguments = parser.parse_args()
+
+    faults = [fault for path in sorted((ROOT / 'src').iterdir()) for fault in faults_of(path) if arguments.only in path.name]
+    total = len(faults)
+    random.Random(arguments.seed).shuffle(faults)
+    faults = faults[:arguments.sample or total]
+    print(f'{len(faults)} of {total} faults', flush=True)
+
+    shutil.rmtree(WORK, ignore_errors=True)
+    workshops = queue.Queue()
+    for k in range(arguments.jobs):
+        workshops.put(Workshop(f'copy{k}', 'g++', ''))
+    careful_workshops = queue.Queue()  # slower, for what the others let pass
+    careful_workshops.put(Workshop('careful', 'clang++', '-fsanitize=address,undefined -fno-sanitize-recover=all'))
+
+    known = read_equivalent()
+    counts = {'caught': 0, 'survived': 0, 'not code': 0, 'equivalent': 0}
+
+    def try_in_one_of(choice, fault):
+        workshop = choice.get()
+        try:
+            return workshop.try_fault(fault)
+        finally:
+            choice.put(workshop)
+
+    def try_fault(fault):
+        outcome = try_in_one_of(workshops, fault)
+        return fault, try_in_one_of(careful_workshops, fault) if outcome == 'survived' else outcome
+
+    with concurrent.futures.ThreadPoolExecutor(arguments.jobs) as pool:
+        for (path, number, line, changed), outcome in pool.map(try_fault, faults):
+            is_known = (path, line.strip(), changed.strip()) in known
+            if outcome == 'caught' and is_known:
+                print(f'{path}:{number + 1}: listed as equivalent, but caught\n+ {changed.strip()}', flush=True)
+            if outcome == 'survived' and is_known:
+                outcome = 'equivalent'
+            counts[outcome] += 1
+            if sum(counts.values()) % 50 == 0:
+                print(f'{sum(counts.values())} tried', flush=True)
+            if outcome == 'survived':
+                print(f'survived at line {number + 1}\n{path}\n- {line.strip()}\n+ {changed.strip()}', flush=True)
+
+    behaviour = counts['caught'] + counts['survived']
+    share = counts['caught'] / behaviour if behaviour else 1.0
+    print(f"caught {counts['caught']} of {behaviour} faults ({share:.1%}); {counts['equivalent']} more change nothing, "
+          f"{counts['not code']} do not compile")
+    return 0 if share >= REQUIRED_SHARE else 1
+
+
+if __name__ == '__main__':
+    sys.exit(main())
