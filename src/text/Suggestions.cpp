@@ -1,5 +1,6 @@
 #include "Suggestions.h"
 
+#include "Unit_readings.h"
 #include "Unit_words.h"
 
 #include <varnix/value/Unit_kinds.h>
@@ -67,7 +68,7 @@ class Nearest {
             return;
         }
         int const distance = Distance(word, candidate);
-        if (distance < lowest) {
+        if (distance < lowest && Can_be_suggested(candidate)) {
             lowest = distance;
             nearest = candidate;
         }

@@ -202,11 +202,12 @@ std::optional<Mixture> Find_mixture(std::string_view word) {
     return std::nullopt;
 }
 
-// The prefix in the form of the unit: kilometers, km.
+// The prefix in the form of the unit: kilometers, km; or apart from it: nano(mi).
 std::string Unmixed(Mixture const& mixture) {
     Units const unit = {SPL_NONE, mixture.prefix->prefix, {}};
     Unit_string_type const type = mixture.prefix->form == symbol_form ? STR_NAME : STR_SYMBOL;
-    return Units_library::Get_unit_str_si_map(unit, type) + mixture.unit;
+    std::string const text = Units_library::Get_unit_str_si_map(unit, type) + mixture.unit;
+    return Can_be_suggested(text) ? text : mixture.prefix->text + '(' + mixture.unit + ')';
 }
 
 } // namespace

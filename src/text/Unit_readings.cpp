@@ -463,6 +463,12 @@ bool Read_group(std::string_view text, Group_place const& place, Reading& readin
     return !fault;
 }
 
+bool Can_be_suggested(std::string const& word) {
+    Reading reading;
+    std::optional<Text_fault> fault;
+    return word == "dB" || (Read_group(word, {0, false, false}, reading, fault) && !fault);
+}
+
 std::optional<Bare_prefix> Read_bare_prefix(std::string_view text, std::size_t position,
                                             char next) {
     std::string_view const rest = text.substr(position);

@@ -58,6 +58,9 @@ struct Group_place {
 bool Read_group(std::string_view text, Group_place const& place, Reading& reading,
                 std::optional<Text_fault>& fault);
 
+// Whether a word by itself is read as a unit, or as decibels: "nmi", a nano mile, is refused.
+bool Can_be_suggested(std::string const& word);
+
 // The prefix that stands at `position` before the character `next`, and the position of that.
 struct Bare_prefix {
     SI_units prefix;

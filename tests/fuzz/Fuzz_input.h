@@ -63,9 +63,13 @@ class Input {
     }
 
     Quantity Take_quantity() {
+        // One after the other: the order in which arguments are evaluated differs between compilers.
         double const value = Take_number();
+        Units const unit = Take_unit();
+        double const minus_err = Take_number();
+        double const plus_err = Take_number();
         Quantity quantity;
-        quantity.Set(value, Take_unit(), Take_number(), Take_number());
+        quantity.Set(value, unit, minus_err, plus_err);
         return quantity;
     }
 

@@ -71,9 +71,11 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size
     Tests::Check_order_and_comparison(unit, other);
     Tests::Check_products(unit, other);
     Tests::Check_texts(unit, static_cast<Unit_string_type>(input.Take<std::int8_t>() % 5));
-    Tests::Quantity quantity;
     double const value = input.Take_number();
-    quantity.Set(value, unit, input.Take_number(), input.Take_number());
+    double const minus_err = input.Take_number();
+    double const plus_err = input.Take_number();
+    Tests::Quantity quantity;
+    quantity.Set(value, unit, minus_err, plus_err);
     Tests::Check_conversion(quantity, other);
     return 0;
 }
