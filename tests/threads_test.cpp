@@ -35,11 +35,11 @@ struct German_numbers : std::numpunct<char> {
 };
 
 TEST(Locale, Changes_no_answer) {
-    std::string const expected = Answers();
+    std::string const expected = Answers(20);
     std::locale::global(std::locale(std::locale::classic(), new German_numbers));
     ASSERT_NE(std::setlocale(LC_ALL, "de_DE.UTF-8"), nullptr) << "the build makes this locale, and LOCPATH leads there";
     ASSERT_STREQ(std::localeconv()->decimal_point, ",");
-    EXPECT_TRUE(Answers() == expected);
+    EXPECT_TRUE(Answers(20) == expected);
     EXPECT_EQ(Units_library::Get_unit_string({SPL_NONE, NO_PREFIX, {{METER, 1234567}}}, STR_SYMBOL), "m^1234567");
 }
 

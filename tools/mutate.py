@@ -37,7 +37,7 @@ TOKENS = [
     (r'\bleft\b', 'right'), (r'\bright\b', 'left'),
     (r'\bfrom\b', 'to'), (r'\bto\b', 'from'), (r'\bfirst\b', 'second'), (r'\bsecond\b', 'first'),
     (r'(?<=if )\(', '(!'),
-    (r'\breturn (?!false|0)(?=[\w!][^;]*;$)', 'return {}; '),
+    (r'\breturn (?!false|0|std::string\(\)|std::nullopt)(?=[\w!][^;]*;$)', 'return {}; '),
     (r'(?<=[a-z%])"', 'x"'),
 ]
 # A statement that is left out: a call, an assignment, a throw.
@@ -144,7 +144,7 @@ def main():
     parser.add_argument('--only', default='', help='try only faults of sources whose names contain this')
     arguments = parser.parse_args()
 
-    faults = [fault for path in sorted((ROOT / 'src').iterdir()) for fault in faults_of(path) if arguments.only in path.name]
+    faults = [fault for path in sorted((ROOT / 'src').glob('*.*')) for fault in faults_of(path) if arguments.only in path.name]
     total = len(faults)
     random.Random(arguments.seed).shuffle(faults)
     faults = faults[:arguments.sample or total]
