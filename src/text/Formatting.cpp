@@ -236,27 +236,28 @@ std::string Explicit_units(Units const& unit, Unit_string_type spelling) {
            (several ? '(' + denominator + ')' : denominator);
 }
 
-// The spellings to try, the nicest first; an empty one is none.
-std::array<std::string, 5> Spellings_of(Units const& unit, Unit_string_type spelling) {
+// The spellings to try, the nicest first; an empty one is none. A prefix by its name serves where
+// its symbol does not: "min" is the minute, "m(in)" a metre, and "milli(in)" a thousandth of an
+// inch.
+std::array<std::string, 7> Spellings_of(Units const& unit, Unit_string_type spelling) {
     std::string const prefix = Units_library::Get_unit_str_si_map(unit, spelling);
     std::string const units = Explicit_units(unit, spelling);
     std::string const joined = prefix + units;
     std::string const apart = prefix + '(' + units + ')';
+    std::string const by_name =
+        Units_library::Get_unit_str_si_map(unit, STR_NAME) + '(' + units + ')';
     if (unit.spl_conv != SPL_DB) {
-        return {Spelled(unit, spelling), joined, apart, "", ""};
+        return {Spelled(unit, spelling), joined, apart, by_name, "", "", ""};
     }
-    return {Spelled(unit, spelling), "dB" + joined, "dB(" + joined + ')', "dB" + apart,
-            "dB(" + apart + ')'};
+    return {Spelled(unit, spelling), "dB" + joined,  "dB(" + joined + ')', "dB" + apart,
+            "dB(" + apart + ')',     "dB" + by_name, "dB(" + by_name + ')'};
 }
 
 } // namespace
 
 std::string Format_unit(Units const& unit, Unit_string_type spelling) {
-    bool const readable = spelling == STR_NAME || spelling == STR_SYMBOL;
-    for (int form = spelling; readable && form >= STR_NAME; --form) {
-        // Names serve where symbols do not: "min" is the minute, "m(in)" a metre, and
-        // "milliinches" thousandths of an inch.
-        for (std::string const& text : Spellings_of(unit, static_cast<Unit_string_type>(form))) {
+    if (spelling == STR_NAME || spelling == STR_SYMBOL) {
+        for (std::string const& text : Spellings_of(unit, spelling)) {
             if (!text.empty() && Reads_back(text, unit)) {
                 return text;
             }
