@@ -115,16 +115,6 @@ Character Beyond_ascii(std::string_view text) {
     return Kind_of(Decode(text));
 }
 
-std::size_t Skip_blanks(std::string_view text, std::size_t position) {
-    for (;;) {
-        Character const character = Character_at(text, position);
-        if (character.kind != Kind::blank) {
-            return position;
-        }
-        position += character.size;
-    }
-}
-
 std::string Described(std::string_view text, std::size_t position) {
     Character const character = Character_at(text, position);
     if (character.kind == Kind::text_end) {

@@ -54,7 +54,15 @@ inline Character Character_at(std::string_view text, std::size_t position) {
 }
 
 // The first position from `position` on that is not a blank.
-std::size_t Skip_blanks(std::string_view text, std::size_t position);
+inline std::size_t Skip_blanks(std::string_view text, std::size_t position) {
+    for (;;) {
+        Character const character = Character_at(text, position);
+        if (character.kind != Character_kind::blank) {
+            return position;
+        }
+        position += character.size;
+    }
+}
 
 // The character at `position` for a message: quoted, or in words.
 std::string Described(std::string_view text, std::size_t position);

@@ -13,8 +13,8 @@ namespace {
 // Only other characters for a symbol are run together with other units, as the symbol is.
 struct Alias {
     char const* text;
-    Word_form form;
     Units const* unit;
+    Word_form form;
     bool run_together = false;
 };
 
@@ -24,57 +24,57 @@ constexpr Units Bits_per_second = {SPL_NONE, NO_PREFIX, {{BIT, 1}, {SECOND, -1}}
 
 Alias const aliases[] = {
     // One of each.
-    {"meter",             name_form,   &C_Meter},
-    {"inch",              name_form,   &C_Inch},
-    {"foot",              name_form,   &C_Ft},
-    {"yards",             name_form,   &C_Yard},        // the core's name is the singular
-    {"mile",              name_form,   &C_Miles},
-    {"nautical_mile",     name_form,   &C_Nautical_mile},
-    {"second",            name_form,   &C_Sec},
-    {"minute",            name_form,   &C_Min},
-    {"hour",              name_form,   &C_Hrs},
-    {"day",               name_form,   &C_Days},
-    {"week",              name_form,   &C_Wks},
-    {"month",             name_form,   &C_Months},
-    {"year",              name_form,   &C_Yrs},
-    {"radian",            name_form,   &C_Radian},
-    {"degree",            name_form,   &C_Degree},
-    {"kelvins",           name_form,   &C_Kelvin},
-    {"gram",              name_form,   &C_Grams},
-    {"watt",              name_form,   &C_Watts},
-    {"volt",              name_form,   &C_Volts},
-    {"amp",               name_form,   &C_Amps},
-    {"bit",               name_form,   &C_Bits},
-    {"nybbles",           name_form,   &C_Nybble},      // the core's name is the singular
-    {"byte",              name_form,   &C_Bytes},
-    {"octet",             name_form,   &C_Octets},
-    {"word",              name_form,   &C_Words},
-    {"dword",             name_form,   &C_Dwords},
-    {"knots",             name_form,   &C_Knots},
-    {"knot",              name_form,   &C_Knots},
+    {"meter",           &C_Meter,         name_form},
+    {"inch",            &C_Inch,          name_form},
+    {"foot",            &C_Ft,            name_form},
+    {"yards",           &C_Yard,          name_form},           // the core's name is the singular
+    {"mile",            &C_Miles,         name_form},
+    {"nautical_mile",   &C_Nautical_mile, name_form},
+    {"second",          &C_Sec,           name_form},
+    {"minute",          &C_Min,           name_form},
+    {"hour",            &C_Hrs,           name_form},
+    {"day",             &C_Days,          name_form},
+    {"week",            &C_Wks,           name_form},
+    {"month",           &C_Months,        name_form},
+    {"year",            &C_Yrs,           name_form},
+    {"radian",          &C_Radian,        name_form},
+    {"degree",          &C_Degree,        name_form},
+    {"kelvins",         &C_Kelvin,        name_form},
+    {"gram",            &C_Grams,         name_form},
+    {"watt",            &C_Watts,         name_form},
+    {"volt",            &C_Volts,         name_form},
+    {"amp",             &C_Amps,          name_form},
+    {"bit",             &C_Bits,          name_form},
+    {"nybbles",         &C_Nybble,        name_form},           // the core's name is the singular
+    {"byte",            &C_Bytes,         name_form},
+    {"octet",           &C_Octets,        name_form},
+    {"word",            &C_Words,         name_form},
+    {"dword",           &C_Dwords,        name_form},
+    {"knots",           &C_Knots,         name_form},
+    {"knot",            &C_Knots,         name_form},
     // Other spellings of names.
-    {"metre",             name_form,   &C_Meter},
-    {"metres",            name_form,   &C_Meter},
-    {"ampere",            name_form,   &C_Amps},
-    {"amperes",           name_form,   &C_Amps},
-    {"nibble",            name_form,   &C_Nybble},
-    {"nibbles",           name_form,   &C_Nybble},
-    {"ohm",               name_form,   &C_Ohms},        // the symbol as well
-    {"symbol",            name_form,   &One_symbol},
+    {"metre",           &C_Meter,         name_form},
+    {"metres",          &C_Meter,         name_form},
+    {"ampere",          &C_Amps,          name_form},
+    {"amperes",         &C_Amps,          name_form},
+    {"nibble",          &C_Nybble,        name_form},
+    {"nibbles",         &C_Nybble,        name_form},
+    {"ohm",             &C_Ohms,          name_form},           // the symbol as well
+    {"symbol",          &One_symbol,      name_form},
     // Other symbols.
-    {"\u03A9",            symbol_form, &C_Ohms, true},  // Greek capital omega
-    {"\u2126",            symbol_form, &C_Ohms, true},  // ohm sign
-    {"\u00B0",            symbol_form, &C_Degree},
-    {"degC",              symbol_form, &C_DgreeC},
-    {"degF",              symbol_form, &C_DgreeF},
-    {"\u2103",            symbol_form, &C_DgreeC, true}, // one character for °C
-    {"\u2109",            symbol_form, &C_DgreeF, true},
-    {"\u212A",            symbol_form, &C_Kelvin, true}, // kelvin sign
-    {"hr",                symbol_form, &C_Hrs},
-    {"sec",               symbol_form, &C_Sec},
-    {"mph",               symbol_form, &C_Mph},
-    {"kn",                symbol_form, &C_Knots},       // no unit n, so no kilo of it
-    {"bps",               symbol_form, &Bits_per_second},
+    {"\u03A9",          &C_Ohms,          symbol_form, true},   // Greek capital omega
+    {"\u2126",          &C_Ohms,          symbol_form, true},   // ohm sign
+    {"\u00B0",          &C_Degree,        symbol_form},
+    {"degC",            &C_DgreeC,        symbol_form},
+    {"degF",            &C_DgreeF,        symbol_form},
+    {"\u2103",          &C_DgreeC,        symbol_form, true},   // one character for °C
+    {"\u2109",          &C_DgreeF,        symbol_form, true},
+    {"\u212A",          &C_Kelvin,        symbol_form, true},   // kelvin sign
+    {"hr",              &C_Hrs,           symbol_form},
+    {"sec",             &C_Sec,           symbol_form},
+    {"mph",             &C_Mph,           symbol_form},
+    {"kn",              &C_Knots,         symbol_form},         // no unit n, so no kilo of it
+    {"bps",             &Bits_per_second, symbol_form},
 };
 
 struct Prefix_alias {
