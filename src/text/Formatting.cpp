@@ -88,21 +88,26 @@ int Exponent_of(double number, int digits) {
     return text[sign] == '-' ? -exponent : exponent;
 }
 
+// Enough digits not to round a number up to the next power of ten.
+constexpr int exact_digits = 17;
+
 // Where a number ends: at the digit of 10^place, written out or with an exponent.
 struct Ending {
     int place;
     bool with_exponent;
 };
 
-// Numbers that end above the units are written out with zeros up to this place.
-constexpr int highest_written_place = 14;
+// Numbers are written out, without an exponent, from the one power of ten to the other; with zeros
+// for the places that are not shown, for which the upper one is.
+constexpr int lowest_written_exponent = -5;
+constexpr int highest_written_exponent = 14;
 
 std::string Written(double number, Ending const& ending) {
     if (!std::isfinite(number)) {
         return Shortest(number);
     }
     if (ending.with_exponent) {
-        int const decimals = number == 0.0 ? 0 : Exponent_of(number, 1) - ending.place;
+        int const decimals = number == 0.0 ? 0 : Exponent_of(number, exact_digits) - ending.place;
         return Written(number, std::chars_format::scientific, decimals);
     }
     if (ending.place <= 0) {
@@ -117,19 +122,19 @@ std::string Written(double number, Ending const& ending) {
 
 Ending Significant_ending(double number, int count) {
     int const exponent = number == 0.0 ? 0 : Exponent_of(number, count);
-    return {exponent - (count - 1), exponent < -5 || exponent >= count};
+    return {exponent - (count - 1), exponent < lowest_written_exponent || exponent >= count};
 }
 
-// Down to the second significant digit of half the distance of the bounds.
+// Down to the second significant digit of half the distance of the bounds. What is larger, the
+// value or that half, decides whether there is an exponent.
 std::optional<Ending> Ending_by_bounds(Numbers const& numbers) {
     double const half = numbers.upper / 2 - numbers.lower / 2;
     if (!std::isfinite(half) || half <= 0.0 || !std::isfinite(numbers.value)) {
         return std::nullopt;
     }
-    int const place = Exponent_of(half, 2) - 1;
-    bool const large =
-        numbers.value != 0.0 && Exponent_of(numbers.value, 1) > highest_written_place;
-    return Ending{place, large || place > highest_written_place || place < -count_limit};
+    int const exponent = Exponent_of(std::max(std::abs(numbers.value), half), exact_digits);
+    return Ending{Exponent_of(half, 2) - 1,
+                  exponent < lowest_written_exponent || exponent > highest_written_exponent};
 }
 
 // Where the value ends; nothing for the shortest digits.
