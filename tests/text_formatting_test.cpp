@@ -28,7 +28,7 @@ Quantity Q(double value, Units const& unit) {
     return Quantity(value, unit, value, value);
 }
 
-// "[FORMAT: ]QUANTITY = TEXT", by `Format` and by {fmt}.
+// "FORMAT: QUANTITY = TEXT", by `Format` and by {fmt}.
 TEST(Formats, Are_written_as_in_the_table) {
     std::ifstream file(VALUE_OBJECT_TEST_CASES "/formatting.txt");
     int rows = 0;
