@@ -28,7 +28,7 @@ Quantity Q(double value, Units const& unit) {
     return Quantity(value, unit, value, value);
 }
 
-// "[FORMAT: ]QUANTITY = TEXT", by `Format` and by {fmt}.
+// "FORMAT: QUANTITY = TEXT", by `Format` and by {fmt}.
 TEST(Formats, Are_written_as_in_the_table) {
     std::ifstream file(VALUE_OBJECT_TEST_CASES "/formatting.txt");
     int rows = 0;
@@ -96,8 +96,8 @@ Unit_case const unit_cases[] = {
     {"TwoProducts",  Unit({{AMP, 1}, {METER, 1}, {KELVIN, -1}, {MINUTE, -1}}), "Am/Kmin", "ampsmeters/kelvinminutes"},
     {"KiloArea",     Unit({{METER, 2}}, KILO),                       "km^2",            "kilometers^2"}, // a thousand square metres
     {"LevelOfMeter", Unit({{METER, 1}}, NO_PREFIX, SPL_DB),          "dB(m)",           "dBmeters"}, // "dBm" has watts
-    {"MilliInch",    Unit({{INCH, 1}}, MILLI),                       "milliinches",     "milliinches"}, // "min" is the minute, "m(in)" a metre
-    {"MilliPerBit",  Unit({{BIT, -1}}, MILLI),                       "milli/bits",      "milli/bits"}, // "m/b" has metres
+    {"MilliInch",    Unit({{INCH, 1}}, MILLI),                       "milli(in)",       "milliinches"}, // "min" is the minute, "m(in)" a metre
+    {"MilliPerBit",  Unit({{BIT, -1}}, MILLI),                       "milli(1/b)",      "milli/bits"}, // "m/b" has metres
     {"PerSecond",    Unit({{SECOND, -1}}, CENTI),                    "c/s",             "centi/seconds"},
     {"Unknown",      Unit({{unknown_unit, 1}}),                      "",                ""},
 };

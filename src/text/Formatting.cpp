@@ -88,21 +88,26 @@ int Exponent_of(double number, int digits) {
     return text[sign] == '-' ? -exponent : exponent;
 }
 
+// Enough digits not to round a number up to the next power of ten.
+constexpr int exact_digits = 17;
+
 // Where a number ends: at the digit of 10^place, written out or with an exponent.
 struct Ending {
     int place;
     bool with_exponent;
 };
 
-// Numbers that end above the units are written out with zeros up to this place.
-constexpr int highest_written_place = 14;
+// Numbers are written out, without an exponent, from the one power of ten to the other; with zeros
+// for the places that are not shown, for which the upper one is.
+constexpr int lowest_written_exponent = -5;
+constexpr int highest_written_exponent = 14;
 
 std::string Written(double number, Ending const& ending) {
     if (!std::isfinite(number)) {
         return Shortest(number);
     }
     if (ending.with_exponent) {
-        int const decimals = number == 0.0 ? 0 : Exponent_of(number, 1) - ending.place;
+        int const decimals = number == 0.0 ? 0 : Exponent_of(number, exact_digits) - ending.place;
         return Written(number, std::chars_format::scientific, decimals);
     }
     if (ending.place <= 0) {
@@ -117,19 +122,19 @@ std::string Written(double number, Ending const& ending) {
 
 Ending Significant_ending(double number, int count) {
     int const exponent = number == 0.0 ? 0 : Exponent_of(number, count);
-    return {exponent - (count - 1), exponent < -5 || exponent >= count};
+    return {exponent - (count - 1), exponent < lowest_written_exponent || exponent >= count};
 }
 
-// Down to the second significant digit of half the distance of the bounds.
+// Down to the second significant digit of half the distance of the bounds. What is larger, the
+// value or that half, decides whether there is an exponent.
 std::optional<Ending> Ending_by_bounds(Numbers const& numbers) {
     double const half = numbers.upper / 2 - numbers.lower / 2;
     if (!std::isfinite(half) || half <= 0.0 || !std::isfinite(numbers.value)) {
         return std::nullopt;
     }
-    int const place = Exponent_of(half, 2) - 1;
-    bool const large =
-        numbers.value != 0.0 && Exponent_of(numbers.value, 1) > highest_written_place;
-    return Ending{place, large || place > highest_written_place || place < -count_limit};
+    int const exponent = Exponent_of(std::max(std::abs(numbers.value), half), exact_digits);
+    return Ending{Exponent_of(half, 2) - 1,
+                  exponent < lowest_written_exponent || exponent > highest_written_exponent};
 }
 
 // Where the value ends; nothing for the shortest digits.
@@ -236,27 +241,28 @@ std::string Explicit_units(Units const& unit, Unit_string_type spelling) {
            (several ? '(' + denominator + ')' : denominator);
 }
 
-// The spellings to try, the nicest first; an empty one is none.
-std::array<std::string, 5> Spellings_of(Units const& unit, Unit_string_type spelling) {
+// The spellings to try, the nicest first; an empty one is none. A prefix by its name serves where
+// its symbol does not: "min" is the minute, "m(in)" a metre, and "milli(in)" a thousandth of an
+// inch.
+std::array<std::string, 7> Spellings_of(Units const& unit, Unit_string_type spelling) {
     std::string const prefix = Units_library::Get_unit_str_si_map(unit, spelling);
     std::string const units = Explicit_units(unit, spelling);
     std::string const joined = prefix + units;
     std::string const apart = prefix + '(' + units + ')';
+    std::string const by_name =
+        Units_library::Get_unit_str_si_map(unit, STR_NAME) + '(' + units + ')';
     if (unit.spl_conv != SPL_DB) {
-        return {Spelled(unit, spelling), joined, apart, "", ""};
+        return {Spelled(unit, spelling), joined, apart, by_name, "", "", ""};
     }
-    return {Spelled(unit, spelling), "dB" + joined, "dB(" + joined + ')', "dB" + apart,
-            "dB(" + apart + ')'};
+    return {Spelled(unit, spelling), "dB" + joined,  "dB(" + joined + ')', "dB" + apart,
+            "dB(" + apart + ')',     "dB" + by_name, "dB(" + by_name + ')'};
 }
 
 } // namespace
 
 std::string Format_unit(Units const& unit, Unit_string_type spelling) {
-    bool const readable = spelling == STR_NAME || spelling == STR_SYMBOL;
-    for (int form = spelling; readable && form >= STR_NAME; --form) {
-        // Names serve where symbols do not: "min" is the minute, "m(in)" a metre, and
-        // "milliinches" thousandths of an inch.
-        for (std::string const& text : Spellings_of(unit, static_cast<Unit_string_type>(form))) {
+    if (spelling == STR_NAME || spelling == STR_SYMBOL) {
+        for (std::string const& text : Spellings_of(unit, spelling)) {
             if (!text.empty() && Reads_back(text, unit)) {
                 return text;
             }

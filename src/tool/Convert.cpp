@@ -3,10 +3,12 @@
 #include "Number_cells.h"
 #include "Written_results.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <cstring>
 #include <functional>
 #include <optional>
+#include <utility>
 
 namespace Varnix::Value::Tool {
 
@@ -81,7 +83,7 @@ class Lines {
         while (!stopped && !input.At_end()) {
             std::string_view const text = input.Read_more();
             std::size_t const consumed = Take(text, input.At_end());
-            if (text.size() - consumed > longest_line) {
+            if (!stopped && text.size() - consumed > longest_line) {
                 throw Refusal("line " + std::to_string(line_number + 1) + " is longer than 16 MiB");
             }
             input.Consume(consumed);
