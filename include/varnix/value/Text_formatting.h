@@ -8,11 +8,10 @@
 //     using namespace Varnix::Value;
 //
 //     Value_object<double> const level(30.0, C_DBmW, 29.0, 31.0);
-//     std::cout << level << '\n';                                         // 30 dBm [29, 31]
-//     std::cout << Format(level.Convert_to(C_Watts), Read_text_format("bp")) << '\n';
-//     std::cout << Format(Value_object<double>(0.012, C_Amps, 0.011, 0.013),
-//     Read_text_format("pk"));
-//     // 1.00 W [0.79, 1.26], then 12 ± 1 mA
+//     Value_object<double> const current(0.012, C_Amps, 0.011, 0.013);
+//     std::cout << level << '\n';                                  // 30 dBm [29, 31]
+//     std::cout << Format(level, Read_text_format("~")) << '\n';   // 30 dBm
+//     std::cout << Format(current, Read_text_format("pk")) << '\n'; // 12 ± 1 mA
 //
 // Digits never depend on the locale. To print with {fmt}, include <varnix/value/text_fmt.h>.
 //

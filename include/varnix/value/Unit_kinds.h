@@ -7,9 +7,9 @@
 //     #include <varnix/value/Unit_kinds.h>
 //     using namespace Varnix::Value;
 //
-//     bool const powers = Same_kind(C_Volt2PerOhms, C_DBmW);      // true
-//     bool const lengths = Same_kind(C_Meter, C_MeterPerSecond);  // false, though the core
-//     converts std::string const kind = Kind_name(C_Kmph);                 // "length/time"
+//     bool const powers = Same_kind(C_Volt2PerOhms, C_DBmW);     // true
+//     bool const lengths = Same_kind(C_Meter, C_MeterPerSecond); // false; the core would convert
+//     std::string const kind = Kind_name(C_Kmph);                // "length/time"
 //
 // Threads: every function is pure; any number of threads may call them at once.
 
