@@ -28,7 +28,7 @@
 /// Prints a quantity as `Varnix::Value::Format` does.
 template <>
 struct fmt::formatter<Varnix::Value::Value_object<double>> {
-    /// Reads the specification. @throws fmt::format_error where `Try_read_text_format` fails.
+    /// Reads the format. @throws fmt::format_error where `Try_read_text_format` fails.
     constexpr auto parse(format_parse_context& context) {
         auto end = context.begin();
         while (end != context.end() && *end != '}') {
