@@ -73,16 +73,26 @@ def faults_of(path):
 
 
 def read_equivalent():
-    """The faults known to change nothing, as (file, line, changed line)."""
-    known, path, before = set(), None, None
-    for line in EQUIVALENT.read_text().splitlines():
-        if line.startswith('- '):
-            before = line[2:]
-        elif line.startswith('+ '):
-            known.add((path, before, line[2:]))
-        elif line.startswith('src/'):
-            path = line
+    """The faults known to change nothing, as (file, line before, line, changed line)."""
+    known, path, before, line = set(), None, None, None
+    for entry in EQUIVALENT.read_text().splitlines():
+        if entry.startswith('@ '):
+            before = entry[2:]
+        elif entry.startswith('- '):
+            line = entry[2:]
+        elif entry.startswith('+ '):
+            known.add((path, before, line, entry[2:]))
+            before = None
+        elif entry.startswith('src/'):
+            path = entry
     return known
+
+
+def keys_of(fault):
+    """How the list of equivalent faults may name this one."""
+    path, number, line, changed = fault
+    before = (ROOT / path).read_text().splitlines()[number - 1].strip()
+    return {(path, context, line.strip(), changed.strip()) for context in (None, before)}
 
 
 class Workshop:
@@ -146,6 +156,9 @@ def main():
 
     faults = [fault for path in sorted((ROOT / 'src').glob('*.*')) for fault in faults_of(path) if arguments.only in path.name]
     total = len(faults)
+    known = read_equivalent()
+    for path, _, line, changed in known - {key for fault in faults for key in keys_of(fault)} if not arguments.only else ():
+        print(f'{EQUIVALENT.name} names a fault that cannot be made any more:\n{path}\n- {line}\n+ {changed}')
     random.Random(arguments.seed).shuffle(faults)
     faults = faults[:arguments.sample or total]
     print(f'{len(faults)} of {total} faults', flush=True)
@@ -157,7 +170,6 @@ def main():
     careful_workshops = queue.Queue()  # slower, for what the others let pass
     careful_workshops.put(Workshop('careful', 'clang++', '-fsanitize=address,undefined -fno-sanitize-recover=all'))
 
-    known = read_equivalent()
     counts = {'caught': 0, 'survived': 0, 'not code': 0, 'equivalent': 0}
 
     def try_in_one_of(choice, fault):
@@ -172,8 +184,9 @@ def main():
         return fault, try_in_one_of(careful_workshops, fault) if outcome == 'survived' else outcome
 
     with concurrent.futures.ThreadPoolExecutor(arguments.jobs) as pool:
-        for (path, number, line, changed), outcome in pool.map(try_fault, faults):
-            is_known = (path, line.strip(), changed.strip()) in known
+        for fault, outcome in pool.map(try_fault, faults):
+            path, number, line, changed = fault
+            is_known = bool(keys_of(fault) & known)
             if outcome == 'caught' and is_known:
                 print(f'{path}:{number + 1}: listed as equivalent, but caught\n+ {changed.strip()}', flush=True)
             if outcome == 'survived' and is_known:

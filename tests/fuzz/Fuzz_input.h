@@ -134,7 +134,7 @@ bool Succeeds(Documented documented, Operation const& operation) {
 }
 
 inline bool Same_number(double left, double right) {
-    return (std::isnan(left) && std::isnan(right)) || std::memcmp(&left, &right, sizeof left) == 0;
+    return (std::isnan(left) && std::isnan(right)) || (left == right && std::signbit(left) == std::signbit(right));
 }
 
 inline bool Same_unit(Units const& left, Units const& right) {

@@ -35,7 +35,7 @@ bool Shows_in_text(Units const& unit) {
 Text_format Take_format(Input& input) {
     Text_format format;
     format.digits = static_cast<Digits>(input.Take<std::uint8_t>() % 4);
-    format.count = input.Take<std::int8_t>();
+    format.count = input.Take<std::int32_t>() % 128;
     format.bounds = static_cast<Bounds_style>(input.Take<std::uint8_t>() % 3);
     format.unit = static_cast<Unit_string_type>(input.Take<std::uint8_t>() % 6);
     format.engineering_prefix = input.Take<std::uint8_t>() % 2 != 0;
