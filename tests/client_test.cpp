@@ -4,6 +4,8 @@
 #include "Named_constants.h"
 #include "Test_support.h"
 
+#include <varnix/value/text.h>
+
 #include <cstdlib>
 #include <new>
 
@@ -156,6 +158,36 @@ TEST(Client, Operations_allocate_nothing) {
               0);
 }
 
+// The first text that is read gathers the names. Where there is no memory for that, the next one does. No test
+// before this one may read a text.
+TEST(Client, Gathers_the_names_of_units_when_there_is_memory) {
+    long const blocks = live_blocks;
+    long failures = 0;
+    for (bool done = false; !done;) {
+        first_to_fail = allocations + failures + 1;
+        last_to_fail = first_to_fail;
+        try {
+            done = Parse_unit("km/h").si_prefix == KILO;
+        } catch (std::bad_alloc const&) {
+            ++failures;
+            EXPECT_EQ(live_blocks, blocks) << failures;
+        }
+    }
+    last_to_fail = -1;
+    EXPECT_GT(failures, 10);
+}
+
+TEST(Client, Reads_texts_without_allocation) {
+    (void)Parse_unit("m"); // the first call gathers the names
+    EXPECT_EQ(Allocations_of([] {
+                  (void)Parse_unit("V^2/ohm");
+                  (void)Parse_unit("(kilometers)/(second*kelvin)");
+                  (void)Parse_quantity("30 dBm [29, 31]");
+                  (void)Parse_number("-1.5e3");
+              }),
+              0);
+}
+
 // ---- Without memory
 
 Quantity const two_meters(2.0, C_Meter, 1.0, 3.0);
@@ -228,6 +260,11 @@ void (*const operations_that_allocate[])() = {
     [] { (void)(two_meters / 0.0); },
     [] { (void)(Quantity(two_meters) -= Quantity(1.0, C_Sec, 1.0, 1.0)); },
     [] { (void)Units_library::Multiply_units(five_units, C_Volts); },
+    [] { (void)Parse_quantity("5 pinch"); },
+    [] { (void)Try_parse_unit("V/cm^2"); },
+    [] { (void)Parse_unit("meters per second"); },
+    [] { (void)(Format(two_meters) + Format_unit(five_units) + Format_unit(C_NanoVolts, STR_NAME)); },
+    [] { (void)(Kind_name(five_units).size() + Named_units().size() + Catalogue_units().size() + Prefixes().size()); },
 };
 // clang-format on
 
