@@ -45,6 +45,13 @@ void* operator new(std::size_t size) {
 void* operator new[](std::size_t size) {
     return Allocate(size);
 }
+void* operator new(std::size_t size, std::nothrow_t const&) noexcept { // for sorting, which does without
+    try {
+        return Allocate(size);
+    } catch (std::bad_alloc const&) {
+        return nullptr;
+    }
+}
 void operator delete(void* memory) noexcept {
     Free(memory);
 }
@@ -174,7 +181,7 @@ TEST(Client, Gathers_the_names_of_units_when_there_is_memory) {
         }
     }
     last_to_fail = -1;
-    EXPECT_GT(failures, 10);
+    EXPECT_GT(failures, 5);
 }
 
 TEST(Client, Reads_texts_without_allocation) {
