@@ -46,3 +46,19 @@ function(value_object_settings target)
         CXX_VISIBILITY_PRESET hidden
         VISIBILITY_INLINES_HIDDEN ON)
 endfunction()
+
+# What the libraries have in common: their versions, the check that their headers compile alone, and,
+# where they are shared, that they call their own functions directly and export what `exports` lists.
+function(value_object_library target exports)
+    set_target_properties(${target} PROPERTIES
+        VERSION ${PROJECT_VERSION}
+        SOVERSION ${PROJECT_VERSION_MAJOR}
+        VERIFY_INTERFACE_HEADER_SETS ON)
+    if(BUILD_SHARED_LIBS)
+        target_link_options(${target} PRIVATE
+            LINKER:--as-needed
+            LINKER:-Bsymbolic-functions
+            LINKER:--version-script=${PROJECT_SOURCE_DIR}/${exports})
+        set_target_properties(${target} PROPERTIES LINK_DEPENDS ${PROJECT_SOURCE_DIR}/${exports})
+    endif()
+endfunction()

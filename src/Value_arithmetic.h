@@ -345,13 +345,6 @@ Operand Product(Quantity const& left, Quantity const& right, Units const& stored
             Operation::Of_units(operands.left.unit, operands.right.unit)};
 }
 
-inline void Require_finite(Numbers const& numbers) {
-    if (!std::isfinite(numbers.value) || !std::isfinite(numbers.plus_err) ||
-        !std::isfinite(numbers.minus_err)) {
-        Throw_out_of_range();
-    }
-}
-
 } // namespace
 
 template <typename Number>
@@ -393,7 +386,7 @@ Value_object<Number>& Value_object<Number>::operator/=(Number const& k) {
     Value_object const arranged(value, unit, minus_err, plus_err);
     Numbers numbers = Linear(Value_numbers::Of(arranged), arranged.unit);
     numbers.Transform([divisor = k](Number number) { return number / divisor; });
-    Is_value_in_range(Value_numbers::Made(numbers, arranged.unit));
+    Require_finite(numbers);
     numbers = In_decibels(numbers, arranged.unit);
     Set(numbers.value, arranged.unit, numbers.minus_err, numbers.plus_err);
     return *this;

@@ -53,7 +53,7 @@ inline Numbers After_all_steps(Numbers numbers, Conversion_steps const& steps) {
 // The numbers after a conversion that has no other steps than the factors.
 inline Numbers After_factors(Numbers numbers, Factors const& factors) {
     numbers.Order();
-    numbers.Order();
+    numbers.Order(); // twice, as on the way through all steps
     Apply_factors(numbers, factors);
     return numbers;
 }

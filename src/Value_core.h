@@ -6,9 +6,9 @@
 #include <varnix/value/Value_object.h>
 
 #include "Conversion_plan.h"
-#include "Throw.h"
 #include "Tuples.h"
 #include "Unit_facts.h"
+#include "Value_steps.h"
 
 #include <cmath>
 
@@ -85,9 +85,7 @@ bool Value_object<Number>::Is_convertable_unit(Units const& first, Units const& 
 
 template <typename Number>
 void Value_object<Number>::Is_value_in_range(Value_object const& v) {
-    if (!std::isfinite(v.value) || !std::isfinite(v.plus_err) || !std::isfinite(v.minus_err)) {
-        Throw_out_of_range();
-    }
+    Require_finite(Value_numbers::Of(v));
 }
 
 } // namespace Varnix::Value

@@ -80,10 +80,9 @@ namespace {
 template <typename Relation>
 Value_object<double> Related_by(Relation const& relation, Value_object<double> const& first,
                                 Value_object<double> const& second, Units const& target) {
-    Value_object<double> result = Value_numbers::Made(
-        Combined(Value_numbers::Of(first), Value_numbers::Of(second), relation), target);
-    Value_object<double>::Is_value_in_range(result);
-    return result;
+    Numbers const numbers = Combined(Value_numbers::Of(first), Value_numbers::Of(second), relation);
+    Require_finite(numbers);
+    return Value_numbers::Made(numbers, target);
 }
 
 } // namespace

@@ -8,10 +8,12 @@
 #define VARNIX_VALUE_VALUE_STEPS_H
 
 #include "Number_formulas.h"
+#include "Throw.h"
 
 #include <varnix/value/Units_library.h>
 #include <varnix/value/Value_object.h>
 
+#include <cmath>
 #include <utility>
 
 namespace Varnix::Value {
@@ -88,6 +90,13 @@ struct Value_numbers {
 };
 
 namespace {
+
+inline void Require_finite(Numbers const& numbers) {
+    if (!std::isfinite(numbers.value) || !std::isfinite(numbers.plus_err) ||
+        !std::isfinite(numbers.minus_err)) {
+        Throw_out_of_range();
+    }
+}
 
 // ---- Questions about a unit
 

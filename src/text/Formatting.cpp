@@ -16,6 +16,9 @@
 #include <cstdint>
 #include <optional>
 #include <ostream>
+#include <string>
+#include <string_view>
+#include <utility>
 
 namespace Varnix::Value {
 
@@ -79,13 +82,18 @@ std::string Written(double number, std::chars_format notation, int decimals) {
                              .ptr};
 }
 
+// The exponent of a number in scientific notation, whose mark is at `mark`.
+int Exponent_behind(std::string_view text, std::size_t mark) {
+    std::size_t const first = mark + (text[mark + 1] == '+' ? 2 : 1);
+    int exponent = 0;
+    std::from_chars(text.data() + first, text.data() + text.size(), exponent);
+    return exponent;
+}
+
 // The power of ten of the first digit, once `number` is rounded to `digits` significant ones.
 int Exponent_of(double number, int digits) {
     std::string const text = Written(number, std::chars_format::scientific, digits - 1);
-    std::size_t const sign = text.find('e') + 1;
-    int exponent = 0;
-    std::from_chars(text.data() + sign + 1, text.data() + text.size(), exponent);
-    return text[sign] == '-' ? -exponent : exponent;
+    return Exponent_behind(text, text.find('e'));
 }
 
 // Enough digits not to round a number up to the next power of ten.
@@ -316,10 +324,10 @@ double Shifted(double number, int exponent) {
                                    std::chars_format::scientific);
     std::string_view const written(text.data(), static_cast<std::size_t>(end.ptr - text.data()));
     std::size_t const mark = written.find('e');
-    int own = 0;
-    std::from_chars(written.data() + mark + (written[mark + 1] == '+' ? 2 : 1), end.ptr, own);
-    std::string const shifted =
-        std::string(written.substr(0, mark + 1)) + std::to_string(own + exponent);
+    std::string const shifted = std::string(written.substr(0, mark + 1)) +
+                                std::to_string(Exponent_behind(written, mark) + exponent);
+    // What cannot be read is out of range, and stays infinite: With_engineering_prefix leaves it
+    // out.
     double result = std::copysign(number == 0.0 ? 0.0 : HUGE_VAL, number);
     std::from_chars(shifted.data(), shifted.data() + shifted.size(), result);
     return result;

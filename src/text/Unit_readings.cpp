@@ -109,28 +109,38 @@ std::size_t Power_sign_size(std::string_view text, std::size_t position) {
                                                                                        : 0;
 }
 
+// What stands where a power is expected, right or wrong.
+struct Written_power {
+    Integer integer;
+    std::size_t end; // the position behind it
+};
+
+// What begins as a power at `position`; nothing if nothing does.
+std::optional<Written_power> Read_written_power(std::string_view text, std::size_t position) {
+    std::size_t const sign = Power_sign_size(text, position);
+    if (sign == 0 && Character_at(text, position).kind != Kind::raised) {
+        return std::nullopt;
+    }
+    std::size_t end = position + sign;
+    Integer const integer = sign == 0 ? Read_raised(text, end) : Read_exponent(text, end);
+    return Written_power{integer, end};
+}
+
 } // namespace
 
 std::optional<Power> Read_power(std::string_view text, std::size_t position) {
-    std::size_t const sign = Power_sign_size(text, position);
-    if (sign == 0 && Character_at(text, position).kind != Kind::raised) {
-        return std::nullopt;
-    }
-    std::size_t end = position + sign;
-    Integer const integer = sign == 0 ? Read_raised(text, end) : Read_exponent(text, end);
-    if (!integer.Is_in_range()) {
-        return std::nullopt;
-    }
-    return Power{integer.Value(), end};
+    std::optional<Written_power> const power = Read_written_power(text, position);
+    return power && power->integer.Is_in_range()
+               ? std::optional(Power{power->integer.Value(), power->end})
+               : std::nullopt;
 }
 
 std::optional<Text_fault> Power_fault(std::string_view text, std::size_t position) {
-    std::size_t const sign = Power_sign_size(text, position);
-    if (sign == 0 && Character_at(text, position).kind != Kind::raised) {
+    std::optional<Written_power> const power = Read_written_power(text, position);
+    if (!power) {
         return std::nullopt;
     }
-    std::size_t end = position + sign;
-    Integer const integer = sign == 0 ? Read_raised(text, end) : Read_exponent(text, end);
+    auto const [integer, end] = *power;
     bool const fraction = Character_at(text, end).kind == Kind::product &&
                           Character_at(text, end + 1).kind == Kind::digit;
     if (!integer.Has_digits() || fraction) {

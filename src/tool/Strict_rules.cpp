@@ -16,6 +16,8 @@ namespace Varnix::Value::Tool {
 namespace {
 
 char const* const way_out = " (--by-the-rules skips this check)";
+char const* const levels_note =
+    "a level is 10 log10 here, of volts and amperes too: 20 dBV is 100 V";
 
 // ---- Words
 
@@ -36,7 +38,7 @@ std::string Reason(std::exception const& failure) {
     return last == std::string::npos ? text : text.substr(last + 2);
 }
 
-// Runs `operation`; what the library throws becomes a refusal that starts with `what`.
+// Runs `action`; what the library throws becomes a refusal that starts with `what`.
 template <typename Action>
 auto Telling(std::string const& what, Action const& action) {
     try {
@@ -172,7 +174,7 @@ std::string Conversion_words(Units const& from, Units const& to) {
 
 void Note_field_levels(Units const& from, Units const& to, std::string& note) {
     if (Is_marked(from) != Is_marked(to) && (Is_field_level(from) || Is_field_level(to))) {
-        note = "a level is 10 log10 here, of volts and amperes too: 20 dBV is 100 V";
+        note = levels_note;
     }
 }
 
@@ -314,12 +316,12 @@ void Check_product(Quantity const& left, Quantity const& right, std::string cons
         Refuse(what + ": angles, symbols and ratios do not convert into one another");
     }
     if (Is_field_level(first) || Is_field_level(second)) {
-        note = "a level is 10 log10 here, of volts and amperes too: 20 dBV is 100 V";
+        note = levels_note;
     }
 }
 
 // Whether the two write a dimension that they share in different units.
-bool Share_a_dimension(Units const& first, Units const& second) {
+bool Differ_in_a_unit(Units const& first, Units const& second) {
     for (Unit_tuple const& tuple : first.tuples) {
         Dimension const dimension = Units_library::Get_dimension(tuple.unit);
         Unit_tuple const other = Tuple_of(second, dimension);
@@ -351,7 +353,7 @@ Units In_common_units(Units unit, Units const& other) {
 void Bring_to_common_units(Quantity& left, Quantity& right, std::string& note) {
     Units const first = left.Get_unit();
     Units const second = right.Get_unit();
-    if (Share_a_dimension(first, second)) {
+    if (Differ_in_a_unit(first, second)) {
         left = left.Convert_to(In_common_units(first, first));
         right = right.Convert_to(In_common_units(second, first));
         note = "computed in base units: " + Format(left) + " and " + Format(right);
@@ -391,9 +393,7 @@ Quantity Calculate(Quantity const& left, Operation operation, Quantity const& ri
         }
         return Apply(first, operation, second);
     });
-    if (rules == Rules::strict) {
-        Require_finite(result, "the result", rules);
-    }
+    Require_finite(result, "the result", rules);
     return result;
 }
 
