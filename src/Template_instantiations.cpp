@@ -3,16 +3,16 @@
 
 #include <varnix/value/Value_object.h>
 
-#include "Separators.h"
+#include "units/Separators.h"
 
-#include "Conversion_rules.h"
-#include "Value_arithmetic.h"
-#include "Value_comparison.h"
-#include "Value_conversion.h"
-#include "Value_converter_members.h"
-#include "Value_core.h"
-#include "Value_formulas.h"
-#include "Value_forwarding.h"
+#include "conversion/Conversion_rules.h"
+#include "value/Value_arithmetic.h"
+#include "value/Value_comparison.h"
+#include "value/Value_conversion.h"
+#include "value/Value_converter_members.h"
+#include "value/Value_core.h"
+#include "value/Value_formulas.h"
+#include "value/Value_forwarding.h"
 
 #include <boost/assign/list_of.hpp>
 

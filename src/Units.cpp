@@ -4,7 +4,7 @@
 
 #include <varnix/value/Units.h>
 
-#include "Separators.h"
+#include "units/Separators.h"
 
 namespace Varnix::Value {
 

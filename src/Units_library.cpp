@@ -7,10 +7,10 @@
 
 #include <varnix/value/exceptions.h>
 
-#include "Throw.h"
-#include "Tuples.h"
-#include "Unit_facts.h"
-#include "Unit_tables.h"
+#include "errors/Throw.h"
+#include "units/Tuples.h"
+#include "units/Unit_facts.h"
+#include "units/Unit_tables.h"
 
 #include <algorithm>
 #include <array>

@@ -36,8 +36,8 @@ expect_output() {
 cmake_consumer() {
     local way=$1
     shift
-    cmake -S "tests/consumers/$way" -B "$place/$way" -G Ninja -DPROGRAM="$source/examples/readme.cpp" \
-        -DTEXT_PROGRAM="$source/tests/consumers/text_consumer.cpp" -DBUILD_SHARED_LIBS="$shared" "$@" > /dev/null
+    cmake -S "tests/install/consumers/$way" -B "$place/$way" -G Ninja -DPROGRAM="$source/examples/readme.cpp" \
+        -DTEXT_PROGRAM="$source/tests/install/consumers/text_consumer.cpp" -DBUILD_SHARED_LIBS="$shared" "$@" > /dev/null
     cmake --build "$place/$way" > /dev/null
     expect_output "$place/$way"
 }
@@ -50,7 +50,7 @@ mkdir "$place/pkg_config"
 read -ra flags < <(pkg-config --cflags --libs ValueObject)
 g++ -std=c++17 examples/readme.cpp "${flags[@]}" -o "$place/pkg_config/consumer"
 read -ra flags < <(pkg-config --cflags --libs ValueObjectText)
-g++ -std=c++17 tests/consumers/text_consumer.cpp "${flags[@]}" -o "$place/pkg_config/text_consumer"
+g++ -std=c++17 tests/install/consumers/text_consumer.cpp "${flags[@]}" -o "$place/pkg_config/text_consumer"
 expect_output "$place/pkg_config"
 
 echo "find_package, add_subdirectory and pkg-config work (shared: $shared)"

@@ -1,22 +1,25 @@
 #!/usr/bin/env bash
 # check_layers.sh: calls run one way, so includes do too.
 #
-# Every source has its layer here; an include that points to a higher layer fails the check, and so
-# does a source that has none. Public headers know nothing of Boost or of src/; programs know nothing
-# but the public headers. The companion for texts stands above all of the library, of which it knows the
-# public headers alone; the tool stands on both, and is a program like any other.
+# Every folder of sources is a layer, and every public header belongs to one; an include that points to a
+# higher layer fails the check, and so does a file that has none. Public headers know nothing of Boost or
+# of src/. The companions and the tool reach the library by its public headers alone: what they include
+# by name is their own.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
+# The layer of a public header, of a source, or of what a source includes.
 layer_of() {
-    case ${1##*/} in
-        Text_*.h | text*.h | Unit_kinds.h)                           echo 5 ;; # texts, with src/text/
-        export.h)                                                    echo 0 ;; # visibility
-        exceptions.h | exceptions.cpp | Throw.h)                     echo 1 ;; # errors
-        Units.h | Units.cpp | Separators.h | Tuples.h | Unit_*.h)    echo 2 ;; # unit model, catalogue
-        Units_library.h | Units_library.cpp)                         echo 3 ;; # unit algebra
-        Value_*.h | Conversion_*.h | Number_formulas.h | Array_conversion.* | Template_instantiations.cpp)
-                                                                     echo 4 ;; # value objects
+    case ${1#src/} in
+        varnix/value/export.h | varnix/value/exceptions.h)             echo 1 ;; # errors
+        errors/* | exceptions.cpp)                                     echo 1 ;;
+        varnix/value/Units.h | units/* | Units.cpp)                    echo 2 ;; # unit model, catalogue
+        varnix/value/Units_library.h | Units_library.cpp)              echo 3 ;; # unit algebra
+        conversion/*)                                                  echo 4 ;; # conversions
+        varnix/value/Value_object.h | varnix/value/Value_converter.h)  echo 4 ;;
+        value/* | Template_instantiations.cpp)                         echo 5 ;; # value objects
+        varnix/value/[Tt]ext*.h | varnix/value/Unit_kinds.h | text/*)  echo 6 ;; # texts
+        tool/*)                                                        echo 8 ;; # programs
         *) return 1 ;;
     esac
 }
@@ -27,31 +30,27 @@ fail() {
     failures=$((failures + 1))
 }
 
-for source in include/varnix/value/*.h src/*.h src/*.cpp; do
-    own_layer=$(layer_of "$source") || { fail "$source has no layer in tools/check_layers.sh"; continue; }
+while read -r source; do
+    own_layer=$(layer_of "${source#include/}") || { fail "$source has no layer in tools/check_layers.sh"; continue; }
     while read -r included; do
+        # By its name alone a file includes what lies beside it.
+        [[ $included == */* ]] || included=${source%/*}/$included
         included_layer=$(layer_of "$included") || { fail "$source includes $included, which has no layer"; continue; }
         (( included_layer <= own_layer )) || fail "$source points up to $included"
     done < <(sed -nE 's/^#include (<(varnix\/[^>]*)>|"([^"]*)").*/\2\3/p' "$source")
-done
+done < <(find include src -name '*.h' -o -name '*.cpp' | sort)
 
 grep -nE '#include (<boost/|")' include/varnix/value/*.h &&
     fail 'a public header includes only public headers and the standard library'
 grep -nE '#include "' examples/*.cpp &&
     fail 'an example includes only public headers'
 
-# The companion reaches the library by its public headers: what it includes by name alone is its own.
-while IFS='"' read -r source included _; do
-    [[ -e src/text/$included ]] || fail "${source%%:*} includes $included, which is not in src/text"
-done < <(grep -E '^#include "' src/text/*.h src/text/*.cpp)
-grep -n '#include <boost/' src/text/*.h src/text/*.cpp &&
-    fail 'the companion for texts does without Boost'
-
-# So does the tool, which stands on both.
-while IFS='"' read -r source included _; do
-    [[ -e src/tool/$included ]] || fail "${source%%:*} includes $included, which is not in src/tool"
-done < <(grep -E '^#include "' src/tool/*.h src/tool/*.cpp)
-grep -n '#include <boost/' src/tool/*.h src/tool/*.cpp &&
-    fail 'the tool does without Boost'
+for folder in src/text src/tool; do
+    while IFS='"' read -r source included _; do
+        [[ -e $folder/$included ]] || fail "${source%%:*} includes $included, which is not in $folder"
+    done < <(grep -E '^#include "' $folder/*.h $folder/*.cpp)
+    grep -n '#include <boost/' $folder/*.h $folder/*.cpp &&
+        fail "$folder does without Boost"
+done
 
 (( failures == 0 ))

@@ -45,7 +45,7 @@ expect_program_below() {
     "$compiler" -std=c++17 examples/readme.cpp -I"$folder/usr/include" -L"$folder/usr/lib/$triplet" -lValueObject \
         -o "$place/program"
     "$@" "$place/program" | diff -u examples/expected/readme.txt -
-    "$compiler" -std=c++17 tests/consumers/text_consumer.cpp -I"$folder/usr/include" -L"$folder/usr/lib/$triplet" \
+    "$compiler" -std=c++17 tests/install/consumers/text_consumer.cpp -I"$folder/usr/include" -L"$folder/usr/lib/$triplet" \
         -lValueObjectText -lValueObject -o "$place/program"
     "$@" "$place/program" '30 dBm' | diff -u <(echo '30 dBm is a power') -
     "$@" "$folder/usr/bin/value-object" convert '30 dBm' W | diff -u <(echo '1 W') -

@@ -4,7 +4,7 @@
 #ifndef VARNIX_VALUE_TESTS_FUZZ_INPUT_H
 #define VARNIX_VALUE_TESTS_FUZZ_INPUT_H
 
-#include "../Named_constants.h"
+#include "Named_constants.h"
 
 #include <varnix/value/Value_converter.h>
 #include <varnix/value/Value_object.h>

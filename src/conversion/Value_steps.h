@@ -7,8 +7,8 @@
 #ifndef VARNIX_VALUE_VALUE_STEPS_H
 #define VARNIX_VALUE_VALUE_STEPS_H
 
-#include "Number_formulas.h"
-#include "Throw.h"
+#include "conversion/Number_formulas.h"
+#include "errors/Throw.h"
 
 #include <varnix/value/Units_library.h>
 #include <varnix/value/Value_object.h>

@@ -4,8 +4,8 @@
 #ifndef VARNIX_VALUE_VALUE_FORMULAS_H
 #define VARNIX_VALUE_VALUE_FORMULAS_H
 
-#include "Number_formulas.h"
-#include "Value_steps.h"
+#include "conversion/Number_formulas.h"
+#include "conversion/Value_steps.h"
 
 #include <cmath>
 

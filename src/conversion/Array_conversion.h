@@ -3,7 +3,7 @@
 #ifndef VARNIX_VALUE_ARRAY_CONVERSION_H
 #define VARNIX_VALUE_ARRAY_CONVERSION_H
 
-#include "Number_formulas.h"
+#include "conversion/Number_formulas.h"
 
 #include <cstddef>
 

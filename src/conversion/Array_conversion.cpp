@@ -1,7 +1,7 @@
 // Loops over arrays of numbers, one for each kind of conversion, so that those without decibels and
 // inversions become vector instructions. A multiplication by 1.0 changes no number and is left out.
 
-#include "Array_conversion.h"
+#include "conversion/Array_conversion.h"
 
 namespace Varnix::Value {
 

@@ -5,10 +5,10 @@
 
 #include <varnix/value/Value_object.h>
 
-#include "Conversion_plan.h"
-#include "Tuples.h"
-#include "Unit_facts.h"
-#include "Value_steps.h"
+#include "conversion/Conversion_plan.h"
+#include "conversion/Value_steps.h"
+#include "units/Tuples.h"
+#include "units/Unit_facts.h"
 
 #include <cmath>
 

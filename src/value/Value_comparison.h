@@ -3,9 +3,9 @@
 #ifndef VARNIX_VALUE_VALUE_COMPARISON_H
 #define VARNIX_VALUE_VALUE_COMPARISON_H
 
-#include "Array_conversion.h"
-#include "Conversion_plan.h"
-#include "Value_conversion.h"
+#include "conversion/Array_conversion.h"
+#include "conversion/Conversion_plan.h"
+#include "value/Value_conversion.h"
 
 namespace Varnix::Value {
 

@@ -4,11 +4,11 @@
 #ifndef VARNIX_VALUE_VALUE_ARITHMETIC_H
 #define VARNIX_VALUE_VALUE_ARITHMETIC_H
 
-#include "Throw.h"
-#include "Tuples.h"
-#include "Unit_facts.h"
-#include "Value_conversion.h"
-#include "Value_steps.h"
+#include "conversion/Value_steps.h"
+#include "errors/Throw.h"
+#include "units/Tuples.h"
+#include "units/Unit_facts.h"
+#include "value/Value_conversion.h"
 
 #include <cmath>
 

@@ -3,9 +3,9 @@
 #ifndef VARNIX_VALUE_VALUE_CONVERSION_H
 #define VARNIX_VALUE_VALUE_CONVERSION_H
 
-#include "Conversion_plan.h"
-#include "Throw.h"
-#include "Value_steps.h"
+#include "conversion/Conversion_plan.h"
+#include "conversion/Value_steps.h"
+#include "errors/Throw.h"
 
 #include <algorithm>
 #include <cmath>

@@ -10,8 +10,8 @@
 #ifndef VARNIX_VALUE_UNIT_TABLES_H
 #define VARNIX_VALUE_UNIT_TABLES_H
 
-#include "Separators.h" // before the tables: the separators are built first
-#include "Unit_records.h"
+#include "units/Separators.h" // before the tables: the separators are built first
+#include "units/Unit_records.h"
 
 #include <boost/assign/list_of.hpp>
 

@@ -3,10 +3,10 @@
 #ifndef VARNIX_VALUE_VALUE_CONVERTER_MEMBERS_H
 #define VARNIX_VALUE_VALUE_CONVERTER_MEMBERS_H
 
-#include "Array_conversion.h"
-#include "Conversion_plan.h"
-#include "Throw.h"
-#include "Value_conversion.h"
+#include "conversion/Array_conversion.h"
+#include "conversion/Conversion_plan.h"
+#include "errors/Throw.h"
+#include "value/Value_conversion.h"
 
 namespace Varnix::Value {
 

@@ -4,8 +4,8 @@
 #ifndef VARNIX_VALUE_UNIT_FACTS_H
 #define VARNIX_VALUE_UNIT_FACTS_H
 
-#include "Throw.h"
-#include "Tuples.h"
+#include "errors/Throw.h"
+#include "units/Tuples.h"
 
 #include <varnix/value/Units.h>
 #include <varnix/value/exceptions.h>

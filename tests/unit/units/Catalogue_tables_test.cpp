@@ -1,8 +1,8 @@
 // What cannot be seen from outside: the rows of the private tables. It is linked with the library's
 // objects, and its copy of the catalogue is made from the same rows.
 
-#include "Conversion_rules.h"
-#include "Unit_tables.h"
+#include "conversion/Conversion_rules.h"
+#include "units/Unit_tables.h"
 
 #include <gtest/gtest.h>
 

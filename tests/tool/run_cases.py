@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""run_tool_cases.py CASES -- PROGRAM...: runs the cases of one file with the tool, and compares.
+"""run_cases.py CASES -- PROGRAM...: runs the cases of one file with the tool, and compares.
 
 A case is a line "$ ARGUMENTS", quoted as for a shell, and lines that start with
     <  a line of standard input

@@ -9,12 +9,12 @@
 #ifndef VARNIX_VALUE_CONVERSION_PLAN_H
 #define VARNIX_VALUE_CONVERSION_PLAN_H
 
-#include "Conversion_rules.h"
-#include "Number_formulas.h"
-#include "Throw.h"
-#include "Tuples.h"
-#include "Unit_facts.h"
-#include "Value_steps.h"
+#include "conversion/Conversion_rules.h"
+#include "conversion/Number_formulas.h"
+#include "conversion/Value_steps.h"
+#include "errors/Throw.h"
+#include "units/Tuples.h"
+#include "units/Unit_facts.h"
 
 #include <optional>
 
