@@ -1,0 +1,620 @@
+#include "Enclosed.h"
+
+#include "Enclosed_tables.h"
+#include "Error_free.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
+#include <limits>
+
+namespace Varnix::Value::Physics {
+
+namespace {
+
+// ---- Doubles as numbers with an exponent
+
+std::uint64_t Bits_of(double number) {
+    std::uint64_t bits = 0;
+    std::memcpy(&bits, &number, sizeof bits);
+    return bits;
+}
+
+double Double_of(std::uint64_t bits) {
+    double number = 0.0;
+    std::memcpy(&number, &bits, sizeof number);
+    return number;
+}
+
+constexpr int Least_exponent = -1022; // of a normal double
+constexpr int Greatest_exponent = 1023;
+
+// 2^exponent, for a normal double.
+double Two_to(int exponent) {
+    return Double_of(static_cast<std::uint64_t>(exponent + 1023) << 52);
+}
+
+// The power of two below a normal double.
+int Exponent_of(double number) {
+    return static_cast<int>(Bits_of(number) >> 52 & 0x7ff) - 1023;
+}
+
+// The next double towards -inf.
+double Next_below(double number) {
+    if (number == 0.0) {
+        return -std::numeric_limits<double>::denorm_min();
+    }
+    std::uint64_t const bits = Bits_of(number);
+    return Double_of(number > 0.0 ? bits - 1 : bits + 1);
+}
+
+// ---- Errors
+
+// A sum of up to sixteen magnitudes, each rounded, made larger by more than they can have lost. What is
+// not zero stays well away from underflow, so that no product with it vanishes.
+double Grown(double error) {
+    return error == 0.0 ? 0.0 : std::max(error * (1.0 + 0x1p-48), 0x1p-800);
+}
+
+// Smaller parts are counted as an error, so that no product or shift of them underflows.
+constexpr double Least_low = 0x1p-500;
+
+// high + low + [-error, error], times 2^exponent, with its parts where they belong. The error has grown
+// already, if it is a sum.
+Enclosed Made(double high, double low, double error, int exponent) {
+    Exact_pair sum = Exact_sum(high, low);
+    if (sum.rounded == 0.0) {
+        return {0.0, 0.0, error, error == 0.0 ? 0 : exponent};
+    }
+    int const shift = Exponent_of(sum.rounded);
+    if (shift != 0) {
+        double const scale = Two_to(-shift);
+        sum.rounded *= scale;
+        sum.rest *= scale;
+        error *= scale;
+    }
+    if (std::fabs(sum.rest) < Least_low && sum.rest != 0.0) {
+        error = Grown(error + std::fabs(sum.rest));
+        sum.rest = 0.0;
+    }
+    return {sum.rounded, sum.rest, error, exponent + shift};
+}
+
+// Beyond this many binary places the smaller operand of a sum only counts by its sign.
+constexpr int Longest_shift = 400;
+
+// x * 2^-shift, its exponent left as it is. What is shifted too far becomes all between zero and a
+// number that it does not reach, so that its sign stays certain.
+Enclosed Shifted(Enclosed const& x, int shift) {
+    if (shift <= Longest_shift) {
+        double const scale = Two_to(-shift);
+        double const error = x.error == 0.0 ? 0.0 : std::max(x.error * scale, 0x1p-800);
+        return {x.high * scale, x.low * scale, error, x.exponent};
+    }
+    double const least = Two_to(-Longest_shift);
+    double const error = x.error > 1.0 ? x.error * least : 0.0;
+    double const sign = x.high < 0.0 ? -1.0 : x.high > 0.0 ? 1.0 : 0.0;
+    return {sign * least, 0.0, error + least, x.exponent};
+}
+
+} // namespace
+
+// ---- In and out
+
+Enclosed Enclose(double number) {
+    if (number == 0.0) {
+        return {};
+    }
+    int exponent = 0;
+    if (std::fabs(number) < std::numeric_limits<double>::min()) {
+        number *= 0x1p54; // a denormal becomes normal
+        exponent = -54;
+    }
+    int const own = Exponent_of(number);
+    std::uint64_t const bits = Bits_of(number) & 0x800fffffffffffffULL;
+    return {Double_of(bits | 0x3ff0000000000000ULL), 0.0, 0.0, exponent + own};
+}
+
+namespace {
+
+// The double nearest to number * 2^exponent.
+double Scaled(double number, int exponent) {
+    int const own = number == 0.0 ? 0 : Exponent_of(number) + exponent;
+    if (own > Greatest_exponent) {
+        return number * Two_to(Greatest_exponent) * 2.0; // infinite
+    }
+    if (own >= Least_exponent) {
+        // In two steps, for an exponent that is none of a normal double by itself.
+        int const half = exponent / 2;
+        return number * Two_to(half) * Two_to(exponent - half);
+    }
+    if (own < Least_exponent - 60) {
+        return std::copysign(0.0, number);
+    }
+    // Exact down to a double of least exponent, and rounded once from there.
+    double const least = number * Two_to(Least_exponent - Exponent_of(number));
+    return least * Two_to(own - Least_exponent);
+}
+
+// The greatest double that is not above (number + rest) * 2^exponent; |rest| is at most half a place.
+double Scaled_down(double number, double rest, int exponent) {
+    double const scaled = Scaled(number, exponent);
+    if (std::isinf(scaled)) {
+        return scaled > 0.0 ? std::numeric_limits<double>::max() : scaled;
+    }
+    bool above = rest < 0.0;
+    if (std::fabs(scaled) < std::numeric_limits<double>::min() * 2.0) {
+        // Rounded to fewer places: what was lost counts first. Going back up is exact.
+        double const back = Enclose(scaled).high;
+        int const back_exponent = Enclose(scaled).exponent;
+        double const lost = scaled == 0.0
+                                ? number
+                                : number - Scaled(back, back_exponent - exponent);
+        above = lost < 0.0 || (lost == 0.0 && rest < 0.0);
+    }
+    return above ? Next_below(scaled) : scaled;
+}
+
+} // namespace
+
+double Round_down(Enclosed const& x) {
+    Exact_pair const end = Exact_sum(x.low, -x.error);
+    // The rest of the rest counts by its sign alone.
+    double const low = end.rest < 0.0 ? Next_below(end.rounded) : end.rounded;
+    Exact_pair const sum = Exact_sum(x.high, low);
+    return Scaled_down(sum.rounded, sum.rest, x.exponent) + 0.0;
+}
+
+double Round_up(Enclosed const& x) {
+    return -Round_down(-x) + 0.0;
+}
+
+double Round_to_nearest(Enclosed const& x) {
+    return Scaled(x.high, x.exponent) + 0.0;
+}
+
+bool Is_negative(Enclosed const& x) {
+    return x.high + x.error < 0.0 && x.high < 0.0;
+}
+
+bool Is_positive(Enclosed const& x) {
+    return x.high - x.error > 0.0 && x.high > 0.0;
+}
+
+// ---- Sums
+
+Enclosed operator-(Enclosed const& x) {
+    return {-x.high, -x.low, x.error, x.exponent};
+}
+
+namespace {
+
+// x + y, where y has been brought to the exponent of x. What the two roundings leave out is the error.
+Enclosed Sum_of_aligned(Enclosed const& x, Enclosed const& y) {
+    Exact_pair const highs = Exact_sum(x.high, y.high);
+    Exact_pair const lows = Exact_sum(x.low, y.low);
+    Exact_pair const middle = Exact_sum(highs.rest, lows.rounded);
+    Exact_pair const top = Exact_sum(highs.rounded, middle.rounded);
+    Exact_pair const rest = Exact_sum(middle.rest, lows.rest);
+    Exact_pair const low = Exact_sum(top.rest, rest.rounded);
+    double const left_out = std::fabs(low.rest) + std::fabs(rest.rest);
+    // One error alone is not rounded: what ends at zero goes on doing so.
+    bool const alone = left_out == 0.0 && (x.error == 0.0 || y.error == 0.0);
+    double const error = alone ? x.error + y.error : Grown(left_out + x.error + y.error);
+    return Made(top.rounded, low.rounded, error, x.exponent);
+}
+
+} // namespace
+
+Enclosed operator+(Enclosed const& x, Enclosed const& y) {
+    if (x.Is_zero() || y.Is_zero()) {
+        return x.Is_zero() ? y : x;
+    }
+    return x.exponent >= y.exponent ? Sum_of_aligned(x, Shifted(y, x.exponent - y.exponent))
+                                    : Sum_of_aligned(y, Shifted(x, y.exponent - x.exponent));
+}
+
+Enclosed operator-(Enclosed const& x, Enclosed const& y) {
+    return x + -y;
+}
+
+// ---- Products
+
+Enclosed operator*(Enclosed const& x, Enclosed const& y) {
+    Exact_pair const highs = Exact_product(x.high, y.high);
+    double low = highs.rest;
+    double left_out = 0.0;
+    if (x.low != 0.0 || y.low != 0.0) {
+        Exact_pair const first = Exact_product(x.high, y.low);
+        Exact_pair const second = Exact_product(x.low, y.high);
+        Exact_pair const cross = Exact_sum(first.rounded, second.rounded);
+        Exact_pair const sum = Exact_sum(highs.rest, cross.rounded);
+        low = sum.rounded;
+        left_out = std::fabs(sum.rest) + std::fabs(cross.rest) + std::fabs(first.rest) +
+                   std::fabs(second.rest) + std::fabs(x.low * y.low);
+    }
+    if (x.error != 0.0 || y.error != 0.0) {
+        left_out += x.error * (std::fabs(y.high) + 0x1p-50 + y.error) +
+                    y.error * (std::fabs(x.high) + 0x1p-50);
+    }
+    return Made(highs.rounded, low, Grown(left_out), x.exponent + y.exponent);
+}
+
+// ---- Quotients
+
+namespace {
+
+// x over a double between 1 and 2 in magnitude.
+Enclosed Divided(Enclosed const& x, double divisor, int exponent) {
+    double const first = x.high / divisor;
+    Exact_pair const product = Exact_product(first, divisor);
+    // The two are close, so that their difference is a double (Sterbenz).
+    Exact_pair const residual = Exact_sum((x.high - product.rounded) - product.rest, x.low);
+    double const second = residual.rounded / divisor;
+    Exact_pair const again = Exact_product(second, divisor);
+    double const rest = (residual.rounded - again.rounded) - again.rest;
+    double const left_out = std::fabs(rest) + std::fabs(residual.rest) + x.error;
+    return Made(first, second, Grown(left_out / std::fabs(divisor)), x.exponent - exponent);
+}
+
+// The greatest magnitude of all that x encloses, over divisor * 2^exponent.
+double Magnitude_over(Enclosed const& x, double divisor, int exponent) {
+    if (x.Is_zero()) {
+        return 0.0;
+    }
+    double const magnitude = (std::fabs(x.high) + std::fabs(x.low) + x.error) / divisor;
+    int const shift = std::max(x.exponent - exponent, -800);
+    return shift > 800 ? std::numeric_limits<double>::infinity() : magnitude * Two_to(shift);
+}
+
+// A double times 2^exponent.
+Enclosed Scaled_double(double number, int exponent) {
+    Enclosed scaled = Enclose(number);
+    scaled.exponent += scaled.high == 0.0 ? 0 : exponent;
+    return scaled;
+}
+
+Enclosed With_error(Enclosed const& x, double error) {
+    return {x.high, x.low, Grown(x.error + error), x.exponent};
+}
+
+} // namespace
+
+// Two digits of a long division, each a double. What then remains, over the divisor, is the error.
+Enclosed operator/(Enclosed const& x, Enclosed const& y) {
+    if (y.low == 0.0 && y.error == 0.0) {
+        return Divided(x, y.high, y.exponent);
+    }
+    double const least_divisor = std::fabs(y.high) - std::fabs(y.low) - y.error;
+    Enclosed const first = Scaled_double(x.high / y.high, x.exponent - y.exponent);
+    Enclosed const residual = x - first * y;
+    Enclosed const second =
+        Scaled_double(residual.high / y.high, residual.exponent - y.exponent);
+    Enclosed const rest = residual - second * y;
+    Enclosed const quotient = first + second;
+    return With_error(quotient,
+                      Magnitude_over(rest, least_divisor, y.exponent + quotient.exponent));
+}
+
+// ---- Roots
+
+// The root of the high part, and one step of Newton's from there. What then remains of the radicand, over
+// twice the root, is the error, and a little more, as the root itself is not known better.
+Enclosed Square_root(Enclosed const& x) {
+    if (x.high == 0.0) {
+        // From zero to the root of the error.
+        double const most = x.error == 0.0 ? 0.0 : std::sqrt(2.0 * x.error) * (1.0 + 0x1p-40);
+        return x.error == 0.0 ? Enclosed{} : Enclosed{0.0, 0.0, most, x.exponent >> 1};
+    }
+    bool const odd = (x.exponent & 1) != 0;
+    double const first = std::sqrt(odd ? 2.0 * x.high : x.high);
+    Enclosed const root = Scaled_double(first, (x.exponent - (odd ? 1 : 0)) / 2);
+    Enclosed const residual = x - root * root;
+    if (residual.Is_zero()) {
+        return root;
+    }
+    Enclosed const step = Scaled_double(residual.high / (2.0 * root.high),
+                                        residual.exponent - root.exponent);
+    Enclosed const better = root + step;
+    Enclosed const rest = x - better * better;
+    return With_error(better, Magnitude_over(rest, 1.5 * std::fabs(better.high),
+                                             2 * better.exponent));
+}
+
+// ---- Powers
+
+Enclosed Power(Enclosed const& x, int exponent) {
+    Enclosed power = Enclose(1.0);
+    Enclosed square = x;
+    for (unsigned left = static_cast<unsigned>(exponent < 0 ? -exponent : exponent); left != 0;) {
+        if ((left & 1U) != 0) {
+            power = power * square;
+        }
+        left >>= 1;
+        if (left != 0) {
+            square = square * square;
+        }
+    }
+    return exponent < 0 ? Enclose(1.0) / power : power;
+}
+
+// ---- Exact ratios
+
+namespace {
+
+// A product of odd primes, or nothing where it has more than 53 bits.
+double Short_product(Exact_factor const& factor, int sign) {
+    double product = 1.0;
+    for (std::size_t k = 1; k < Exact_factor::primes.size(); ++k) {
+        for (int left = sign * factor.powers[k]; left > 0; --left) {
+            product *= Exact_factor::primes[k];
+            if (product > 0x1p53) {
+                return 0.0;
+            }
+        }
+    }
+    return product;
+}
+
+Enclosed Long_product(Exact_factor const& factor, int sign) {
+    Enclosed product = Enclose(1.0);
+    for (std::size_t k = 1; k < Exact_factor::primes.size(); ++k) {
+        if (sign * factor.powers[k] > 0) {
+            product = product * Power(Enclose(Exact_factor::primes[k]), sign * factor.powers[k]);
+        }
+    }
+    return product;
+}
+
+// The part of the ratio above the line, or for sign -1 below it; without powers of two.
+Enclosed Odd_part(Exact_factor const& factor, int sign) {
+    double const brief = Short_product(factor, sign);
+    Enclosed const product = brief != 0.0 ? Enclose(brief) : Long_product(factor, sign);
+    int const power_of_pi = sign * factor.Power_of_pi();
+    return power_of_pi > 0 ? product * Power(pi, power_of_pi) : product;
+}
+
+// A whole number of up to 192 bits.
+struct Whole {
+    std::array<std::uint32_t, 6> digits{};
+    bool too_long = false;
+
+    explicit Whole(std::uint64_t number)
+        : digits{static_cast<std::uint32_t>(number), static_cast<std::uint32_t>(number >> 32)} {}
+
+    void Multiply(std::uint32_t factor) {
+        std::uint64_t carry = 0;
+        for (std::uint32_t& digit : digits) {
+            carry += std::uint64_t{digit} * factor;
+            digit = static_cast<std::uint32_t>(carry);
+            carry >>= 32;
+        }
+        too_long = too_long || carry != 0;
+    }
+};
+
+// A double as an odd number times a power of two.
+struct Odd_number {
+    std::uint64_t odd;
+    int exponent;
+};
+
+Odd_number Odd_number_of(double mantissa, int exponent) {
+    std::uint64_t odd = (Bits_of(mantissa) & 0x000fffffffffffffULL) | 0x0010000000000000ULL;
+    exponent -= 52;
+    for (; (odd & 1U) == 0; odd >>= 1) {
+        ++exponent;
+    }
+    return {odd, exponent};
+}
+
+// odd times the part of the ratio above the line, or for sign -1 below it.
+Whole Whole_product(std::uint64_t odd, Exact_factor const& factor, int sign) {
+    Whole product(odd);
+    for (std::size_t k = 1; k < Exact_factor::primes.size(); ++k) {
+        for (int left = sign * factor.powers[k]; left > 0 && !product.too_long; --left) {
+            product.Multiply(static_cast<std::uint32_t>(Exact_factor::primes[k]));
+        }
+    }
+    return product;
+}
+
+// Whether from * factor = to, for two doubles as mantissa and exponent.
+bool Is_product(Enclosed const& from, Exact_factor const& factor, Enclosed const& to) {
+    Odd_number const source = Odd_number_of(from.high, from.exponent);
+    Odd_number const target = Odd_number_of(to.high, to.exponent);
+    if (source.exponent + factor.Power_of_two() != target.exponent) {
+        return false;
+    }
+    Whole const left = Whole_product(source.odd, factor, 1);
+    Whole const right = Whole_product(target.odd, factor, -1);
+    return !left.too_long && !right.too_long && left.digits == right.digits;
+}
+
+} // namespace
+
+Prepared_factor::Prepared_factor(Exact_factor const& factor)
+    : ratio(factor), numerator(Odd_part(factor, 1)), denominator(Odd_part(factor, -1)) {
+    auto const one = [](Enclosed const& part) { return part.high == 1.0 && part.Is_exact() && part.low == 0.0 && part.exponent == 0; };
+    multiplies = !one(numerator);
+    divides = !one(denominator);
+}
+
+Enclosed Prepared_factor::operator()(Enclosed const& x) const {
+    Enclosed product = multiplies ? x * numerator : x;
+    product = divides ? product / denominator : product;
+    product.exponent += product.high == 0.0 && product.error == 0.0 ? 0 : ratio.Power_of_two();
+    bool const may_be_double = !product.Is_exact() && x.low == 0.0 && x.Is_exact() &&
+                               ratio.Power_of_pi() == 0 &&
+                               std::fabs(product.low) <= product.error;
+    if (may_be_double && product.high != 0.0) {
+        Enclosed const candidate = {product.high, 0.0, 0.0, product.exponent};
+        return Is_product(x, ratio, candidate) ? candidate : product;
+    }
+    return product;
+}
+
+Enclosed operator*(Enclosed const& x, Exact_factor const& factor) {
+    return Prepared_factor(factor)(x);
+}
+
+// ---- Powers of ten
+
+namespace {
+
+constexpr int Greatest_power_of_five = 22; // in a double
+
+constexpr std::array<double, Greatest_power_of_five + 1> Made_powers_of_five() {
+    std::array<double, Greatest_power_of_five + 1> powers{};
+    double power = 1.0;
+    for (double& entry : powers) {
+        entry = power;
+        power *= 5.0;
+    }
+    return powers;
+}
+
+constexpr std::array<double, Greatest_power_of_five + 1> powers_of_five = Made_powers_of_five();
+
+// x as a double; exact for whole numbers of up to 53 bits.
+double Value_of(Enclosed const& x) {
+    return x.high * Two_to(std::max(x.exponent, -1000));
+}
+
+// The whole number nearest to a double of magnitude below 2^51, ties to even.
+double Nearest_whole(double number) {
+    constexpr double shift = 0x1.8p52;
+    return (number + shift) - shift;
+}
+
+Enclosed Whole_power_of_ten(int power) {
+    auto const magnitude = static_cast<std::size_t>(power < 0 ? -power : power);
+    Enclosed const five = Enclose(powers_of_five[magnitude]);
+    Enclosed result = power < 0 ? Enclose(1.0) / five : five;
+    result.exponent += power;
+    return result;
+}
+
+Enclosed With_absolute_error(Enclosed const& x, double error) {
+    return With_error(x, x.exponent > 0 ? error : error * Two_to(-x.exponent));
+}
+
+// e^x - 1 over x, less 1, for |x| <= 1/128, by its Taylor series. The terms from x^5 / 720 on are computed in
+// doubles: they are less than 2^-44 and their error less than 2^-93, that of the terms left out less than 2^-118.
+Enclosed Exponential_series(Enclosed const& x) {
+    double const y = Value_of(x);
+    double const tail =
+        y * (1.0 / 720 +
+             y * (1.0 / 5040 +
+                  y * (1.0 / 40320 + y * (1.0 / 362880 + y * (1.0 / 3628800 + y / 39916800)))));
+    Enclosed const last = With_absolute_error(one_120th + Enclose(tail), 0x1p-66);
+    return x * (Enclose(0.5) + x * (one_6th + x * (one_24th + x * last)));
+}
+
+// e^x for |x| <= 0.35: the table's entry for the nearest 64th, and the series for the rest.
+Enclosed Exponential(Enclosed const& x) {
+    double const step = Nearest_whole(64.0 * Value_of(x));
+    Enclosed const rest = x - Enclose(step / 64.0);
+    Enclosed const one = Enclose(1.0);
+    Enclosed const entry = exponentials[static_cast<int>(step) - First_exponential];
+    return entry * (one + rest * (one + Exponential_series(rest)));
+}
+
+// Beyond every double, whatever it is multiplied with.
+constexpr int Beyond_exponent = 1 << 24;
+
+} // namespace
+
+// 10^x = 2^k e^r with k the whole number nearest to x log2 10 (Cody and Waite 1980).
+Enclosed Power_of_ten(Enclosed const& x) {
+    if (x.Is_zero()) {
+        return Enclose(1.0);
+    }
+    if (x.exponent >= 20) {
+        return {1.0, 0.0, 0.0, x.high < 0.0 ? -Beyond_exponent : Beyond_exponent};
+    }
+    double const approximate = Value_of(x);
+    bool const whole = x.Is_exact() && x.low == 0.0 && Nearest_whole(approximate) == approximate;
+    if (whole && std::fabs(approximate) <= Greatest_power_of_five) {
+        return Whole_power_of_ten(static_cast<int>(approximate));
+    }
+    constexpr double log2_10 = 3.321928094887362;
+    double const k = Nearest_whole(approximate * log2_10);
+    Enclosed power = Exponential(x * ln_10 - Enclose(k) * ln_2);
+    power.exponent += static_cast<int>(k);
+    return power;
+}
+
+// ---- Logarithms
+
+namespace {
+
+// Whether x is 10^n, for n from 0 to 22.
+bool Is_whole_power_of_ten(Enclosed const& x, int& power) {
+    if (!x.Is_exact() || x.low != 0.0) {
+        return false;
+    }
+    Odd_number const number = Odd_number_of(x.high, x.exponent);
+    power = number.exponent;
+    return power >= 0 && power <= Greatest_power_of_five &&
+           static_cast<double>(number.odd) == powers_of_five[static_cast<std::size_t>(power)];
+}
+
+// artanh(s) over s, less 1, over s^2, for |s| <= 2^-8. The terms from s^6 / 7 on are computed in doubles: they
+// are less than 2^-50 and their error less than 2^-102, as is that of the terms left out.
+Enclosed Area_tangent_series(Enclosed const& square) {
+    double const y = Value_of(square);
+    double const tail = y * (1.0 / 7 + y * (1.0 / 9 + y * (1.0 / 11 + y * (1.0 / 13 + y / 15))));
+    return one_third + square * With_absolute_error(one_fifth + Enclose(tail), 0x1p-69);
+}
+
+// log10 of a number from 90/128 to 182/128: that of the table's number beside it, and 2 artanh(z / (2 + z))
+// for the rest 1 + z.
+Enclosed Logarithm_near_one(Enclosed const& x) {
+    Logarithm_entry const& entry =
+        logarithms[static_cast<int>(Value_of(x) * 128.0) - First_logarithm];
+    Enclosed const z = x * Enclose(entry.reciprocal) - Enclose(1.0);
+    Enclosed const s = z / (Enclose(2.0) + z);
+    Enclosed const square = s * s;
+    return two_over_ln_10 * (s + s * square * Area_tangent_series(square)) + entry.logarithm;
+}
+
+} // namespace
+
+Enclosed Logarithm(Enclosed const& x) {
+    int power = 0;
+    if (Is_whole_power_of_ten(x, power)) {
+        return Enclose(power);
+    }
+    int const exponent = x.high >= 1.40625 ? x.exponent + 1 : x.exponent; // 180 / 128
+    Enclosed const mantissa = {x.high, x.low, x.error, x.exponent - exponent};
+    return Logarithm_near_one(mantissa) + Enclose(exponent) * log10_2;
+}
+
+namespace {
+
+// The power of ten in a ratio of units.
+int Power_of_ten_in(Exact_factor const& factor) {
+    int const twos = factor.powers[0];
+    int const fives = factor.powers[2];
+    if (twos > 0 && fives > 0) {
+        return std::min(twos, fives);
+    }
+    return twos < 0 && fives < 0 ? std::max(twos, fives) : 0;
+}
+
+} // namespace
+
+Enclosed Logarithm(Enclosed const& x, Exact_factor const& factor) {
+    int const tens = Power_of_ten_in(factor);
+    Exact_factor rest = factor;
+    rest.powers[0] -= tens;
+    rest.powers[2] -= tens;
+    return Logarithm(rest.Is_one() ? x : x * rest) + Enclose(tens);
+}
+
+Enclosed Logarithm(Exact_factor const& factor) {
+    return Logarithm(Enclose(1.0), factor);
+}
+
+} // namespace Varnix::Value::Physics

@@ -1,0 +1,51 @@
+// The exact ratio of two units: a product of integer powers of the primes that the units are made of,
+// and of pi. Products, quotients and powers of such ratios are exact, whatever the powers.
+
+#ifndef VARNIX_VALUE_MEASUREMENT_EXACT_FACTOR_H
+#define VARNIX_VALUE_MEASUREMENT_EXACT_FACTOR_H
+
+#include <array>
+#include <cstddef>
+
+namespace Varnix::Value::Physics {
+
+struct Exact_factor {
+    // What the powers are of; pi comes last.
+    static constexpr std::array<int, 7> primes = {2, 3, 5, 7, 11, 127, 463};
+
+    std::array<int, primes.size() + 1> powers{};
+
+    int Power_of_two() const { return powers[0]; }
+    int Power_of_pi() const { return powers.back(); }
+    bool Is_one() const { return *this == Exact_factor(); }
+
+    friend bool operator==(Exact_factor const& first, Exact_factor const& second) {
+        return first.powers == second.powers;
+    }
+    friend bool operator!=(Exact_factor const& first, Exact_factor const& second) {
+        return !(first == second);
+    }
+};
+
+inline Exact_factor Power(Exact_factor factor, int exponent) {
+    for (int& power : factor.powers) {
+        power *= exponent;
+    }
+    return factor;
+}
+
+inline Exact_factor operator*(Exact_factor const& first, Exact_factor const& second) {
+    Exact_factor product = first;
+    for (std::size_t k = 0; k < product.powers.size(); ++k) {
+        product.powers[k] += second.powers[k];
+    }
+    return product;
+}
+
+inline Exact_factor operator/(Exact_factor const& first, Exact_factor const& second) {
+    return first * Power(second, -1);
+}
+
+} // namespace Varnix::Value::Physics
+
+#endif

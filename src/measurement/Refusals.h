@@ -1,0 +1,30 @@
+// Refusals, and the words of their messages. Composing a message is the one thing that allocates.
+
+#ifndef VARNIX_VALUE_MEASUREMENT_REFUSALS_H
+#define VARNIX_VALUE_MEASUREMENT_REFUSALS_H
+
+#include <varnix/value/Measurement.h>
+
+#include <string>
+
+namespace Varnix::Value::Physics {
+
+// "10 dBm (power)", "5 m [4, 6] (length)", "3 (plain number)".
+std::string Described(Measurement const& x);
+
+// "km/h (length/time)".
+std::string Described(Units const& unit);
+
+// "WHAT: WHY; WAY OUT", where why and way out follow from the reason.
+[[noreturn]] void Refuse(Refusal reason, std::string const& what);
+
+// The same for the usual forms: "cannot add X and Y", "cannot convert X to U", "cannot VERB X".
+[[noreturn]] void Refuse(Refusal reason, char const* verb, Measurement const& x,
+                         char const* conjunction, Measurement const& y);
+[[noreturn]] void Refuse(Refusal reason, char const* verb, Measurement const& x,
+                         char const* conjunction, Units const& unit);
+[[noreturn]] void Refuse(Refusal reason, char const* verb, Measurement const& x);
+
+} // namespace Varnix::Value::Physics
+
+#endif

@@ -1,0 +1,185 @@
+// A unit is taken apart into one tuple a dimension, worked on there, and put together in canonical order.
+
+#include "Result_units.h"
+
+#include "Physical_units.h"
+
+#include <varnix/value/Units_library.h>
+
+#include <array>
+#include <cstdlib>
+
+namespace Varnix::Value::Physics {
+
+namespace {
+
+constexpr std::size_t Slot_count = TIME + 1;
+constexpr int Largest_power = 64;
+
+// A tuple for each dimension; NO_UNIT where there is none. The order of the dimensions is canonical.
+using Slots = std::array<Unit_tuple, Slot_count>;
+
+Slots Taken_apart(Units const& unit) {
+    Slots slots{};
+    for (Unit_tuple const& tuple : unit.tuples) {
+        if (tuple.unit == NO_UNIT) {
+            break;
+        }
+        slots[static_cast<std::size_t>(Units_library::Get_dimension(tuple.unit))] = tuple;
+    }
+    return slots;
+}
+
+Result_unit Put_together(Slots const& slots) {
+    Result_unit result;
+    std::size_t count = 0;
+    for (Unit_tuple const& tuple : slots) {
+        if (tuple.unit == NO_UNIT || tuple.exponent == 0) {
+            continue;
+        }
+        if (std::abs(tuple.exponent) > Largest_power) {
+            result.refusal = Refusal::exponent_out_of_range;
+            return result;
+        }
+        if (count == Tuple_count) {
+            result.refusal = Refusal::too_many_units;
+            return result;
+        }
+        result.unit.tuples[count++] = tuple;
+    }
+    if (count == 0) {
+        result.unit = C_Empty;
+    }
+    return result;
+}
+
+bool Is_ratio(Units_list unit) {
+    return unit == PERCENT || unit == PPM || unit == PPB;
+}
+
+bool Is_electrical(std::size_t dimension) {
+    return dimension == VOLTAGE || dimension == POWER || dimension == CURRENT ||
+           dimension == RESISTANCE;
+}
+
+bool Has_electrical(Slots const& slots) {
+    for (std::size_t k = 0; k < Slot_count; ++k) {
+        if (Is_electrical(k) && slots[k].unit != NO_UNIT) {
+            return true;
+        }
+    }
+    return false;
+}
+
+// Volts and amperes of these powers, as one unit where one will do.
+void Write_electrical(Slots& slots, int volts, int amperes) {
+    for (std::size_t k = 0; k < Slot_count; ++k) {
+        slots[k] = Is_electrical(k) ? Unit_tuple{} : slots[k];
+    }
+    if (volts == amperes) {
+        slots[POWER] = {WATT, volts};
+    } else if (volts == -amperes) {
+        slots[RESISTANCE] = {OHM, volts};
+    } else {
+        slots[VOLTAGE] = {VOLT, volts};
+        slots[CURRENT] = {AMP, amperes};
+    }
+}
+
+void Write_electrical(Slots& slots, Kind const& kind) {
+    Write_electrical(slots, kind[Base::voltage], kind[Base::current]);
+}
+
+void Drop_ratios(Slots& slots) {
+    if (Is_ratio(slots[DIMENSIONLESS].unit)) {
+        slots[DIMENSIONLESS] = {};
+    }
+}
+
+Kind Combined(Kind left, int sign, Kind const& right) {
+    for (std::size_t k = 0; k < Base_count; ++k) {
+        left.powers[k] += sign * right.powers[k];
+    }
+    return left;
+}
+
+// Why two units of one dimension do not go into one.
+Refusal Why_not_joined(Kind const& left, Kind const& right) {
+    return left[Base::calendar] != 0 || right[Base::calendar] != 0 ? Refusal::no_fixed_length
+                                                                   : Refusal::units_do_not_mix;
+}
+
+bool Is_plain(Units const& unit) {
+    return unit.tuples[0].unit == NO_UNIT;
+}
+
+Units Without_prefix(Units unit) {
+    unit.si_prefix = NO_PREFIX;
+    return unit;
+}
+
+} // namespace
+
+Result_unit Unit_of_product(Units const& left, int sign, Units const& right) {
+    if (Kind_of(right) == Kind() && (!Is_plain(left) || Is_plain(right))) {
+        return {left, std::nullopt};
+    }
+    if (Kind_of(left) == Kind() && sign > 0) {
+        return {right, std::nullopt};
+    }
+    Slots slots = Taken_apart(left);
+    Slots others = Taken_apart(right);
+    Drop_ratios(slots);
+    Drop_ratios(others);
+    bool const electrical = Has_electrical(slots) && Has_electrical(others);
+    for (std::size_t k = 0; k < Slot_count; ++k) {
+        slots[k].unit = slots[k].unit == NO_UNIT ? others[k].unit : slots[k].unit;
+        slots[k].exponent += sign * others[k].exponent;
+    }
+    Kind const kind = Combined(Kind_of(left), sign, Kind_of(right));
+    if (electrical) {
+        Write_electrical(slots, kind);
+    }
+    Result_unit result = Put_together(slots);
+    if (!result.refusal && Kind_of(result.unit) != kind) {
+        result.refusal = Why_not_joined(Kind_of(left), Kind_of(right));
+    }
+    return result;
+}
+
+Result_unit Unit_of_power(Units const& unit, int power) {
+    if (power == 1) {
+        return {unit, std::nullopt};
+    }
+    Slots slots = Taken_apart(unit);
+    Drop_ratios(slots);
+    for (Unit_tuple& tuple : slots) {
+        tuple.exponent *= power;
+    }
+    return Put_together(slots);
+}
+
+Result_unit Unit_of_root(Units const& unit) {
+    Slots slots = Taken_apart(unit);
+    Drop_ratios(slots);
+    auto const all_even = [](Slots const& those) {
+        for (Unit_tuple const& tuple : those) {
+            if (tuple.exponent % 2 != 0) {
+                return false;
+            }
+        }
+        return true;
+    };
+    if (!all_even(slots) && Has_electrical(slots)) {
+        Write_electrical(slots, Kind_of(unit));
+    }
+    if (!all_even(slots)) {
+        return {Without_prefix(unit), Refusal::odd_power};
+    }
+    for (Unit_tuple& tuple : slots) {
+        tuple.exponent /= 2;
+    }
+    return Put_together(slots);
+}
+
+} // namespace Varnix::Value::Physics
