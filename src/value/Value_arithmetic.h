@@ -122,6 +122,14 @@ inline Quantity Sum_of_linear(Sign sign, Quantity const& left, Quantity const& r
     return {In_decibels(sum, left.unit), left.unit};
 }
 
+// Whether a plain ratio in decibels scales a linear value. It does so for every unit of that value
+// but one: without unit and without a prefix on either side, both are quantities.
+inline bool Is_gain(Units const& linear, Units const& ratio) {
+    bool const both_plain =
+        Is_bare(linear) && linear.si_prefix == NO_PREFIX && ratio.si_prefix == NO_PREFIX;
+    return !Is_decibel(linear) && Is_decibel(ratio) && !Has_unit(ratio) && !both_plain;
+}
+
 // A linear value, scaled by a plain ratio in decibels.
 inline Quantity Scaled_by_gain(Sign sign, Quantity const& linear, Quantity const& gain) {
     Units decibel_unit = linear.unit;
@@ -153,7 +161,7 @@ inline Quantity Sum_with_one_in_decibels(Sign sign, Quantity const& left, Quanti
     if (Is_decibel(left.unit) && Is_decibel(right.unit)) {
         return Sum_of_decibels(sign, left, right);
     }
-    if (Is_decibel(right.unit) && Has_unit(left.unit) && !Has_unit(right.unit)) {
+    if (Is_gain(left.unit, right.unit)) {
         return Scaled_by_gain(sign, left, right);
     }
     return Sum_with_one_in_decibels(sign, left, right);
