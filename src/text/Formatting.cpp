@@ -19,6 +19,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <stdexcept>
 
 namespace Varnix::Value {
 
@@ -29,10 +30,6 @@ using Quantity = Value_object<double>;
 // Zeros of both signs are two numbers here.
 bool Same_bits(double left, double right) {
     return left == right && std::signbit(left) == std::signbit(right);
-}
-
-bool Same_unit(Units const& left, Units const& right) {
-    return Units_library::Compare_units_DB(left, right, true);
 }
 
 // The three numbers with the bounds in ascending order.
@@ -218,7 +215,7 @@ std::string Spelled(Units const& unit, Unit_string_type spelling) {
 
 bool Reads_back(std::string const& text, Units const& unit) {
     auto const read = Try_parse_unit(text);
-    return read && Same_unit(*read, unit);
+    return read && *read == unit;
 }
 
 // The units with their powers, joined by "*".
@@ -296,10 +293,10 @@ bool Takes_prefix(Units unit) {
         return false;
     }
     Unit_tuple const& first = unit.tuples[0];
-    bool const alone = Same_unit(unit, {SPL_NONE, NO_PREFIX, {first}});
+    bool const alone = unit == Units{SPL_NONE, NO_PREFIX, {first}};
     bool const listed = std::find(std::begin(prefixed_units), std::end(prefixed_units),
                                   first.unit) != std::end(prefixed_units);
-    return Same_unit(unit, C_Hz) || (alone && listed && first.exponent == 1);
+    return unit == C_Hz || (alone && listed && first.exponent == 1);
 }
 
 bool All_finite(Quantity const& quantity) {
@@ -395,6 +392,10 @@ std::string Format_number(double number, Text_format const& format) {
 
 std::ostream& operator<<(std::ostream& stream, Value_object<double> const& quantity) {
     return stream << Format(quantity);
+}
+
+void Throw_format_not_valid() {
+    throw std::invalid_argument("a format is [.N | .Nf | b][p | ~][k], with up to 100 digits");
 }
 
 } // namespace Varnix::Value

@@ -118,7 +118,7 @@ class Product {
     Factor const* end() const { return factors.data() + count; }
 
   private:
-    std::array<Factor, SYMBOL> factors; // of each unit one at most
+    std::array<Factor, Unit_code_limit> factors; // of each unit one at most
     int count = 0;
     std::int64_t tens = 0; // the exponents of the prefixes
     std::int64_t twos = 0;
@@ -436,9 +436,9 @@ bool Unit_reader::Read_marked_parentheses(Product& product) {
                                 Described(text, position));
 }
 
-// One special name of the core looks like a division: it is no unit Km, and stands alone.
+// The core's special name of C_Kmph looks like a division: it is no unit Km, and stands alone.
 bool Is_special_text(std::string_view text, std::size_t position) {
-    static std::string const special = Units_library::Get_unit_string(C_Kmph, STR_SYMBOL);
+    constexpr std::string_view special = "Km/h";
     return text[position] == special[0] && Begins_with(text.substr(position), special) &&
            Skip_blanks(text, position + special.size()) == text.size();
 }
@@ -475,7 +475,7 @@ std::string Symbol(Units_list unit) {
 
 // Puts the units into canonical order.
 bool Unit_reader::Place_units(Product const& product, Units& unit) {
-    std::array<Factor const*, TIME + 1> by_dimension{};
+    std::array<Factor const*, Dimension_limit> by_dimension{};
     std::size_t count = 0;
     for (Factor const& factor : product) {
         Dimension const dimension = Unit_words::Get().Dimension_of(factor.unit);

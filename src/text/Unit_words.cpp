@@ -2,8 +2,10 @@
 
 #include <varnix/value/Unit_kinds.h>
 #include <varnix/value/Units_library.h>
+#include <varnix/value/exceptions.h>
 
 #include <algorithm>
+#include <atomic>
 
 namespace Varnix::Value {
 
@@ -137,9 +139,22 @@ void Set_ranges(std::vector<Word> const& words, Ranges& ranges) {
     }
 }
 
+// Whether the core's tables are there. In a program that links statically, an initialiser may read
+// a text before they are.
+bool Is_catalogue_ready() {
+    try {
+        return Units_library::Get_dimension(METER) == LENGTH;
+    } catch (UnitNotDefined const&) {
+        return false;
+    }
+}
+
 } // namespace
 
 Unit_words::Unit_words() {
+    if (!Is_catalogue_ready()) {
+        return;
+    }
     dimensions.push_back(NO_DIMENSION); // of NO_UNIT
     for (Units const& unit : Catalogue_units()) {
         dimensions.push_back(Units_library::Get_dimension(unit.tuples[0].unit));
@@ -177,7 +192,17 @@ Unit_words::Unit_words() {
 }
 
 Unit_words const& Unit_words::Get() {
+    static std::atomic<Unit_words const*> gathered{nullptr};
+    if (Unit_words const* const words = gathered.load(std::memory_order_acquire)) {
+        return *words;
+    }
+    if (!Is_catalogue_ready()) {
+        // No word is known yet; those gathered now must not be kept.
+        static Unit_words const none;
+        return none;
+    }
     static Unit_words const words;
+    gathered.store(&words, std::memory_order_release);
     return words;
 }
 

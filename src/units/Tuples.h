@@ -48,12 +48,6 @@ inline bool Have_equal_tuples(Units const& first, Units const& second) {
     return difference == 0;
 }
 
-// Whether two units are equal in every field.
-inline bool Are_equal(Units const& first, Units const& second) {
-    return first.spl_conv == second.spl_conv && first.si_prefix == second.si_prefix &&
-           Have_equal_tuples(first, second);
-}
-
 // Whether no occupied slot follows an empty one.
 inline bool Is_packed(Units const& unit) {
     for (std::size_t k = 1; k < Tuple_count; ++k) {

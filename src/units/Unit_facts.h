@@ -19,6 +19,7 @@ namespace Varnix::Value {
 
 // Sets of dimensions, a bit for each.
 using Dimension_set = std::uint32_t;
+static_assert(Dimension_limit <= 31, "a set of all dimensions has a bit left, for Not_canonical");
 
 constexpr Dimension_set Set_of(Dimension dimension) {
     return Dimension_set{1} << static_cast<std::uint32_t>(dimension);
@@ -32,7 +33,7 @@ struct Unit_facts {
 };
 
 // One entry for each code from NO_UNIT to the highest.
-using Unit_facts_table = std::array<Unit_facts, SYMBOL + 1>;
+using Unit_facts_table = std::array<Unit_facts, Unit_code_limit>;
 
 [[gnu::visibility("hidden")]] extern Unit_facts_table const unit_facts;
 

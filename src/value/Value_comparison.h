@@ -22,8 +22,8 @@ namespace {
 
 // The value of `object` in `unit`, as it stands if that is its unit.
 inline double Value_in(Units const& unit, Value_object<double> const& object) {
-    return Are_equal(unit, Value_numbers::Unit_of(object)) ? object.Get_value()
-                                                           : Value_converted_to(unit, object);
+    return unit == Value_numbers::Unit_of(object) ? object.Get_value()
+                                                  : Value_converted_to(unit, object);
 }
 
 } // namespace

@@ -23,7 +23,7 @@ Number Value_converter<Number>::Convert(Number value) const noexcept {
 
 template <typename Number>
 Value_object<Number> Value_converter<Number>::Convert(Value_object<Number> const& value) const {
-    if (!Are_equal(Value_numbers::Unit_of(value), source)) {
+    if (Value_numbers::Unit_of(value) != source) {
         Throw<UnitDimensionNotSame>();
     }
     return Converted(value, steps, target);

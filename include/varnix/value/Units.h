@@ -62,6 +62,7 @@ enum Units_list : std::int32_t {
     DWORD = 31,         ///< double word, 32 bits
     YARD = 32,          ///< yard, 0.9144 m
     SYMBOL = 33,        ///< symbol; converts like a per cent
+    Unit_code_limit     ///< no unit: one past the highest code, and always the last one here
 };
 
 /// The prefixes; each value is the exponent of its scale. The multiples of ten from 10 to 80 are
@@ -106,6 +107,7 @@ enum Dimension : std::int32_t {
     LENGTH = 7,        ///< reference: metre
     TEMPERATURE = 8,   ///< converted by formula, not by factor
     TIME = 9,          ///< reference: second
+    Dimension_limit    ///< no dimension: one past the highest, and always the last one here
 };
 
 /// Which of the four spellings of a unit a string function produces.
@@ -152,6 +154,30 @@ static_assert(offsetof(Units, si_prefix) == 4 && offsetof(Units, tuples) == 8,
               "descriptors have a fixed layout");
 static_assert(std::is_trivial_v<Units> && std::is_standard_layout_v<Units>,
               "descriptors are plain records");
+
+/// Whether unit and power are equal; of empty slots, too.
+constexpr bool operator==(Unit_tuple const& first, Unit_tuple const& second) noexcept {
+    return first.unit == second.unit && first.exponent == second.exponent;
+}
+constexpr bool operator!=(Unit_tuple const& first, Unit_tuple const& second) noexcept {
+    return !(first == second);
+}
+
+/// Whether two descriptors are equal in every field, slot by slot: marker, prefix, units and
+/// powers, powers of empty slots included. Nothing is arranged; km and m are not equal.
+constexpr bool operator==(Units const& first, Units const& second) noexcept {
+    // Without a branch for every field: units that are compared are mostly equal.
+    std::int32_t difference = static_cast<std::int32_t>(first.spl_conv ^ second.spl_conv) |
+                              (first.si_prefix ^ second.si_prefix);
+    for (std::size_t k = 0; k < Tuple_count; ++k) {
+        difference |= (first.tuples[k].unit ^ second.tuples[k].unit) |
+                      (first.tuples[k].exponent ^ second.tuples[k].exponent);
+    }
+    return difference == 0;
+}
+constexpr bool operator!=(Units const& first, Units const& second) noexcept {
+    return !(first == second);
+}
 
 /// The key of a conversion that needs a second value. It refers to descriptors and copies nothing:
 /// the three must outlive the key.

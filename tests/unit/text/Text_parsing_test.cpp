@@ -285,7 +285,7 @@ TEST(Kinds, Know_every_unit) {
         EXPECT_EQ(Named_units()[k].unit, *named_constants[k].unit);
         EXPECT_STREQ(Named_units()[k].constant, named_constants[k].name);
     }
-    EXPECT_EQ(Catalogue_units().size(), static_cast<std::size_t>(SYMBOL));
+    EXPECT_EQ(Catalogue_units().size(), static_cast<std::size_t>(Unit_code_limit - 1));
     EXPECT_EQ(Prefixes().size(), 22U);
 }
 
