@@ -19,10 +19,12 @@ add_executable(value-object
     src/tool/main.cpp
     src/tool/Compute.cpp
     src/tool/Convert.cpp
+    src/tool/Convert_lines.cpp
     src/tool/Convert_table.cpp
     src/tool/Csv.cpp
     src/tool/List_units.cpp
     src/tool/Number_cells.cpp
+    src/tool/Quantity_converter.cpp
     src/tool/Reports.cpp
     src/tool/Streams.cpp
     src/tool/Strict_rules.cpp

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <stdexcept>
 
 namespace Varnix::Value::Tool {
@@ -27,8 +28,11 @@ std::string Described(Units const& unit) {
     return text.empty() ? "a plain number" : text + " (" + Kind_name(unit) + ')';
 }
 
-[[noreturn]] void Refuse(std::string const& message) {
-    throw Refusal(message + way_out);
+// What is asked for, in words that are composed only where it is refused.
+using Words = std::function<std::string()>;
+
+[[noreturn]] void Refuse(Words const& what, std::string const& reason) {
+    throw Refusal(what() + ": " + reason + way_out);
 }
 
 // What the library says of a failure, without the names of its exception classes.
@@ -40,13 +44,13 @@ std::string Reason(std::exception const& failure) {
 
 // Runs `action`; what the library throws becomes a refusal that starts with `what`.
 template <typename Action>
-auto Telling(std::string const& what, Action const& action) {
+auto Telling(Words const& what, Action const& action) {
     try {
         return action();
     } catch (Value_exception const& failure) {
-        throw Refusal(what + ": the library has no rule for it (" + Reason(failure) + ')');
+        throw Refusal(what() + ": the library has no rule for it (" + Reason(failure) + ')');
     } catch (std::out_of_range const&) {
-        throw Refusal(what + ": the result is infinite or not a number");
+        throw Refusal(what() + ": the result is infinite or not a number");
     }
 }
 
@@ -118,17 +122,17 @@ Counting Counting_of(Units const& unit) {
 
 // ---- Conversions
 
-void Check_kinds(Units const& from, Units const& to, std::string const& what) {
+void Check_kinds(Units const& from, Units const& to, Words const& what) {
     if (!Same_kind(from, to)) {
-        Refuse(what + ": the kinds differ");
+        Refuse(what, "the kinds differ");
     }
     if (Counting_of(from) != Counting_of(to)) {
-        Refuse(what + ": plain numbers, ratios, symbols and angles are kinds of their own");
+        Refuse(what, "plain numbers, ratios, symbols and angles are kinds of their own");
     }
 }
 
 // The formulas hold for a temperature alone: a prefix would act after them.
-void Check_temperatures(Units const& from, Units const& to, std::string const& what) {
+void Check_temperatures(Units const& from, Units const& to, Words const& what) {
     Unit_tuple const source = Tuple_of(from, TEMPERATURE);
     Unit_tuple const target = Tuple_of(to, TEMPERATURE);
     if (source.unit == target.unit) {
@@ -136,7 +140,7 @@ void Check_temperatures(Units const& from, Units const& to, std::string const& w
     }
     if (!Same_unit(from, {SPL_NONE, NO_PREFIX, {{source.unit, 1}}}) ||
         !Same_unit(to, {SPL_NONE, NO_PREFIX, {{target.unit, 1}}})) {
-        Refuse(what + ": temperatures convert alone, without prefix, power or other units");
+        Refuse(what, "temperatures convert alone, without prefix, power or other units");
     }
 }
 
@@ -150,19 +154,19 @@ bool Same_dimensions(Units const& first, Units const& second) {
 
 // Of one kind but written in other dimensions: only a power written as a product has a rule, and
 // that one leaves decibels behind.
-void Check_forms(Units const& from, Units const& to, std::string const& what) {
+void Check_forms(Units const& from, Units const& to, Words const& what) {
     if (Same_dimensions(from, to)) {
         return;
     }
     if (!Is_product_power(from) || Is_product_power(to)) {
-        Refuse(what + ": the library has no rule for it");
+        Refuse(what, "the library has no rule for it");
     }
     if (Is_marked(from) || Is_marked(to)) {
-        Refuse(what + ": convert to W first, and then to the level");
+        Refuse(what, "convert to W first, and then to the level");
     }
 }
 
-void Check_conversion(Units const& from, Units const& to, std::string const& what) {
+void Check_conversion(Units const& from, Units const& to, Words const& what) {
     Check_kinds(from, to, what);
     Check_temperatures(from, to, what);
     Check_forms(from, to, what);
@@ -182,7 +186,7 @@ void Note_field_levels(Units const& from, Units const& to, std::string& note) {
 
 Value_converter<double> Prepare(Units const& from, Units const& to, Rules rules,
                                 std::string& note) {
-    std::string const what = Conversion_words(from, to);
+    Words const what = [&] { return Conversion_words(from, to); };
     if (rules == Rules::strict) {
         Check_conversion(from, to, what);
         Note_field_levels(from, to, note);
@@ -200,38 +204,38 @@ void Require_finite(double result, std::string const& input, Units const& unit) 
 
 namespace {
 
-void Require_finite(Quantity const& result, std::string const& input, Rules rules) {
-    if (rules == Rules::strict) {
-        for (double const number :
-             {result.Get_value(), result.Get_minus_err(), result.Get_plus_err()}) {
-            Tool::Require_finite(number, input, result.Get_unit());
+// Both bounds and the value; the words for `input` are composed only on refusal.
+void Require_finite(Quantity const& result, Words const& input, Rules rules) {
+    for (double const number :
+         {result.Get_value(), result.Get_minus_err(), result.Get_plus_err()}) {
+        if (rules == Rules::strict && !std::isfinite(number)) {
+            Tool::Require_finite(number, input(), result.Get_unit());
         }
     }
 }
 
 } // namespace
 
-Quantity Convert(Quantity const& quantity, Units const& to, Rules rules, std::string& note) {
-    Quantity result = Prepare(quantity.Get_unit(), to, rules, note).Convert(quantity);
-    Require_finite(result, Format(quantity), rules);
-    return result;
+void Require_finite(Quantity const& result, Quantity const& input, Rules rules) {
+    Require_finite(
+        result, [&] { return Format(input); }, rules);
 }
 
 Quantity Convert_with(Quantity const& quantity, Units const& to, Quantity const& with, Rules rules,
                       std::string& note) {
     Units const from = quantity.Get_unit();
     Units const other = with.Get_unit();
-    std::string const what = Conversion_words(from, to) + " with " + Described(other);
+    Words const what = [&] { return Conversion_words(from, to) + " with " + Described(other); };
     if (rules == Rules::strict) {
         if (Has_binary_prefix(from) || Has_binary_prefix(to) || Has_binary_prefix(other)) {
-            Refuse(what + ": a binary prefix would count as a power of ten");
+            Refuse(what, "a binary prefix would count as a power of ten");
         }
         for (Units const& unit : {from, to, other}) {
             Note_field_levels(unit, {}, note);
         }
     }
     Quantity result = Telling(what, [&] { return quantity.Convert_to_with_value(to, with); });
-    Require_finite(result, Format(quantity), rules);
+    Require_finite(result, quantity, rules);
     return result;
 }
 
@@ -256,24 +260,23 @@ std::string Operation_words(Quantity const& left, Operation operation, Quantity 
     }
 }
 
-void Check_no_temperature_points(Units const& left, Units const& right, std::string const& what) {
+void Check_no_temperature_points(Units const& left, Units const& right, Words const& what) {
     for (Units const& unit : {left, right}) {
         if (Has_unit(unit, DEGREE_C) || Has_unit(unit, DEGREE_F)) {
-            Refuse(what + ": degrees Celsius and Fahrenheit are points of a scale; use K");
+            Refuse(what, "degrees Celsius and Fahrenheit are points of a scale; use K");
         }
     }
 }
 
 // ---- Sums and comparisons
 
-void Check_gain(Units const& left, Units const& right, std::string const& what) {
+void Check_gain(Units const& left, Units const& right, Words const& what) {
     if (Is_gain(left) != Is_gain(right)) {
-        Refuse(what + ": a gain changes a level by a factor; the kinds differ");
+        Refuse(what, "a gain changes a level by a factor; the kinds differ");
     }
 }
 
-void Check_sum(Quantity const& left, Quantity const& right, std::string const& what,
-               std::string& note) {
+void Check_sum(Quantity const& left, Quantity const& right, Words const& what, std::string& note) {
     Units const first = left.Get_unit();
     Units const second = right.Get_unit();
     Check_gain(first, second, what);
@@ -299,21 +302,21 @@ void Bring_to_watts(Quantity& left, Quantity& right) {
 
 // ---- Products
 
-void Check_product(Quantity const& left, Quantity const& right, std::string const& what,
+void Check_product(Quantity const& left, Quantity const& right, Words const& what,
                    std::string& note) {
     Units const first = left.Get_unit();
     Units const second = right.Get_unit();
     if (Is_gain(first) || Is_gain(second)) {
-        Refuse(what + ": plain decibels are no factor");
+        Refuse(what, "plain decibels are no factor");
     }
     if (Has_units(first) != Has_units(second)) {
-        Refuse(what + ": a value without unit would take the other's unit");
+        Refuse(what, "a value without unit would take the other's unit");
     }
     Check_no_temperature_points(first, second, what);
     Counting const counted = Counting_of(first);
     if (counted != Counting_of(second) && counted != Counting::nothing &&
         Counting_of(second) != Counting::nothing) {
-        Refuse(what + ": angles, symbols and ratios do not convert into one another");
+        Refuse(what, "angles, symbols and ratios do not convert into one another");
     }
     if (Is_field_level(first) || Is_field_level(second)) {
         note = levels_note;
@@ -378,7 +381,7 @@ Quantity Apply(Quantity const& left, Operation operation, Quantity const& right)
 
 Quantity Calculate(Quantity const& left, Operation operation, Quantity const& right, Rules rules,
                    std::string& note) {
-    std::string const what = Operation_words(left, operation, right);
+    Words const what = [&] { return Operation_words(left, operation, right); };
     Quantity first = left;
     Quantity second = right;
     Quantity result = Telling(what, [&] {
@@ -393,12 +396,13 @@ Quantity Calculate(Quantity const& left, Operation operation, Quantity const& ri
         }
         return Apply(first, operation, second);
     });
-    Require_finite(result, "the result", rules);
+    Require_finite(
+        result, [] { return std::string("the result"); }, rules);
     return result;
 }
 
 bool Compare(Quantity const& left, Operation operation, Quantity const& right, Rules rules) {
-    std::string const what = Operation_words(left, operation, right);
+    Words const what = [&] { return Operation_words(left, operation, right); };
     Quantity first = left;
     Quantity second = right;
     return Telling(what, [&] {

@@ -40,8 +40,6 @@ enum class Operation {
 // Prepares the conversion of numbers.
 Value_converter<double> Prepare(Units const& from, Units const& to, Rules rules, std::string& note);
 
-Quantity Convert(Quantity const& quantity, Units const& to, Rules rules, std::string& note);
-
 // By the relations of volt, ampere, watt and ohm.
 Quantity Convert_with(Quantity const& quantity, Units const& to, Quantity const& with, Rules rules,
                       std::string& note);
@@ -55,6 +53,9 @@ bool Compare(Quantity const& left, Operation operation, Quantity const& right, R
 
 // Throws where `result` is infinite or not a number; `input` is what it comes from.
 void Require_finite(double result, std::string const& input, Units const& unit);
+
+// The same for number and bounds of `result`, unless the library's rules are asked for.
+void Require_finite(Quantity const& result, Quantity const& input, Rules rules);
 
 } // namespace Varnix::Value::Tool
 
