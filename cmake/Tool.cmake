@@ -17,6 +17,8 @@ value_object_header_library(value_object_json ${NLOHMANN_JSON_INCLUDE_DIR} nlohm
 
 add_executable(value-object
     src/tool/main.cpp
+    src/tool/Command_line.cpp
+    src/tool/Completion.cpp
     src/tool/Compute.cpp
     src/tool/Convert.cpp
     src/tool/Convert_lines.cpp
@@ -24,10 +26,13 @@ add_executable(value-object
     src/tool/Csv.cpp
     src/tool/List_units.cpp
     src/tool/Number_cells.cpp
+    src/tool/Progress.cpp
     src/tool/Quantity_converter.cpp
     src/tool/Reports.cpp
     src/tool/Streams.cpp
     src/tool/Strict_rules.cpp
+    src/tool/Table_header.cpp
+    src/tool/Table_writer.cpp
     src/tool/Written_results.cpp)
 value_object_settings(value-object)
 # Files beyond 2 GiB, on 32-bit processors too.

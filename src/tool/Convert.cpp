@@ -3,10 +3,82 @@
 #include "Quantity_converter.h"
 #include "Written_results.h"
 
+#include <varnix/value/Text_parsing.h>
+
+#include <unistd.h>
+
 namespace Varnix::Value::Tool {
+
+// ---- Quotes that the shell has taken, or that were never there
+
+namespace {
+
+using Words = std::vector<std::string>;
+
+enum class Form { other, number, quantity };
+
+Form Form_of(std::string const& text) {
+    auto const quantity = Try_parse_quantity(text);
+    return !quantity                                        ? Form::other
+           : Same_descriptor(quantity->Get_unit(), C_Empty) ? Form::number
+                                                            : Form::quantity;
+}
+
+// The longest quantity that the words from `first` on make together; empty where they make none.
+std::string Quantity_in_pieces(Words const& words, std::size_t first) {
+    for (std::size_t last = words.size(); last > first + 1; --last) {
+        auto const begin = words.begin();
+        std::string const joined = Joined(Words(begin + static_cast<std::ptrdiff_t>(first),
+                                                begin + static_cast<std::ptrdiff_t>(last)));
+        if (Form_of(joined) == Form::quantity) {
+            return joined;
+        }
+    }
+    return {};
+}
+
+[[noreturn]] void Refuse_pieces(std::string const& quantity) {
+    throw Refusal("a quantity is one argument: write '" + quantity + "', in quotes");
+}
+
+// "convert 5 ft m" is 5 feet in pieces, and no number that lacks a unit.
+void Check_quotes(Conversion_request const& request, Options const& options) {
+    Words const& words = request.quantities;
+    for (std::size_t k = 0; k < words.size(); ++k) {
+        std::string const pieces =
+            Form_of(words[k]) == Form::number ? Quantity_in_pieces(words, k) : "";
+        if (!pieces.empty()) {
+            Refuse_pieces(pieces);
+        }
+    }
+    bool const strict = options.rules == Rules::strict;
+    if (strict && !words.empty() && Form_of(words.back()) == Form::number) {
+        throw Refusal("'" + words.back() +
+                      "' has no unit: write number and unit in quotes, as in '" + words.back() +
+                      ' ' + request.to + "', and then the unit to convert to");
+    }
+    if (strict && Form_of(request.with) == Form::number) {
+        throw Refusal("--with '" + request.with + "' has no unit: write number and unit in quotes");
+    }
+}
+
+// A text that is no quantity may be the name of a file of quantities.
+void Check_no_file(Conversion_request const& request) {
+    for (std::string const& text : request.quantities) {
+        if (Form_of(text) == Form::other && access(text.c_str(), F_OK) == 0) {
+            throw Refusal("'" + text +
+                          "' is a file and no quantity: give quantities on standard input, and "
+                          "the unit of plain numbers with --from");
+        }
+    }
+}
+
+} // namespace
 
 Exit_status Convert_quantities(Conversion_request const& request, Options const& options,
                                Output& output) {
+    Check_quotes(request, options);
+    Check_no_file(request);
     Quantity_converter converter(request, options);
     Exit_status status = exit_done;
     for (std::string const& text : request.quantities) {

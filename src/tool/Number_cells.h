@@ -43,6 +43,7 @@ class Number_cells {
         }
     }
 
+    Units Source() const { return converter.Get_source(); }
     Units Target() const { return converter.Get_target(); }
 
   private:

@@ -3,7 +3,6 @@
 #include "Written_results.h"
 
 #include <algorithm>
-#include <iterator>
 
 namespace Varnix::Value::Tool {
 
@@ -12,31 +11,24 @@ namespace {
 // More than a file mixes; few enough to be looked through for each line.
 constexpr std::size_t prepared_limit = 16;
 
-bool Same_descriptor(Units const& first, Units const& second) {
-    return first.spl_conv == second.spl_conv && first.si_prefix == second.si_prefix &&
-           std::equal(std::begin(first.tuples), std::end(first.tuples), std::begin(second.tuples),
-                      [](Unit_tuple const& left, Unit_tuple const& right) {
-                          return left.unit == right.unit && left.exponent == right.exponent;
-                      });
-}
-
 } // namespace
 
-Quantity_converter::Quantity_converter(Conversion_request const& request, Options const& options)
+Quantity_converter::Quantity_converter(Conversion_request const& request, Options const& options_)
     : to(Read_unit(request.to)),
-      with(request.with.empty() ? std::nullopt : std::optional(Read_quantity(request.with))),
-      rules(options.rules) {}
+      with(request.with.empty() ? std::nullopt
+                                : std::optional(Read_quantity(request.with, options_))),
+      options(options_) {}
 
 Quantity Quantity_converter::Convert(std::string_view text) {
-    Quantity const quantity = Read_quantity(text);
+    Quantity const quantity = Read_quantity(text, options);
     if (with) {
         std::string note;
-        Quantity result = Convert_with(quantity, to, *with, rules, note);
+        Quantity result = Convert_with(quantity, to, *with, options.rules, note);
         Tell_once(note);
         return result;
     }
     Quantity result = Prepared_for(quantity.Get_unit()).Convert(quantity);
-    Require_finite(result, quantity, rules);
+    Require_finite(result, quantity, options.rules);
     return result;
 }
 
@@ -48,7 +40,7 @@ Value_converter<double> const& Quantity_converter::Prepared_for(Units const& fro
         return *known;
     }
     std::string note;
-    Value_converter<double> const converter = Prepare(from, to, rules, note);
+    Value_converter<double> const converter = Prepare(from, to, options.rules, note);
     Tell_once(note);
     if (prepared.size() < prepared_limit) {
         prepared.push_back(converter);

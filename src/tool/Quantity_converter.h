@@ -27,7 +27,7 @@ class Quantity_converter {
 
     Units to;
     std::optional<Quantity> with;
-    Rules rules;
+    Options const& options;
     std::string last_note;
     std::vector<Value_converter<double>> prepared; // for the units that were met last
     std::size_t oldest = 0;                        // of these, once they are many

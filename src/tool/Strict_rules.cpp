@@ -122,6 +122,13 @@ Counting Counting_of(Units const& unit) {
 
 // ---- Conversions
 
+// A number without unit lacks one: no rule to be skipped stands in the way.
+void Check_has_unit(Units const& from, Units const& to, Words const& what) {
+    if (!Has_units(from) && !Is_marked(from) && Has_units(to)) {
+        throw Refusal(what() + ": the number needs its unit, as in '5 " + Format_unit(to) + '\'');
+    }
+}
+
 void Check_kinds(Units const& from, Units const& to, Words const& what) {
     if (!Same_kind(from, to)) {
         Refuse(what, "the kinds differ");
@@ -188,6 +195,7 @@ Value_converter<double> Prepare(Units const& from, Units const& to, Rules rules,
                                 std::string& note) {
     Words const what = [&] { return Conversion_words(from, to); };
     if (rules == Rules::strict) {
+        Check_has_unit(from, to, what);
         Check_conversion(from, to, what);
         Note_field_levels(from, to, note);
     }

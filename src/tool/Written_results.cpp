@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 
 namespace Varnix::Value::Tool {
 
@@ -15,7 +16,11 @@ Units Read_unit(std::string_view text) {
     return *unit;
 }
 
-Quantity Read_quantity(std::string_view text) {
+Units Read_unit(std::string_view text, Options const&) {
+    return Read_unit(text);
+}
+
+Quantity Read_quantity(std::string_view text, Options const&) {
     auto const quantity = Try_parse_quantity(text);
     if (!quantity) {
         throw Refusal(quantity.Get_fault(), text);
@@ -23,8 +28,20 @@ Quantity Read_quantity(std::string_view text) {
     return *quantity;
 }
 
+bool Same_descriptor(Units const& first, Units const& second) {
+    return first.spl_conv == second.spl_conv && first.si_prefix == second.si_prefix &&
+           std::equal(std::begin(first.tuples), std::end(first.tuples), std::begin(second.tuples),
+                      [](Unit_tuple const& left, Unit_tuple const& right) {
+                          return left.unit == right.unit && left.exponent == right.exponent;
+                      });
+}
+
 Json Json_number(double number) {
     return std::isfinite(number) ? Json(number) : Json(Format_number(number));
+}
+
+std::string Json_text(std::string_view text) {
+    return Json(text).dump(-1, ' ', false, Json::error_handler_t::replace);
 }
 
 void Add_quantity(Json& object, Quantity const& quantity, Options const& options) {
@@ -34,6 +51,13 @@ void Add_quantity(Json& object, Quantity const& quantity, Options const& options
     object["lower"] = Json_number(lower);
     object["upper"] = Json_number(upper);
     object["unit"] = Format_unit(quantity.Get_unit(), options.format.unit);
+    Add_text(object, quantity, options);
+}
+
+void Add_text(Json& object, Quantity const& quantity, Options const& options) {
+    if (options.formatted) {
+        object["text"] = Format(quantity, options.format);
+    }
 }
 
 void Write(Json const& object, Output& output) {
@@ -61,6 +85,14 @@ void Write_refused(std::string_view input, Refusal const& refusal, Options const
         output.Append(input);
         output.Append('\n');
     }
+}
+
+std::string Joined(std::vector<std::string> const& words) {
+    std::string joined;
+    for (std::string const& word : words) {
+        joined += (joined.empty() ? "" : " ") + word;
+    }
+    return joined;
 }
 
 std::string_view Trimmed(std::string_view text) {

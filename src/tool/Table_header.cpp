@@ -1,0 +1,216 @@
+#include "Table_header.h"
+
+#include "Written_results.h"
+
+#include <algorithm>
+#include <charconv>
+#include <iterator>
+#include <optional>
+#include <unordered_map>
+#include <unordered_set>
+
+namespace Varnix::Value::Tool {
+
+// ---- What the command line names
+
+namespace {
+
+// A name may hold "=" and ":", a unit neither.
+Column Read_column(std::string const& text, Options const& options) {
+    std::size_t const colon = text.rfind(':');
+    std::size_t const equals = text.rfind('=');
+    if (equals == std::string::npos || colon == std::string::npos || colon < equals) {
+        throw Trouble("--column '" + text + "' is not NAME=FROM:TO");
+    }
+    std::string const from = text.substr(equals + 1, colon - equals - 1);
+    std::string const to = text.substr(colon + 1);
+    return {text.substr(0, equals), to,
+            Number_cells(Read_unit(from, options), Read_unit(to), options)};
+}
+
+} // namespace
+
+std::vector<Column> Read_columns(std::vector<std::string> const& texts, Options const& options) {
+    std::vector<Column> columns;
+    std::unordered_set<std::string> keys;
+    for (std::string const& text : texts) {
+        columns.push_back(Read_column(text, options));
+        if (!keys.insert(columns.back().key).second) {
+            throw Trouble("--column names \"" + columns.back().key + "\" twice");
+        }
+    }
+    return columns;
+}
+
+// ---- Where they are
+
+namespace {
+
+// The field without the blanks around its content; quotes stay outside in any case.
+Csv_field Trimmed_field(std::string_view header, Csv_field const& field) {
+    std::string_view const content = Trimmed(header.substr(field.first, field.last - field.first));
+    if (content.empty()) {
+        return {field.first, field.first, field.quoted};
+    }
+    auto const first = static_cast<std::size_t>(content.data() - header.data());
+    return {first, first + content.size(), field.quoted};
+}
+
+// The fields that a key may mean.
+struct Found {
+    std::size_t named = 0;      // how many have it as their name
+    std::size_t name_index = 0; // the first of these
+    Csv_field name_field = {};
+    std::optional<Csv_field> numbered; // the one whose number it is
+};
+
+// The index that "3" stands for: 2.
+std::optional<std::size_t> Index_of_number(std::string const& key) {
+    std::size_t number = 0;
+    auto const [end, fault] = std::from_chars(key.data(), key.data() + key.size(), number);
+    bool const whole = fault == std::errc() && end == key.data() + key.size();
+    return whole && number > 0 ? std::optional(number - 1) : std::nullopt;
+}
+
+// What the keys of the columns may mean, in one walk through the header, which may be long.
+std::unordered_map<std::string, Found> Search(std::vector<Column> const& columns,
+                                              std::string_view header, char delimiter) {
+    std::unordered_map<std::string, Found> by_key;
+    std::unordered_map<std::size_t, Found*> by_index;
+    for (Column const& column : columns) {
+        Found& found = by_key[column.key];
+        if (auto const index = Index_of_number(column.key)) {
+            by_index[*index] = &found; // which stays where it is, whatever is put in later
+        }
+    }
+    For_each_field(header, delimiter, [&](std::size_t index, Csv_field const& field) {
+        Csv_field const name = Trimmed_field(header, field);
+        if (auto const wanted = by_key.find(Csv_content(header, name)); wanted != by_key.end()) {
+            Found& found = wanted->second;
+            if (++found.named == 1) {
+                found.name_index = index;
+                found.name_field = name;
+            }
+        }
+        if (auto const wanted = by_index.find(index); wanted != by_index.end()) {
+            wanted->second->numbered = name;
+        }
+    });
+    return by_key;
+}
+
+void Place_column(Column& column, Found const& found, std::string_view header) {
+    if (found.named > 1) {
+        throw Refusal("the header has several columns \"" + column.key +
+                          "\"; take one by its number, as in --column 1=ft:m",
+                      header, 0);
+    }
+    if (found.named == 1) {
+        column.index = found.name_index;
+        column.field = found.name_field;
+    } else if (found.numbered) {
+        column.index = *Index_of_number(column.key);
+        column.field = *found.numbered;
+    } else {
+        throw Refusal("the header has no column \"" + column.key + '"', header, 0);
+    }
+}
+
+} // namespace
+
+void Find_columns(std::vector<Column>& columns, std::string_view header, char delimiter) {
+    auto const found = Search(columns, header, delimiter);
+    for (Column& column : columns) {
+        Place_column(column, found.at(column.key), header);
+    }
+    std::sort(columns.begin(), columns.end(),
+              [](Column const& left, Column const& right) { return left.index < right.index; });
+    auto const twice = std::adjacent_find(
+        columns.begin(), columns.end(),
+        [](Column const& left, Column const& right) { return left.index == right.index; });
+    if (twice != columns.end()) {
+        throw Trouble("--column names one column twice: \"" + twice->key + "\" and \"" +
+                      std::next(twice)->key + '"');
+    }
+}
+
+// ---- What becomes of the header
+
+namespace {
+
+// Longer texts are no names of units.
+constexpr std::size_t longest_unit = 100;
+
+bool Is_unit(std::string_view text, Units const& unit) {
+    auto const read = Try_parse_unit(text);
+    return read && Same_descriptor(*read, unit);
+}
+
+// Where in `name` the unit stands that it ends with: behind a blank or a sign, or in brackets.
+struct Unit_place {
+    std::size_t first;
+    std::size_t last;
+};
+
+std::optional<Unit_place> Find_unit(std::string_view name, Units const& unit) {
+    constexpr std::string_view signs = " _-/,;:.[(";
+    std::size_t const start = name.size() > longest_unit ? name.size() - longest_unit : 0;
+    for (std::size_t place = name.find_first_of(signs, start); place != std::string_view::npos;
+         place = name.find_first_of(signs, place + 1)) {
+        char const closing = name[place] == '[' ? ']' : name[place] == '(' ? ')' : '\0';
+        std::size_t const last = name.size() - (closing == name.back() ? 1 : 0);
+        std::size_t const first = place + 1;
+        if (first < last && Is_unit(name.substr(first, last - first), unit)) {
+            return Unit_place{first, last};
+        }
+    }
+    return std::nullopt;
+}
+
+// The name of the column with its new unit, as it stands between delimiters.
+std::string Renamed(Column const& column, std::string_view header, char delimiter) {
+    std::string_view const name =
+        header.substr(column.field.first, column.field.last - column.field.first);
+    Units const from = column.cells.Source();
+    auto const place = Find_unit(name, from);
+    if (!place) {
+        throw Refusal("the name of column \"" + column.key + "\" does not end with its unit, " +
+                          Format_unit(from) + ", so that --rename-units cannot rename it",
+                      header, column.field.first);
+    }
+    std::string const renamed = std::string(name.substr(0, place->first)) + column.to +
+                                std::string(name.substr(place->last));
+    bool const needs_quotes = !column.field.quoted && column.to.find(delimiter) < column.to.size();
+    return needs_quotes ? Csv_quoted(renamed) : renamed;
+}
+
+} // namespace
+
+std::string Rename_units(std::vector<Column> const& columns, std::string_view header,
+                         char delimiter) {
+    std::string renamed;
+    std::size_t copied = 0;
+    for (Column const& column : columns) {
+        renamed += header.substr(copied, column.field.first - copied);
+        renamed += Renamed(column, header, delimiter);
+        copied = column.field.last;
+    }
+    return renamed.append(header.substr(copied));
+}
+
+std::vector<std::string> Json_names(std::string_view header, char delimiter) {
+    std::vector<std::string> names;
+    std::unordered_set<std::string> known;
+    For_each_field(header, delimiter, [&](std::size_t, Csv_field const& field) {
+        std::string const name(Trimmed(Csv_content(header, field)));
+        if (!known.insert(name).second) {
+            throw Refusal("the header has several columns \"" + name +
+                              "\", and --json needs a name for each",
+                          header, 0);
+        }
+        names.push_back(Json_text(name));
+    });
+    return names;
+}
+
+} // namespace Varnix::Value::Tool
