@@ -159,6 +159,11 @@ void Add_units(CLI::App& tool, Arguments& arguments) {
     Remove_protections(command);
 }
 
+// CLI11 would take the next argument for the value of "--from=".
+bool Is_option_without_value(std::string const& text) {
+    return text.size() > 3 && text.compare(0, 2, "--") == 0 && text.find('=') == text.size() - 1;
+}
+
 } // namespace
 
 void Add_commands(CLI::App& tool, Arguments& arguments) {
@@ -174,6 +179,9 @@ void Add_commands(CLI::App& tool, Arguments& arguments) {
 std::vector<std::string> Protected_arguments(int count, char const* const* arguments) {
     std::vector<std::string> texts(arguments + 1, arguments + count);
     for (std::string& text : texts) {
+        if (Is_option_without_value(text)) {
+            throw Trouble(text + " has an empty value; value-object --help tells more");
+        }
         text.insert(0, Needs_protection(text) ? " " : "");
     }
     return {texts.rbegin(), texts.rend()}; // CLI11 takes them from the back

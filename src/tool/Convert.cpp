@@ -66,9 +66,8 @@ void Check_quotes(Conversion_request const& request, Options const& options) {
 void Check_no_file(Conversion_request const& request) {
     for (std::string const& text : request.quantities) {
         if (Form_of(text) == Form::other && access(text.c_str(), F_OK) == 0) {
-            throw Refusal("'" + text +
-                          "' is a file and no quantity: give quantities on standard input, and "
-                          "the unit of plain numbers with --from");
+            throw Refusal("'" + text + "' is a file and no quantity: write --to " + request.to +
+                          " < " + text + ", or name the unit of its numbers with --from");
         }
     }
 }

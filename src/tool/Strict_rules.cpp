@@ -168,7 +168,12 @@ void Check_forms(Units const& from, Units const& to, Words const& what) {
     if (!Is_product_power(from) || Is_product_power(to)) {
         Refuse(what, "the library has no rule for it");
     }
-    if (Is_marked(from) || Is_marked(to)) {
+    if (Is_marked(from)) {
+        Units linear = from;
+        linear.spl_conv = SPL_NONE;
+        Refuse(what, "convert to " + Format_unit(linear) + " first");
+    }
+    if (Is_marked(to)) {
         Refuse(what, "convert to W first, and then to the level");
     }
 }

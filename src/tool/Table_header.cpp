@@ -146,23 +146,35 @@ bool Is_unit(std::string_view text, Units const& unit) {
     return read && Same_descriptor(*read, unit);
 }
 
-// Where in `name` the unit stands that it ends with: behind a blank or a sign, or in brackets.
+// Where in a name the unit stands that it ends with.
 struct Unit_place {
     std::size_t first;
     std::size_t last;
 };
 
+// The unit from `first` on; the bracket that is opened in front of it is not a part of it.
+std::optional<Unit_place> Unit_at(std::string_view name, std::size_t first, Units const& unit) {
+    char const before = first == 0 ? '\0' : name[first - 1];
+    char const closing = before == '[' ? ']' : before == '(' ? ')' : '\0';
+    std::size_t const last = name.size() - (closing == name.back() ? 1 : 0);
+    constexpr std::string_view no_starts = " [(";
+    if (first < last && no_starts.find(name[first]) == std::string_view::npos &&
+        Is_unit(name.substr(first, last - first), unit)) {
+        return Unit_place{first, last};
+    }
+    return std::nullopt;
+}
+
+// The unit may be the whole name, or stand behind a blank or a sign; the longest one is taken.
 std::optional<Unit_place> Find_unit(std::string_view name, Units const& unit) {
     constexpr std::string_view signs = " _-/,;:.[(";
-    std::size_t const start = name.size() > longest_unit ? name.size() - longest_unit : 0;
-    for (std::size_t place = name.find_first_of(signs, start); place != std::string_view::npos;
-         place = name.find_first_of(signs, place + 1)) {
-        char const closing = name[place] == '[' ? ']' : name[place] == '(' ? ')' : '\0';
-        std::size_t const last = name.size() - (closing == name.back() ? 1 : 0);
-        std::size_t const first = place + 1;
-        if (first < last && Is_unit(name.substr(first, last - first), unit)) {
-            return Unit_place{first, last};
+    std::size_t first = name.size() > longest_unit ? name.size() - longest_unit : 0;
+    while (first < name.size()) {
+        if (auto const place = Unit_at(name, first, unit)) {
+            return place;
         }
+        std::size_t const sign = name.find_first_of(signs, first);
+        first = sign == std::string_view::npos ? name.size() : sign + 1;
     }
     return std::nullopt;
 }
