@@ -44,3 +44,22 @@ target_link_libraries(value-object PRIVATE
     ValueObject::ValueObject
     value_object_cli11
     value_object_json)
+
+# What completes its command lines, where each shell looks for it. Debian's zsh looks elsewhere for
+# what packages bring.
+include(GNUInstallDirs)
+set(zsh_completions site-functions)
+if(VALUE_OBJECT_DEBIAN_PACKAGES)
+    set(zsh_completions vendor-completions)
+endif()
+set(completions ${CMAKE_CURRENT_SOURCE_DIR}/src/tool/completions)
+install(FILES ${completions}/value-object.bash
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions
+    RENAME value-object
+    COMPONENT tool)
+install(FILES ${completions}/_value-object
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/${zsh_completions}
+    COMPONENT tool)
+install(FILES ${completions}/value-object.fish
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d
+    COMPONENT tool)

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <iterator>
 #include <optional>
+#include <utility>
 
 namespace Varnix::Value::Tool {
 
@@ -50,25 +51,50 @@ class Unit_candidates {
 
   private:
     void Offer_with_prefixes() {
-        for (Units unit : Catalogue_units()) {
+        for (Units const& unit : Catalogue_units()) {
             Offer(unit, STR_NAME);
             for (SI_units const prefix : Prefixes()) {
-                unit.si_prefix = prefix;
-                Offer(unit, STR_SYMBOL);
-                Offer(unit, STR_NAME);
+                Offer_with_prefix(unit, prefix);
             }
         }
     }
 
-    // What is offered can be read, and is the unit that it is offered for.
+    // Binary prefixes count bits and bytes.
+    void Offer_with_prefix(Units unit, SI_units prefix) {
+        unit.si_prefix = prefix;
+        if (Units_library::Get_unit_base(unit) == 10.0 || Same_kind(unit, C_Bytes)) {
+            Offer(unit, STR_SYMBOL);
+            Offer(unit, STR_NAME);
+        }
+    }
+
+    // As it is printed, and, once something has been typed, as keyboards without ° and µ have it.
     void Offer(Units const& unit, Unit_string_type spelling) {
         std::string const text = Format_unit(unit, spelling);
+        Offer_text(unit, text);
+        if (!start.empty()) {
+            Offer_text(unit, In_ascii(text));
+        }
+    }
+
+    // What is offered can be read, and is the unit that it is offered for.
+    void Offer_text(Units const& unit, std::string const& text) {
         bool const wanted = Starts_with(text, start) && (!kind || Same_kind(unit, *kind));
         bool const known = std::any_of(found.begin(), found.end(),
                                        [&](Candidate const& other) { return other.text == text; });
         if (wanted && !known && Reads_back(text, unit)) {
             found.push_back({text, Kind_name(unit)});
         }
+    }
+
+    static std::string In_ascii(std::string text) {
+        for (auto const& [sign, letters] : {std::pair("°", "deg"), std::pair("µ", "u")}) {
+            std::size_t const place = text.find(sign);
+            if (place != std::string::npos) {
+                text.replace(place, std::string_view(sign).size(), letters);
+            }
+        }
+        return text;
     }
 
     // Brackets and blanks would have to be quoted, and are no help to somebody who types.
@@ -89,7 +115,7 @@ Candidates Kinds_starting_with(std::string_view start) {
         bool const known = std::any_of(kinds.begin(), kinds.end(),
                                        [&](Candidate const& other) { return other.text == kind; });
         if (!known && Starts_with(kind, start)) {
-            kinds.push_back({kind, "as of " + Format_unit(named.unit)});
+            kinds.push_back({kind, Format_unit(named.unit)});
         }
     }
     return kinds;
@@ -152,6 +178,7 @@ CLI::Option const* Option_with_value(CLI::App const& command, std::string const&
 }
 
 // "NAME=FROM:TO": the unit behind the last sign; both of one kind.
+// That which is followed by a colon has it already.
 Candidates Column_candidates(std::string const& word) {
     std::size_t const equals = word.rfind('=');
     if (equals == std::string::npos) {
@@ -166,6 +193,7 @@ Candidates Column_candidates(std::string const& word) {
     Candidates units = Unit_candidates(std::string_view(word).substr(start), from).Find();
     for (Candidate& unit : units) {
         unit.text.insert(0, word, 0, start);
+        unit.text += has_from ? "" : ":";
     }
     return units;
 }
@@ -177,7 +205,7 @@ Candidates Format_candidates(std::string_view start) {
              Candidate{".3f", "three decimals"},
              Candidate{"b", "digits set by the bounds"},
              Candidate{"p", "bounds as ±"},
-             Candidate{"~", "no bounds"},
+             Candidate{".3~", "three significant digits, no bounds"},
              Candidate{"k", "a prefix that suits"},
              Candidate{"bpk", "digits set by the bounds, ±, a prefix that suits"},
          }) {
@@ -207,6 +235,21 @@ Candidates Value_candidates(CLI::Option const& option, Words const& before,
     return {};
 }
 
+// "--from=f": option and value in one word.
+Candidates Joined_value_candidates(CLI::App const& command, Words const& before,
+                                   std::string const& word) {
+    std::size_t const value = word.find('=') + 1;
+    CLI::Option const* const option = Option_with_value(command, word.substr(0, value - 1));
+    if (option == nullptr) {
+        return {};
+    }
+    Candidates candidates = Value_candidates(*option, before, word.substr(value));
+    for (Candidate& candidate : candidates) {
+        candidate.text.insert(0, word, 0, value);
+    }
+    return candidates;
+}
+
 // The unit to convert to, behind at least one quantity; nothing where files are read.
 Candidates Argument_candidates(CLI::App const& command, Words const& before,
                                std::string_view start) {
@@ -232,6 +275,9 @@ Candidates Find_candidates(CLI::App const& tool, Words before, std::string const
         before.empty() ? nullptr : Option_with_value(*command, before.back());
     if (option != nullptr) {
         return Value_candidates(*option, before, word);
+    }
+    if (Starts_with(word, "--") && word.find('=') != std::string::npos) {
+        return Joined_value_candidates(*command, before, word);
     }
     return Starts_with(word, "-") ? Options_starting_with(*command, word)
                                   : Argument_candidates(*command, before, word);
