@@ -30,9 +30,12 @@ add_executable(value-object
     src/tool/Quantity_converter.cpp
     src/tool/Reports.cpp
     src/tool/Streams.cpp
+    src/tool/Strict_conversions.cpp
+    src/tool/Strict_operations.cpp
     src/tool/Strict_rules.cpp
     src/tool/Table_header.cpp
     src/tool/Table_writer.cpp
+    src/tool/Unit_questions.cpp
     src/tool/Written_results.cpp)
 value_object_settings(value-object)
 # Files beyond 2 GiB, on 32-bit processors too.

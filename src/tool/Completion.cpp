@@ -1,6 +1,7 @@
 #include "Completion.h"
 
 #include "Command_line.h"
+#include "Unit_questions.h"
 #include "Written_results.h"
 
 #include <varnix/value/Unit_kinds.h>

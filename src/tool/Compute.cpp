@@ -1,5 +1,6 @@
 // `compute`: one operation on two quantities.
 
+#include "Strict_operations.h"
 #include "Written_results.h"
 
 #include <algorithm>

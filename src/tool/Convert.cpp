@@ -1,6 +1,7 @@
 // `convert`: the quantities of the command line.
 
 #include "Quantity_converter.h"
+#include "Unit_questions.h"
 #include "Written_results.h"
 
 #include <varnix/value/Text_parsing.h>

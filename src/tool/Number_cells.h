@@ -6,6 +6,8 @@
 
 #include "Commands.h"
 
+#include <varnix/value/Value_converter.h>
+
 #include <charconv>
 #include <cmath>
 #include <string_view>

@@ -1,5 +1,7 @@
 #include "Quantity_converter.h"
 
+#include "Strict_conversions.h"
+#include "Unit_questions.h"
 #include "Written_results.h"
 
 #include <algorithm>
@@ -28,7 +30,8 @@ Quantity Quantity_converter::Convert(std::string_view text) {
         return result;
     }
     Quantity result = Prepared_for(quantity.Get_unit()).Convert(quantity);
-    Require_finite(result, quantity, options.rules);
+    Require_finite(
+        result, [&] { return Format(quantity); }, options.rules);
     return result;
 }
 

@@ -5,6 +5,8 @@
 
 #include "Commands.h"
 
+#include <varnix/value/Value_converter.h>
+
 #include <optional>
 #include <string>
 #include <string_view>

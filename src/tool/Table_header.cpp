@@ -1,5 +1,6 @@
 #include "Table_header.h"
 
+#include "Unit_questions.h"
 #include "Written_results.h"
 
 #include <algorithm>

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <iterator>
 
 namespace Varnix::Value::Tool {
 
@@ -26,14 +25,6 @@ Quantity Read_quantity(std::string_view text, Options const&) {
         throw Refusal(quantity.Get_fault(), text);
     }
     return *quantity;
-}
-
-bool Same_descriptor(Units const& first, Units const& second) {
-    return first.spl_conv == second.spl_conv && first.si_prefix == second.si_prefix &&
-           std::equal(std::begin(first.tuples), std::end(first.tuples), std::begin(second.tuples),
-                      [](Unit_tuple const& left, Unit_tuple const& right) {
-                          return left.unit == right.unit && left.exponent == right.exponent;
-                      });
 }
 
 Json Json_number(double number) {

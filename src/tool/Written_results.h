@@ -21,9 +21,6 @@ Units Read_unit(std::string_view text);
 Units Read_unit(std::string_view text, Options const& options);
 Quantity Read_quantity(std::string_view text, Options const& options);
 
-// Whether two units are equal in every field.
-bool Same_descriptor(Units const& first, Units const& second);
-
 // A number; a string ("inf", "-inf", "nan") where JSON has no number for it.
 Json Json_number(double number);
 
