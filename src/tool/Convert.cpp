@@ -29,7 +29,7 @@ Form Form_of(std::string const& text) {
 std::string Quantity_in_pieces(Words const& words, std::size_t first) {
     for (std::size_t last = words.size(); last > first + 1; --last) {
         auto const begin = words.begin();
-        std::string const joined = Joined(Words(begin + static_cast<std::ptrdiff_t>(first),
+        std::string joined = Joined(Words(begin + static_cast<std::ptrdiff_t>(first),
                                                 begin + static_cast<std::ptrdiff_t>(last)));
         if (Form_of(joined) == Form::quantity) {
             return joined;
@@ -67,8 +67,9 @@ void Check_quotes(Conversion_request const& request, Options const& options) {
 void Check_no_file(Conversion_request const& request) {
     for (std::string const& text : request.quantities) {
         if (Form_of(text) == Form::other && access(text.c_str(), F_OK) == 0) {
-            throw Refusal("'" + text + "' is a file and no quantity: write --to " + request.to +
-                          " < " + text + ", or name the unit of its numbers with --from");
+            std::string message = "'" + text + "' is a file and no quantity: write --to ";
+            message += request.to + " < " + text;
+            throw Refusal(message + ", or name the unit of its numbers with --from");
         }
     }
 }
