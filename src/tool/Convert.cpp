@@ -30,7 +30,7 @@ std::string Quantity_in_pieces(Words const& words, std::size_t first) {
     for (std::size_t last = words.size(); last > first + 1; --last) {
         auto const begin = words.begin();
         std::string joined = Joined(Words(begin + static_cast<std::ptrdiff_t>(first),
-                                                begin + static_cast<std::ptrdiff_t>(last)));
+                                          begin + static_cast<std::ptrdiff_t>(last)));
         if (Form_of(joined) == Form::quantity) {
             return joined;
         }
@@ -53,7 +53,8 @@ void Check_quotes(Conversion_request const& request, Options const& options) {
         }
     }
     bool const strict = options.rules == Rules::strict;
-    if (strict && !words.empty() && Form_of(words.back()) == Form::number) {
+    if (strict && !words.empty() && Form_of(words.back()) == Form::number &&
+        Has_units(Read_unit(request.to))) {
         throw Refusal("'" + words.back() +
                       "' has no unit: write number and unit in quotes, as in '" + words.back() +
                       ' ' + request.to + "', and then the unit to convert to");
