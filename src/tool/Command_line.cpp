@@ -59,12 +59,10 @@ char const* const units_examples = "  value-object units                        
 
 // ---- Arguments that CLI11 would take for something else
 
-// "-40 degC" would be taken for an option, and "[1, 2]" for a list. A blank in front keeps them
-// whole; Remove_protection takes it away.
+// "-.5 V" would be taken for an option ("-0.5 V" would not), and "[1, 2]" for a list. A blank in
+// front keeps them whole; Remove_protection takes it away.
 bool Needs_protection(std::string const& text) {
-    bool const number =
-        text.size() > 1 && text[0] == '-' && (text[1] == '.' || (text[1] >= '0' && text[1] <= '9'));
-    return number || (!text.empty() && text[0] == '[');
+    return text.compare(0, 2, "-.") == 0 || text.compare(0, 1, "[") == 0;
 }
 
 void Remove_protection(std::string& text) {

@@ -38,7 +38,7 @@ inline constexpr char const* Delimiter_value = "CHARACTER";
 // Adds commands and options to `tool`; parsing stores in `arguments`, which have to stay.
 void Add_commands(CLI::App& tool, Arguments& arguments);
 
-// The arguments of main() in the order in which CLI11 takes them, so that "-40 degC" is no option
+// The arguments of main() in the order in which CLI11 takes them, so that "-.5 V" is no option
 // and "[1, 2]" no list.
 std::vector<std::string> Protected_arguments(int count, char const* const* texts);
 

@@ -34,12 +34,19 @@ def limit_memory():
 
 
 def cost_through_a_pipe(arguments, text):
-    """The processor's seconds for the tool, which gets the text in the pieces of a pipe and has little memory."""
+    """The processor's seconds for the tool, which gets the text in small pieces and has little memory."""
     # The address space of an emulator or a sanitizer is not the tool's.
     bound = limit_memory if len(PROGRAM) == 1 and not is_sanitized() else None
     before = resource.getrusage(resource.RUSAGE_CHILDREN)
     done = subprocess.run(
-        PROGRAM + arguments, input=text, stdout=subprocess.DEVNULL, stderr=subprocess.PIPE, timeout=120, check=False, preexec_fn=bound
+        PROGRAM + arguments,
+        input=text,
+        pipesize=4096,
+        stdout=subprocess.DEVNULL,
+        stderr=subprocess.PIPE,
+        timeout=120,
+        check=False,
+        preexec_fn=bound,
     )
     assert done.returncode in (0, 1), (done.returncode, done.stderr[:200])
     after = resource.getrusage(resource.RUSAGE_CHILDREN)
@@ -119,7 +126,8 @@ class Streams(unittest.TestCase):
         numbered = ["convert", "--csv", "--json", "--column", "7=m:cm"]
         inputs = {
             "a record of delimiters": (CENTIMETRES, lambda k: "x,y\n" + "," * (k * 15 * mebibyte // 4) + "\n"),
-            "a field": (CENTIMETRES, lambda k: 'x,y\n1,"' + "a" * (k * 15 * mebibyte // 4) + '"\n'),
+            "a field": (CENTIMETRES, lambda k: "x,y\n1," + "a" * (k * 15 * mebibyte // 4) + "\n"),
+            "a field in quotes": (CENTIMETRES, lambda k: 'x,y\n1,"' + "a" * (k * 15 * mebibyte // 4) + '"\n'),
             "a quote that is not closed well": (CENTIMETRES, lambda k: 'x\n"" ' + "a" * (k * 15 * mebibyte // 4) + "\n"),
             "a line": (FEET, lambda k: "1" * (k * 15 * mebibyte // 4) + "\n"),
             "objects of many columns": (numbered, lambda k: 3 * (cells(k * 10000) + "\n")),
