@@ -127,6 +127,8 @@ void Add_convert(CLI::App& tool, Arguments& arguments) {
                                  "What separates the cells; \"tab\" for a tab");
     auto& rename = *command.add_flag("--rename-units", arguments.table.rename_units,
                                      "Rename the units in the header: temp [degC] to temp [K]");
+    auto& no_header = *command.add_flag("--no-header", arguments.table.no_header,
+                                        "The tables have no header; columns go by their numbers");
     command.add_flag("--keep-going", arguments.options.keep_going,
                      "Report what is refused, pass it on unchanged, and go on");
     Add_output_options(command, arguments);
@@ -134,6 +136,7 @@ void Add_convert(CLI::App& tool, Arguments& arguments) {
     column.allow_extra_args(false)->needs(&csv);
     delimiter.needs(&csv);
     rename.needs(&csv);
+    no_header.needs(&csv)->excludes(&rename)->excludes(command.get_option("--json"));
     csv.needs(&column)->excludes(&from)->excludes(&to)->excludes(&with);
     Remove_protections(command);
 }

@@ -40,6 +40,7 @@ struct Table_request {
     std::vector<std::string> files;
     char delimiter = ',';
     bool rename_units = false; // in the header
+    bool no_header = false;    // the first record is one like the others
 };
 
 Exit_status Convert_quantities(Conversion_request const& request, Options const& options,

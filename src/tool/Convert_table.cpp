@@ -22,9 +22,14 @@ std::uint64_t Line_breaks(std::string_view text) {
 // Reads one table.
 class Table {
   public:
-    Table(std::string const& name, char delimiter, Options const& options_, Table_writer& writer_,
-          Output& output_)
-        : input(name), scanner(delimiter), options(options_), writer(writer_), output(output_) {}
+    Table(std::string const& name, Table_request const& request, Options const& options_,
+          Table_writer& writer_, Output& output_)
+        : input(name), scanner(request.delimiter), options(options_), writer(writer_),
+          output(output_), has_header(!request.no_header) {
+        if (!has_header) {
+            scanner.Keep_fields(writer.Fields_needed());
+        }
+    }
 
     Exit_status Run() {
         while (!stopped && !input.At_end()) {
@@ -37,7 +42,7 @@ class Table {
             input.Consume(consumed);
             output.Flush(); // what has been read is answered, also while a pipe stays open
         }
-        if (column_count == 0 && !stopped) {
+        if (column_count == 0 && has_header && !stopped) {
             throw Refusal(input.Description() + " is empty, and a header was expected");
         }
         return status;
@@ -84,6 +89,9 @@ class Table {
     }
 
     void Take_record(std::string_view record, Csv_outcome outcome) {
+        if (column_count == 0 && !has_header && outcome == Csv_outcome::complete) {
+            Take_width();
+        }
         if (outcome != Csv_outcome::complete) {
             Pass_on(record, Refusal(outcome == Csv_outcome::incomplete
                                         ? "a quote is not closed before the end"
@@ -94,7 +102,8 @@ class Table {
             writer.Write_unchanged(record); // a blank line
         } else if (scanner.Count() != column_count) {
             Pass_on(record, Refusal("cells in this line: " + std::to_string(scanner.Count()) +
-                                    "; in the header: " + std::to_string(column_count)));
+                                    (has_header ? "; in the header: " : "; in the first: ") +
+                                    std::to_string(column_count)));
         } else {
             Convert_record(record);
         }
@@ -105,6 +114,15 @@ class Table {
         writer.Take_header(record.substr(0, scanner.End()), line_break.empty() ? "\n" : line_break);
         column_count = scanner.Count();
         scanner.Keep_fields(writer.Fields_needed());
+    }
+
+    // Without a header the first record says how many columns there are.
+    void Take_width() {
+        column_count = scanner.Count();
+        if (column_count < writer.Fields_needed()) {
+            throw Refusal(input.Place(line) + ": there is no column " +
+                          writer.Columns().back().key);
+        }
     }
 
     // Converts what can be converted; nothing is written of a record at which the command stops.
@@ -159,6 +177,7 @@ class Table {
     std::size_t column_count = 0;  // of the header; 0 before it has been read
     std::uint64_t line = 1;        // where the record starts
     Exit_status status = exit_done;
+    bool has_header;
     bool mark_is_past = false;
     bool stopped = false;
 };
@@ -169,7 +188,7 @@ Exit_status Convert_table(Table_request const& request, Options const& options, 
     Table_writer writer(request, options, output);
     Exit_status status = exit_done;
     for (std::string const& name : request.files) {
-        Table table(name, request.delimiter, options, writer, output);
+        Table table(name, request, options, writer, output);
         status = std::max(status, table.Run());
         if (table.Stopped()) {
             break;

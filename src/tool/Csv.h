@@ -44,11 +44,9 @@ class Csv_scanner {
     std::vector<Csv_field> const& Fields() const { return fields; }
     std::size_t Count() const { return count; } // of its fields
     std::size_t End() const { return end; }     // the first byte of the line break
-    std::size_t Next() const {
-        return next;
-    } // the first byte of the next record: that of the
-      // next line when misquoted, the end of the text
-      // when incomplete
+    // The first byte of the next record: that of the next line when misquoted, the end of the text
+    // when incomplete.
+    std::size_t Next() const { return next; }
 
   private:
     void Start_record();

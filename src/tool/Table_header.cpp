@@ -16,6 +16,14 @@ namespace Varnix::Value::Tool {
 
 namespace {
 
+// The index that "3" stands for: 2.
+std::optional<std::size_t> Index_of_number(std::string const& key) {
+    std::size_t number = 0;
+    auto const [end, fault] = std::from_chars(key.data(), key.data() + key.size(), number);
+    bool const whole = fault == std::errc() && end == key.data() + key.size();
+    return whole && number > 0 ? std::optional(number - 1) : std::nullopt;
+}
+
 // A name may hold "=" and ":", a unit neither.
 Column Read_column(std::string const& text, Options const& options) {
     std::size_t const colon = text.rfind(':');
@@ -23,9 +31,12 @@ Column Read_column(std::string const& text, Options const& options) {
     if (equals == std::string::npos || colon == std::string::npos || colon < equals) {
         throw Trouble("--column '" + text + "' is not NAME=FROM:TO");
     }
+    std::string key = text.substr(0, equals);
+    bool const quoted = key.size() > 1 && key.front() == '"' && key.back() == '"';
+    key = quoted ? Csv_content(key, {1, key.size() - 1, true}) : key;
     std::string const from = text.substr(equals + 1, colon - equals - 1);
     std::string const to = text.substr(colon + 1);
-    return {text.substr(0, equals), to,
+    return {key, quoted ? std::nullopt : Index_of_number(key), to,
             Number_cells(Read_unit(from, options), Read_unit(to), options)};
 }
 
@@ -65,14 +76,6 @@ struct Found {
     std::optional<Csv_field> numbered; // the one whose number it is
 };
 
-// The index that "3" stands for: 2.
-std::optional<std::size_t> Index_of_number(std::string const& key) {
-    std::size_t number = 0;
-    auto const [end, fault] = std::from_chars(key.data(), key.data() + key.size(), number);
-    bool const whole = fault == std::errc() && end == key.data() + key.size();
-    return whole && number > 0 ? std::optional(number - 1) : std::nullopt;
-}
-
 // What the keys of the columns may mean, in one walk through the header, which may be long.
 std::unordered_map<std::string, Found> Search(std::vector<Column> const& columns,
                                               std::string_view header, char delimiter) {
@@ -80,8 +83,8 @@ std::unordered_map<std::string, Found> Search(std::vector<Column> const& columns
     std::unordered_map<std::size_t, Found*> by_index;
     for (Column const& column : columns) {
         Found& found = by_key[column.key];
-        if (auto const index = Index_of_number(column.key)) {
-            by_index[*index] = &found; // which stays where it is, whatever is put in later
+        if (column.number) {
+            by_index[*column.number] = &found; // which stays where it is, whatever is put in later
         }
     }
     For_each_field(header, delimiter, [&](std::size_t index, Csv_field const& field) {
@@ -100,20 +103,51 @@ std::unordered_map<std::string, Found> Search(std::vector<Column> const& columns
     return by_key;
 }
 
+// A number that is a name too could mean either; and one whose column is called a number rather
+// belongs to a table without header. In both cases something would be converted silently wrong.
+void Check_number(Column const& column, Found const& found, std::string_view header) {
+    std::string const name = Csv_content(header, *found.numbered);
+    if (found.named > 0 && name != column.key) {
+        throw Refusal('"' + column.key +
+                          "\" is the number of one column and the name of another: " +
+                          "for the name write it in double quotes, '\"" + column.key + "\"=...'",
+                      header, 0);
+    }
+    if (Try_parse_number(name)) {
+        throw Refusal("column " + column.key + " is called \"" + name +
+                          "\": write this name in double quotes, '\"" + name +
+                          "\"=...', or --no-header to convert this line too",
+                      header, 0);
+    }
+}
+
 void Place_column(Column& column, Found const& found, std::string_view header) {
-    if (found.named > 1) {
+    if (column.number && found.numbered) {
+        Check_number(column, found, header);
+        column.index = *column.number;
+        column.field = *found.numbered;
+    } else if (found.named == 1) {
+        column.index = found.name_index;
+        column.field = found.name_field;
+    } else if (found.named > 1) {
         throw Refusal("the header has several columns \"" + column.key +
                           "\"; take one by its number, as in --column 1=ft:m",
                       header, 0);
-    }
-    if (found.named == 1) {
-        column.index = found.name_index;
-        column.field = found.name_field;
-    } else if (found.numbered) {
-        column.index = *Index_of_number(column.key);
-        column.field = *found.numbered;
     } else {
         throw Refusal("the header has no column \"" + column.key + '"', header, 0);
+    }
+}
+
+// Into the order of the table. @throws Trouble where two are the same
+void Sort_columns(std::vector<Column>& columns) {
+    std::sort(columns.begin(), columns.end(),
+              [](Column const& left, Column const& right) { return left.index < right.index; });
+    auto const twice = std::adjacent_find(
+        columns.begin(), columns.end(),
+        [](Column const& left, Column const& right) { return left.index == right.index; });
+    if (twice != columns.end()) {
+        throw Trouble("--column names one column twice: \"" + twice->key + "\" and \"" +
+                      std::next(twice)->key + '"');
     }
 }
 
@@ -124,15 +158,18 @@ void Find_columns(std::vector<Column>& columns, std::string_view header, char de
     for (Column& column : columns) {
         Place_column(column, found.at(column.key), header);
     }
-    std::sort(columns.begin(), columns.end(),
-              [](Column const& left, Column const& right) { return left.index < right.index; });
-    auto const twice = std::adjacent_find(
-        columns.begin(), columns.end(),
-        [](Column const& left, Column const& right) { return left.index == right.index; });
-    if (twice != columns.end()) {
-        throw Trouble("--column names one column twice: \"" + twice->key + "\" and \"" +
-                      std::next(twice)->key + '"');
+    Sort_columns(columns);
+}
+
+void Find_columns_by_number(std::vector<Column>& columns) {
+    for (Column& column : columns) {
+        if (!column.number) {
+            throw Trouble("--column '" + column.key +
+                          "=...': without a header columns go by their numbers, from 1 on");
+        }
+        column.index = *column.number;
     }
+    Sort_columns(columns);
 }
 
 // ---- What becomes of the header

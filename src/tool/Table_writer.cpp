@@ -11,7 +11,11 @@ std::string_view Cell(std::string_view record, Csv_field const& field) {
 
 Table_writer::Table_writer(Table_request const& request_, Options const& options_, Output& output_)
     : request(request_), options(options_), output(output_),
-      columns(Read_columns(request.columns, options)) {}
+      columns(Read_columns(request.columns, options)) {
+    if (request.no_header) {
+        Find_columns_by_number(columns);
+    }
+}
 
 void Table_writer::Take_mark() {
     if (!header && !options.json) {

@@ -36,7 +36,7 @@ class Table_writer {
     // others must have the same. @throws Refusal
     void Take_header(std::string_view text, std::string_view line_break);
 
-    // How many fields of a record are needed, once there is a header.
+    // How many fields of a record are needed, once the header has been taken, if there is one.
     std::size_t Fields_needed() const;
 
     // The columns to convert, in the order of the header.
