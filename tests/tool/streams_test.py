@@ -133,9 +133,9 @@ class Streams(unittest.TestCase):
             "objects of many columns": (numbered, lambda k: 3 * (cells(k * 10000) + "\n")),
         }
         for name, (arguments, text) in inputs.items():
-            small, large = (cost_through_a_pipe(arguments, text(k).encode()) for k in (1, 4))
             with self.subTest(name):
-                self.assertLess(large, 8 * small + 0.1)
+                costs = ([cost_through_a_pipe(arguments, text(k).encode()) for k in (1, 4)] for _ in range(3))
+                self.assertTrue(any(large < 5 * small + 0.05 for small, large in costs))
 
     def test_inputs_that_never_end(self):
         for arguments, start in ((FEET, ""), (CENTIMETRES, 'x\n"')):
