@@ -171,7 +171,7 @@ class Streams(unittest.TestCase):
             file.write(b"12345.678\n" * 200000)
             file.seek(0)
             with subprocess.Popen(PROGRAM + FEET, stdin=file, stdout=subprocess.PIPE, stderr=terminal) as tool:
-                time.sleep(1.5)
+                time.sleep(2.5)
                 written = tool.communicate()[0]
         os.close(terminal)
         self.assertEqual(written.count(b"\n"), 200000)
@@ -188,7 +188,7 @@ class Streams(unittest.TestCase):
     def test_progress_on_a_terminal(self):
         screen, terminal = pty.openpty()
         with subprocess.Popen(PROGRAM + FEET, stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=terminal) as tool:
-            time.sleep(1.5)
+            time.sleep(2.5)
             done = tool.communicate(b"1\n2\n")[0]
         os.close(terminal)
         self.assertEqual(done, b"0.3048\n0.6096\n")
