@@ -75,6 +75,16 @@ inline Numbers After_factors(Factors const& factors, Numbers numbers) {
     return numbers;
 }
 
+// The same where a formula and the factors are: a temperature's way.
+inline Numbers After_formula(Formula formula, Factors const& factors, Numbers numbers) {
+    numbers.Order();
+    With_formula(formula, [&numbers](auto const& step) { numbers.Transform(step); });
+    numbers.Order(); // as three times, which is how often the definition orders them
+    numbers.Transform(
+        [factors](double number) { return number * factors.factor * factors.target_scale; });
+    return numbers;
+}
+
 } // namespace Varnix::Value
 
 #endif

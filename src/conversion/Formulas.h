@@ -17,7 +17,7 @@ using Formula = Conversion_steps::Formula;
 
 // Calls `use` with the formula, a function of a number, and returns what it returns.
 template <typename Use>
-auto With_formula(Formula formula, Use const& use) {
+[[gnu::always_inline]] inline auto With_formula(Formula formula, Use const& use) {
     constexpr double scale = Value_object<double>::FAHR_TO_CELCIUS_CONV_FACT;
     constexpr double fahrenheit_offset = Value_object<double>::FAHR_CELCIUS_CONST;
     constexpr double kelvin_offset = Value_object<double>::KELVIN_CONST;

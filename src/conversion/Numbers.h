@@ -103,6 +103,20 @@ struct Value_numbers {
         return Value_object<double>(numbers.value, numbers.minus_err, numbers.plus_err, unit);
     }
 
+    // As `Set`, with the unit that the object has.
+    static void Store(Value_object<double>& object, Numbers numbers) {
+        numbers.Order();
+        object.value = numbers.value;
+        object.minus_err = numbers.minus_err;
+        object.plus_err = numbers.plus_err;
+    }
+
+    // As `Set`.
+    static void Store(Value_object<double>& object, Numbers const& numbers, Units const& unit) {
+        Store(object, numbers);
+        object.unit = unit;
+    }
+
     // The unit itself; Get_unit copies it.
     static Units const& Unit_of(Value_object<double> const& object) { return object.unit; }
 };

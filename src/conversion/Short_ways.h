@@ -133,22 +133,32 @@ constexpr Formula temperature_formulas[3][3] = {
     {Formula::kelvin_to_celsius, Formula::kelvin_to_fahrenheit, Formula::identity},     // from K
 };
 
-inline bool Is_temperature_alone(Units const& unit) {
-    std::int32_t occupied = 0;
-    for (std::size_t k = 1; k < Tuple_count; ++k) {
-        occupied |= unit.tuples[k].unit | unit.tuples[k].exponent;
+// The code of the one unit from DEGREE_C on; beyond the table for what is no temperature.
+inline std::uint32_t Temperature_index(Units const& unit) {
+    return static_cast<std::uint32_t>(unit.tuples[0].unit - DEGREE_C);
+}
+
+// Whether each has one tuple, of the first power. The slots behind it are zero where a unit has no
+// others.
+inline bool Have_one_simple_tuple(Units const& first, Units const& second) {
+    std::uint64_t occupied = 0;
+    for (Units const* const unit : {&first, &second}) {
+        occupied |=
+            detail::Difference(unit->tuples[1], {}) | detail::Difference(unit->tuples[2], {}) |
+            detail::Difference(unit->tuples[3], {}) | detail::Difference(unit->tuples[4], {});
     }
-    auto const code = static_cast<std::uint32_t>(unit.tuples[0].unit - DEGREE_C);
-    return code <= 2 && unit.tuples[0].exponent == 1 && occupied == 0;
+    return occupied == 0 && first.tuples[0].exponent == 1 && second.tuples[0].exponent == 1;
 }
 
 // The formula between two linear temperatures in different units.
 inline std::optional<Formula> Try_temperature(Units const& from, Units const& to) {
-    if (!Are_linear(from, to) || !Is_temperature_alone(from) || !Is_temperature_alone(to) ||
-        from.tuples[0].unit == to.tuples[0].unit) {
+    std::uint32_t const source = Temperature_index(from);
+    std::uint32_t const target = Temperature_index(to);
+    if (source > 2 || target > 2 || source == target || !Are_linear(from, to) ||
+        !Have_one_simple_tuple(from, to)) {
         return std::nullopt;
     }
-    return temperature_formulas[from.tuples[0].unit - DEGREE_C][to.tuples[0].unit - DEGREE_C];
+    return temperature_formulas[source][target];
 }
 
 // ---- All of them

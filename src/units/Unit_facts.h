@@ -55,6 +55,16 @@ inline Dimension Dimension_of(Units_list unit) {
     return unit == NO_UNIT ? NO_DIMENSION : Require_facts(unit).dimension;
 }
 
+// How many dimensions a set has. Of a unit in canonical order, those below its own tell a tuple's
+// slot.
+inline std::size_t Count_of(Dimension_set set) {
+    std::size_t count = 0;
+    for (; set != 0; set &= set - 1) {
+        ++count;
+    }
+    return count;
+}
+
 // What is returned for a unit that is not in canonical order.
 constexpr Dimension_set Not_canonical = ~Dimension_set{0};
 

@@ -8,23 +8,22 @@ namespace Varnix::Value {
 namespace {
 
 // Only the value is converted.
-double Value_after_steps(Units const& unit, Value_object<double> const& object) {
+[[gnu::noinline]] double Value_converted_to(Units const& unit, Value_object<double> const& object) {
+    Units const& own = Value_numbers::Unit_of(object);
+    Factors factors;
+    if (Try_factors(own, unit, factors)) {
+        return object.Get_value() * factors.factor * factors.target_scale;
+    }
     Conversion_steps steps;
     Units storage;
-    Decide_steps(steps, Value_numbers::Unit_of(object), unit, storage);
+    Decide_steps(steps, own, unit, storage);
     return After_steps(steps, object.Get_value());
 }
 
 // The value of `object` in `unit`, as it stands if that is its unit.
 double Value_in(Units const& unit, Value_object<double> const& object) {
-    Units const& own = Value_numbers::Unit_of(object);
-    if (own == unit) {
-        return object.Get_value();
-    }
-    Factors factors;
-    return Try_factors(own, unit, factors)
-               ? object.Get_value() * factors.factor * factors.target_scale
-               : Value_after_steps(unit, object);
+    return Value_numbers::Unit_of(object) == unit ? object.Get_value()
+                                                  : Value_converted_to(unit, object);
 }
 
 } // namespace

@@ -13,30 +13,28 @@ namespace Varnix::Value {
 
 namespace {
 
-// A temperature's way: one formula, and the factors. In registers from the value to the result.
-Value_object<double> Converted_by_formula(Formula formula, Value_object<double> const& value,
-                                          Units const& target) {
-    Numbers numbers = Value_numbers::Of(value);
-    numbers.Order();
-    With_formula(formula, [&numbers](auto const& step) { numbers.Transform(step); });
-    numbers.Order(); // as three times, which is how often the rule's way orders them
+// In registers from the value to the result.
+[[gnu::noinline]] Value_object<double>
+Converted_temperature(Formula formula, Value_object<double> const& value, Units const& target) {
     Factors const factors =
         With_prefixes(1.0, Value_numbers::Unit_of(value).si_prefix, target.si_prefix);
-    numbers.Transform(
-        [factors](double number) { return number * factors.factor * factors.target_scale; });
-    return Value_numbers::Made(numbers, target);
+    return Value_numbers::Made(After_formula(formula, factors, Value_numbers::Of(value)), target);
+}
+
+[[gnu::noinline]] Value_object<double> Converted_by_steps(Value_object<double> const& value,
+                                                          Units const& target) {
+    Conversion_steps steps;
+    Units storage;
+    Units const& to = Decide_steps(steps, Value_numbers::Unit_of(value), target, storage);
+    return Value_numbers::Made(After_steps(steps, Value_numbers::Of(value)), to);
 }
 
 } // namespace
 
 Value_object<double> Converted_in_steps(Value_object<double> const& value, Units const& target) {
-    if (auto const formula = Try_temperature(Value_numbers::Unit_of(value), target)) {
-        return Converted_by_formula(*formula, value, target);
-    }
-    Conversion_steps steps;
-    Units storage;
-    Units const& to = Decide_steps(steps, Value_numbers::Unit_of(value), target, storage);
-    return Value_numbers::Made(After_steps(steps, Value_numbers::Of(value)), to);
+    auto const formula = Try_temperature(Value_numbers::Unit_of(value), target);
+    return formula ? Converted_temperature(*formula, value, target)
+                   : Converted_by_steps(value, target);
 }
 
 Units const& Decide_steps(Conversion_steps& steps, Units const& from, Units const& target,

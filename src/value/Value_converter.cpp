@@ -22,8 +22,20 @@ Number Value_converter<Number>::Convert(Number value) const noexcept {
 
 namespace {
 
-bool Are_factors_alone(Conversion_steps const& steps) {
-    return steps.rule_count == 0 && !steps.from_decibels && !steps.to_decibels;
+// Without decibels, which are no business of factors and formulas.
+bool Are_linear(Conversion_steps const& steps) {
+    return !steps.from_decibels && !steps.to_decibels;
+}
+
+Numbers Converted(Conversion_steps const& steps, Numbers const& numbers) {
+    Factors const factors = {steps.factor, steps.target_scale};
+    if (Are_linear(steps) && steps.rule_count == 0) {
+        return After_factors(factors, numbers);
+    }
+    if (Are_linear(steps) && steps.rule_count == 1 && !steps.rules[0].inverts) {
+        return After_formula(steps.rules[0].formula, factors, numbers);
+    }
+    return After_steps(steps, numbers);
 }
 
 } // namespace
@@ -33,11 +45,7 @@ Value_object<Number> Value_converter<Number>::Convert(Value_object<Number> const
     if (Value_numbers::Unit_of(value) != source) {
         Throw<UnitDimensionNotSame>();
     }
-    Numbers const numbers = Value_numbers::Of(value);
-    return Value_numbers::Made(Are_factors_alone(steps)
-                                   ? After_factors({steps.factor, steps.target_scale}, numbers)
-                                   : After_steps(steps, numbers),
-                               target);
+    return Value_numbers::Made(Converted(steps, Value_numbers::Of(value)), target);
 }
 
 template <typename Number>

@@ -109,72 +109,76 @@ void Convert_operand(Operand& operand, Units const& target) {
 
 // ---- A short way
 
-bool Has_tuple_of(Units_list wanted, Units const& unit) {
-    for (Unit_tuple const& tuple : unit.tuples) {
-        if (tuple.unit == wanted) {
-            return true;
-        }
+// Whether all slots from `first` on are empty.
+bool Is_empty_from(std::size_t first, Units const& unit) {
+    std::int32_t occupied = 0;
+    for (std::size_t k = first; k < Tuple_count; ++k) {
+        occupied |= unit.tuples[k].unit;
     }
-    return false;
+    return occupied == NO_UNIT;
 }
 
-// The power of the unit of `wanted` in `unit`; 0 where it does not occur.
-std::int32_t Power_of(Units_list wanted, Units const& unit) {
-    for (Unit_tuple const& tuple : unit.tuples) {
-        if (tuple.unit == wanted) {
-            return tuple.exponent;
+// Closes the gaps that cancelled tuples have left.
+void Pack(Units& unit) {
+    std::size_t count = 0;
+    for (Unit_tuple const tuple : unit.tuples) {
+        if (tuple.unit != NO_UNIT) {
+            unit.tuples[count++] = tuple;
         }
     }
-    return 0;
+    for (; count < Tuple_count; ++count) {
+        unit.tuples[count] = {};
+    }
 }
 
-// Whether both are units in canonical order, and hold the same unit in each dimension that they
-// share. Then there is nothing to make combinable.
-bool Are_joined_directly(Units const& left, Units const& right) {
-    Dimension_set const of_left = Canonical_dimensions(left);
-    Dimension_set const of_right = Canonical_dimensions(right);
-    if (of_left == 0 || of_right == 0 || of_left == Not_canonical || of_right == Not_canonical) {
-        return false;
+// Copies the tuples of a unit in canonical order to an empty one, and tells its dimensions; none
+// for any other unit.
+Dimension_set Take_tuples(Units const& from, Units& to) {
+    Dimension_set dimensions = 0;
+    std::size_t k = 0;
+    for (; k < Tuple_count && from.tuples[k].unit != NO_UNIT; ++k) {
+        Dimension_set const own = Facts_of(from.tuples[k].unit).dimension_set;
+        if (own <= dimensions) {
+            return 0;
+        }
+        dimensions |= own;
+        to.tuples[k] = from.tuples[k];
     }
-    Dimension_set const shared = of_left & of_right;
-    for (std::size_t k = 0; shared != 0 && k < Tuple_count && left.tuples[k].unit != NO_UNIT; ++k) {
-        Units_list const unit = left.tuples[k].unit;
-        if ((Facts_of(unit).dimension_set & shared) != 0 && !Has_tuple_of(unit, right)) {
+    return Is_empty_from(k, from) ? dimensions : 0;
+}
+
+// The unit of the product or the quotient of two, without prefix and marker, where both are in
+// canonical order and hold the same unit in each dimension that they share: then there is nothing
+// to make combinable. False for all others, and for what would not fit before tuples that cancel
+// are dropped.
+bool Try_joined_unit(Units const& left, std::int32_t sign_of_powers, Units const& right,
+                     Units& joined) {
+    Dimension_set const of_left = Take_tuples(left, joined);
+    Dimension_set of_right = 0;
+    std::size_t count = Count_of(of_left);
+    bool gaps = false;
+    std::size_t k = 0;
+    for (; k < Tuple_count && right.tuples[k].unit != NO_UNIT; ++k) {
+        Unit_tuple const& tuple = right.tuples[k];
+        Dimension_set const own = Facts_of(tuple.unit).dimension_set;
+        bool const shared = (own & of_left) != 0;
+        if (own <= of_right || (!shared && count == Tuple_count)) {
             return false;
         }
+        of_right |= own;
+        Unit_tuple& place = joined.tuples[shared ? Count_of(of_left & (own - 1)) : count++];
+        if (shared && place.unit != tuple.unit) {
+            return false; // to be brought to a common unit first
+        }
+        place.exponent = Combined_exponent(place.exponent, sign_of_powers, tuple.exponent);
+        bool const cancels = shared && place.exponent == 0;
+        place.unit = cancels ? NO_UNIT : tuple.unit;
+        gaps = gaps || cancels;
     }
-    return true;
-}
-
-// The unit of the product or the quotient of such two, without prefix and marker: what combining
-// them comes to.
-Units Joined_unit(Units const& left, std::int32_t sign_of_powers, Units const& right) {
-    Units joined = {};
-    std::size_t count = 0;
-    for (Unit_tuple const& tuple : left.tuples) {
-        if (tuple.unit == NO_UNIT) {
-            break;
-        }
-        bool const shared = Has_tuple_of(tuple.unit, right);
-        std::int32_t const power =
-            Combined_exponent(tuple.exponent, sign_of_powers, Power_of(tuple.unit, right));
-        if (!shared || power != 0) {
-            joined.tuples[count++] = {tuple.unit, power};
-        }
+    if (gaps) {
+        Pack(joined);
     }
-    for (Unit_tuple const& tuple : right.tuples) {
-        if (tuple.unit == NO_UNIT) {
-            break;
-        }
-        if (Has_tuple_of(tuple.unit, left)) {
-            continue;
-        }
-        if (count == Tuple_count) {
-            Throw<OperationExceedingAllowedTuples>();
-        }
-        joined.tuples[count++] = {tuple.unit, Combined_exponent(0, sign_of_powers, tuple.exponent)};
-    }
-    return joined;
+    return of_left != 0 && of_right != 0 && Is_empty_from(k, right);
 }
 
 // ---- The product
@@ -198,10 +202,11 @@ struct Operands {
 // it was arranged.
 template <typename Operation>
 Operand Product(Term const& left, Term const& right, Units const& stored_unit) {
-    if (Are_joined_directly(left.unit, right.unit)) {
+    Units joined = {};
+    if (Try_joined_unit(left.unit, Operation::sign_of_powers, right.unit, joined)) {
         return {Combined(Linear_without_prefix(left), Linear_without_prefix(right),
                          Operation::Of_numbers),
-                Joined_unit(left.unit, Operation::sign_of_powers, right.unit)};
+                joined};
     }
     Operands const operands = In_common_units(left, right, stored_unit);
     return {Combined(operands.left.numbers, operands.right.numbers, Operation::Of_numbers),
@@ -215,7 +220,7 @@ Value_object<Number>& Value_object<Number>::operator*=(Value_object const& other
     Reject_decibels_without_unit(unit, other.unit);
     Operand const product = Product<Multiplication>(
         {Value_numbers::Of_copy(*this), unit}, {Value_numbers::Of_copy(other), other.unit}, unit);
-    Set(product.numbers.value, product.unit, product.numbers.minus_err, product.numbers.plus_err);
+    Value_numbers::Store(*this, product.numbers, product.unit);
     return *this;
 }
 
@@ -227,8 +232,7 @@ Value_object<Number>& Value_object<Number>::operator/=(Value_object const& other
     Operand const quotient = Product<Division>({Value_numbers::Of_copy(*this), arranged},
                                                {Value_numbers::Of_copy(other), other.unit}, unit);
     Require_finite(quotient.numbers);
-    Set(quotient.numbers.value, quotient.unit, quotient.numbers.minus_err,
-        quotient.numbers.plus_err);
+    Value_numbers::Store(*this, quotient.numbers, quotient.unit);
     return *this;
 }
 
@@ -240,7 +244,7 @@ Value_object<Number>& Value_object<Number>::operator*=(Number const& k) noexcept
     numbers.Scale(k);
     numbers.Order();
     numbers = In_decibels(numbers, unit);
-    Set(numbers.value, unit, numbers.minus_err, numbers.plus_err);
+    Value_numbers::Store(*this, numbers, unit);
     return *this;
 }
 
@@ -251,7 +255,7 @@ Value_object<Number>& Value_object<Number>::operator/=(Number const& k) {
     numbers.Transform([divisor = k](Number number) { return number / divisor; });
     Require_finite(numbers);
     numbers = In_decibels(numbers, arranged.unit);
-    Set(numbers.value, arranged.unit, numbers.minus_err, numbers.plus_err);
+    Value_numbers::Store(*this, numbers, arranged.unit);
     return *this;
 }
 

@@ -60,28 +60,6 @@ bool Are_same_units(Units const& left, Units const& right) {
     return {sum, left_unit};
 }
 
-// The same where factors are all that the two conversions take.
-Term Sum_by_factors(Sign sign, Term const& left, Term const& right,
-                    Factors_of_both_ways const& factors) {
-    Numbers const sum =
-        Sum_of_numbers(sign, After_factors(factors.there, left.numbers), right.numbers);
-    return {After_factors(factors.back, sum), left.unit};
-}
-
-[[gnu::noinline]] Term Sum_of_different_units(Sign sign, Term const& left, Term const& right,
-                                              Units& storage) {
-    auto const factors = Try_factors_of_both_ways(left.unit, right.unit);
-    return factors ? Sum_by_factors(sign, left, right, *factors)
-                   : Sum_in_unit_of_right(sign, left, right, storage);
-}
-
-Term Sum_of_linear(Sign sign, Term const& left, Term const& right, Units& storage) {
-    if (left.unit.si_prefix == NO_PREFIX && Are_same_units(left.unit, right.unit)) {
-        return {Sum_of_numbers(sign, left.numbers, right.numbers), left.unit};
-    }
-    return Sum_of_different_units(sign, left, right, storage);
-}
-
 [[gnu::noinline]] Term Sum_of_decibels(Sign sign, Term const& left, Term const& right) {
     if (Is_bare(left.unit) && Is_bare(right.unit)) {
         return {Sum_of_numbers(sign, left.numbers, right.numbers), left.unit};
@@ -148,14 +126,56 @@ Term Sum_with_one_in_decibels(Sign sign, Term const& left, Term const& right) {
 Term Sum(Sign sign, Term const& left, Term const& right, Units& storage) {
     return Is_decibel(left.unit) || Is_decibel(right.unit)
                ? Sum_with_decibels(sign, left, right)
-               : Sum_of_linear(sign, left, right, storage);
+               : Sum_in_unit_of_right(sign, left, right, storage);
 }
 
-void Add(Sign sign, Value_object<double>& object, Value_object<double> const& other) {
+// ---- Short ways
+
+// The sum of linear values in one unit without prefix, which needs no conversion. False for all
+// others.
+bool Try_sum_in_one_unit(Sign sign, Value_object<double>& object,
+                         Value_object<double> const& other) {
+    Units const& unit = Value_numbers::Unit_of(object);
+    Units const& other_unit = Value_numbers::Unit_of(other);
+    if (!Are_linear(unit, other_unit) || unit.si_prefix != NO_PREFIX ||
+        !Are_same_units(unit, other_unit)) {
+        return false;
+    }
+    Value_numbers::Store(
+        object, Sum_of_numbers(sign, Value_numbers::Of(object), Value_numbers::Of_copy(other)));
+    return true;
+}
+
+// The sum of linear values where factors are all that the way there and back takes; the unit stays
+// as it is. False for all others.
+bool Try_sum_by_factors(Sign sign, Value_object<double>& object,
+                        Value_object<double> const& other) {
+    auto const factors =
+        Try_factors_of_both_ways(Value_numbers::Unit_of(object), Value_numbers::Unit_of(other));
+    if (!factors) {
+        return false;
+    }
+    Numbers const there = After_factors(factors->there, Value_numbers::Of(object));
+    Numbers const sum = Sum_of_numbers(sign, there, Value_numbers::Of_copy(other));
+    Value_numbers::Store(object, After_factors(factors->back, sum));
+    return true;
+}
+
+[[gnu::noinline]] void Add_in_different_units(Sign sign, Value_object<double>& object,
+                                              Value_object<double> const& other) {
+    if (Try_sum_by_factors(sign, object, other)) {
+        return;
+    }
     Units storage;
     Term const sum = Sum(sign, {Value_numbers::Of(object), Value_numbers::Unit_of(object)},
                          {Value_numbers::Of_copy(other), Value_numbers::Unit_of(other)}, storage);
-    object.Set(sum.numbers.value, sum.unit, sum.numbers.minus_err, sum.numbers.plus_err);
+    Value_numbers::Store(object, sum.numbers, sum.unit);
+}
+
+void Add(Sign sign, Value_object<double>& object, Value_object<double> const& other) {
+    if (!Try_sum_in_one_unit(sign, object, other)) {
+        Add_in_different_units(sign, object, other);
+    }
 }
 
 } // namespace

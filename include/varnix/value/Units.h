@@ -21,6 +21,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <type_traits>
 
 namespace Varnix::Value {
@@ -155,27 +156,46 @@ static_assert(offsetof(Units, si_prefix) == 4 && offsetof(Units, tuples) == 8,
 static_assert(std::is_trivial_v<Units> && std::is_standard_layout_v<Units>,
               "descriptors are plain records");
 
-/// Whether unit and power are equal; of empty slots, too.
-constexpr bool operator==(Unit_tuple const& first, Unit_tuple const& second) noexcept {
-    return first.unit == second.unit && first.exponent == second.exponent;
+namespace detail {
+
+// Zero where unit and power of both are equal. One comparison instead of two.
+inline std::uint64_t Difference(Unit_tuple const& first, Unit_tuple const& second) noexcept {
+    std::uint64_t left = 0;
+    std::uint64_t right = 0;
+    static_assert(sizeof left == sizeof first);
+    std::memcpy(&left, &first, sizeof left);
+    std::memcpy(&right, &second, sizeof right);
+    return left ^ right;
 }
-constexpr bool operator!=(Unit_tuple const& first, Unit_tuple const& second) noexcept {
+
+// Zero where the tuples are equal slot by slot. Without a branch for every slot: units that are
+// compared are mostly equal.
+inline std::uint64_t Difference_of_tuples(Units const& first, Units const& second) noexcept {
+    static_assert(Tuple_count == 5, "every slot is compared");
+    return Difference(first.tuples[0], second.tuples[0]) |
+           Difference(first.tuples[1], second.tuples[1]) |
+           Difference(first.tuples[2], second.tuples[2]) |
+           Difference(first.tuples[3], second.tuples[3]) |
+           Difference(first.tuples[4], second.tuples[4]);
+}
+
+} // namespace detail
+
+/// Whether unit and power are equal; of empty slots, too.
+inline bool operator==(Unit_tuple const& first, Unit_tuple const& second) noexcept {
+    return detail::Difference(first, second) == 0;
+}
+inline bool operator!=(Unit_tuple const& first, Unit_tuple const& second) noexcept {
     return !(first == second);
 }
 
 /// Whether two descriptors are equal in every field, slot by slot: marker, prefix, units and
 /// powers, powers of empty slots included. Nothing is arranged; km and m are not equal.
-constexpr bool operator==(Units const& first, Units const& second) noexcept {
-    // Without a branch for every field: units that are compared are mostly equal.
-    std::int32_t difference = static_cast<std::int32_t>(first.spl_conv ^ second.spl_conv) |
-                              (first.si_prefix ^ second.si_prefix);
-    for (std::size_t k = 0; k < Tuple_count; ++k) {
-        difference |= (first.tuples[k].unit ^ second.tuples[k].unit) |
-                      (first.tuples[k].exponent ^ second.tuples[k].exponent);
-    }
-    return difference == 0;
+inline bool operator==(Units const& first, Units const& second) noexcept {
+    return first.spl_conv == second.spl_conv && first.si_prefix == second.si_prefix &&
+           detail::Difference_of_tuples(first, second) == 0;
 }
-constexpr bool operator!=(Units const& first, Units const& second) noexcept {
+inline bool operator!=(Units const& first, Units const& second) noexcept {
     return !(first == second);
 }
 
