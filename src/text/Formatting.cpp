@@ -16,10 +16,10 @@
 #include <cstdint>
 #include <optional>
 #include <ostream>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <utility>
-#include <stdexcept>
 
 namespace Varnix::Value {
 

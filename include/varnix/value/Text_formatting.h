@@ -135,8 +135,8 @@ constexpr bool Try_read_text_format(std::string_view text, Text_format& format) 
     return true;
 }
 
-/// Throws the std::invalid_argument of `Read_text_format`. Out of line, so that this header compiles
-/// without exceptions.
+/// Throws the std::invalid_argument of `Read_text_format`. Out of line, so that this header
+/// compiles without exceptions.
 [[noreturn]] VARNIX_VALUE_TEXT_EXPORT void Throw_format_not_valid();
 
 constexpr Text_format Read_text_format(std::string_view text) {

@@ -1,29 +1,30 @@
 // Comparison of value objects.
 
-#ifndef VARNIX_VALUE_VALUE_COMPARISON_H
-#define VARNIX_VALUE_VALUE_COMPARISON_H
-
-#include "conversion/Array_conversion.h"
-#include "conversion/Conversion_plan.h"
-#include "value/Value_conversion.h"
+#include "conversion/Short_ways.h"
+#include "value/Converted_value.h"
 
 namespace Varnix::Value {
 
 namespace {
 
 // Only the value is converted.
-[[gnu::noinline]] inline double Value_converted_to(Units const& unit,
-                                                   Value_object<double> const& object) {
+double Value_after_steps(Units const& unit, Value_object<double> const& object) {
     Conversion_steps steps;
     Units storage;
-    Plan_conversion(steps, Value_numbers::Unit_of(object), unit, storage);
-    return Convert_number(steps, object.Get_value());
+    Decide_steps(steps, Value_numbers::Unit_of(object), unit, storage);
+    return After_steps(steps, object.Get_value());
 }
 
 // The value of `object` in `unit`, as it stands if that is its unit.
-inline double Value_in(Units const& unit, Value_object<double> const& object) {
-    return unit == Value_numbers::Unit_of(object) ? object.Get_value()
-                                                  : Value_converted_to(unit, object);
+double Value_in(Units const& unit, Value_object<double> const& object) {
+    Units const& own = Value_numbers::Unit_of(object);
+    if (own == unit) {
+        return object.Get_value();
+    }
+    Factors factors;
+    return Try_factors(own, unit, factors)
+               ? object.Get_value() * factors.factor * factors.target_scale
+               : Value_after_steps(unit, object);
 }
 
 } // namespace
@@ -58,6 +59,13 @@ bool Value_object<Number>::operator>=(Value_object const& other) const {
     return Value_in(other.unit, *this) >= other.value;
 }
 
-} // namespace Varnix::Value
+// ---- The instantiations
 
-#endif
+template bool Value_object<double>::operator==(Value_object const&) const;
+template bool Value_object<double>::operator!=(Value_object const&) const;
+template bool Value_object<double>::operator<(Value_object const&) const;
+template bool Value_object<double>::operator<=(Value_object const&) const;
+template bool Value_object<double>::operator>(Value_object const&) const;
+template bool Value_object<double>::operator>=(Value_object const&) const;
+
+} // namespace Varnix::Value

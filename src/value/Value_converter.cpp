@@ -1,32 +1,43 @@
 // Prepared conversions.
 
-#ifndef VARNIX_VALUE_VALUE_CONVERTER_MEMBERS_H
-#define VARNIX_VALUE_VALUE_CONVERTER_MEMBERS_H
+#include <varnix/value/Value_converter.h>
 
 #include "conversion/Array_conversion.h"
-#include "conversion/Conversion_plan.h"
+#include "conversion/Conversion.h"
 #include "errors/Throw.h"
-#include "value/Value_conversion.h"
+#include "value/Converted_value.h"
 
 namespace Varnix::Value {
 
 template <typename Number>
 Value_converter<Number>::Value_converter(Units const& from, Units const& to) : source(from) {
     Units storage;
-    target = Plan_conversion(steps, from, to, storage);
+    target = Decide_steps(steps, from, to, storage);
 }
 
 template <typename Number>
 Number Value_converter<Number>::Convert(Number value) const noexcept {
-    return Convert_number(steps, value);
+    return After_steps(steps, value);
 }
+
+namespace {
+
+bool Are_factors_alone(Conversion_steps const& steps) {
+    return steps.rule_count == 0 && !steps.from_decibels && !steps.to_decibels;
+}
+
+} // namespace
 
 template <typename Number>
 Value_object<Number> Value_converter<Number>::Convert(Value_object<Number> const& value) const {
     if (Value_numbers::Unit_of(value) != source) {
         Throw<UnitDimensionNotSame>();
     }
-    return Converted(value, steps, target);
+    Numbers const numbers = Value_numbers::Of(value);
+    return Value_numbers::Made(Are_factors_alone(steps)
+                                   ? After_factors({steps.factor, steps.target_scale}, numbers)
+                                   : After_steps(steps, numbers),
+                               target);
 }
 
 template <typename Number>
@@ -35,6 +46,8 @@ void Value_converter<Number>::Convert(Number const* in, Number* out,
     Convert_array(steps, in, out, count);
 }
 
-} // namespace Varnix::Value
+// ---- The instantiations
 
-#endif
+template class Value_converter<double>;
+
+} // namespace Varnix::Value
