@@ -37,7 +37,7 @@ Column Read_column(std::string const& text, Options const& options) {
     std::string const from = text.substr(equals + 1, colon - equals - 1);
     std::string const to = text.substr(colon + 1);
     return {key, quoted ? std::nullopt : Index_of_number(key), to,
-            Number_cells(Read_unit(from, options), Read_unit(to), options)};
+            Number_cells(Read_unit(from), Read_unit(to), options)};
 }
 
 } // namespace

@@ -15,11 +15,7 @@ Units Read_unit(std::string_view text) {
     return *unit;
 }
 
-Units Read_unit(std::string_view text, Options const&) {
-    return Read_unit(text);
-}
-
-Quantity Read_quantity(std::string_view text, Options const&) {
+Quantity Read_quantity(std::string_view text) {
     auto const quantity = Try_parse_quantity(text);
     if (!quantity) {
         throw Refusal(quantity.Get_fault(), text);

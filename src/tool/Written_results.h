@@ -15,11 +15,9 @@ namespace Varnix::Value::Tool {
 
 using Json = nlohmann::ordered_json;
 
-// The unit or the quantity that `text` is, with options in the notation that they ask for.
-// @throws Refusal with an excerpt
+// The unit or the quantity that `text` is. @throws Refusal with an excerpt
 Units Read_unit(std::string_view text);
-Units Read_unit(std::string_view text, Options const& options);
-Quantity Read_quantity(std::string_view text, Options const& options);
+Quantity Read_quantity(std::string_view text);
 
 // A number; a string ("inf", "-inf", "nan") where JSON has no number for it.
 Json Json_number(double number);
