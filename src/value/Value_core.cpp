@@ -87,19 +87,10 @@ void Value_object<Number>::Is_value_in_range(Value_object const& v) {
     Require_finite(Value_numbers::Of(v));
 }
 
-// ---- The instantiations
+// ---- The instantiation: of what is defined here and of what the header defines within the class,
+// which a program that is built without optimisation calls in the library. Other members have
+// theirs beside them.
 
-template Value_object<double>::Value_object() noexcept;
-template Value_object<double>::Value_object(double const&, Units const&, double const&,
-                                            double const&);
-template Value_object<double>::Value_object(Value_object const&) noexcept;
-template Value_object<double>& Value_object<double>::operator=(Value_object const&) noexcept;
-template void Value_object<double>::Set(double const&, Units const&, double const&,
-                                        double const&) noexcept;
-template void Value_object<double>::Set_plus_minus_err(double const&, double const&) noexcept;
-template double Value_object<double>::Magnitude() const noexcept;
-template bool Value_object<double>::Is_valid_unit(Units const&) noexcept;
-template bool Value_object<double>::Is_convertable_unit(Units const&, Units const&);
-template void Value_object<double>::Is_value_in_range(Value_object const&);
+template class Value_object<double>;
 
 } // namespace Varnix::Value
