@@ -7,6 +7,8 @@
 #include "Quantity_reader.h"
 #include "Unit_reader.h"
 
+#include <optional>
+
 namespace Varnix::Value {
 
 namespace {
@@ -52,20 +54,26 @@ Parse_result<Value_object<double>> Try_parse_quantity(std::string_view text, Num
     return Read_quantity(text, forms);
 }
 
-Parse_result<double> Try_parse_number(std::string_view text, Number_forms forms) {
-    std::optional<Text_fault> fault = Length_fault(text);
-    if (!fault) {
-        auto const number = Read_number(text, Skip_blanks(text, 0), forms, fault);
-        std::size_t const end = number ? Skip_blanks(text, number->end) : text.size();
-        if (number && end == text.size()) {
-            return number->value;
-        }
-        if (number) {
-            fault = Text_fault{
-                end, "expected the end of the number, found " + Described(text, end), {}};
-        }
+Parse_result<Quantity_parts> Try_split_quantity(std::string_view text, Number_forms forms) {
+    if (std::optional<Text_fault> fault = Length_fault(text)) {
+        return std::move(*fault);
     }
-    return std::move(*fault);
+    return Split_quantity(text, forms);
+}
+
+Parse_result<double> Try_parse_number(std::string_view text, Number_forms forms) {
+    if (std::optional<Text_fault> fault = Length_fault(text)) {
+        return std::move(*fault);
+    }
+    auto const result = Read_number(text, Skip_blanks(text, 0), forms);
+    if (!result) {
+        return result.Get_fault();
+    }
+    std::size_t const end = Skip_blanks(text, result->end);
+    if (end != text.size()) {
+        return Text_fault{end, "expected the end of the number, found " + Described(text, end), {}};
+    }
+    return result->number.nearest;
 }
 
 Units Parse_unit(std::string_view text) {

@@ -18,16 +18,6 @@ bool Is_letter(std::string_view text, std::size_t position) {
 
 } // namespace
 
-std::size_t End_of_letters(std::string_view text, std::size_t position) {
-    for (;;) {
-        Character const character = Character_at(text, position);
-        if (character.kind != Kind::letter) {
-            return position;
-        }
-        position += character.size;
-    }
-}
-
 // ---- Powers
 
 namespace {
@@ -68,14 +58,12 @@ Integer Read_raised(std::string_view text, std::size_t& position) {
 }
 
 void Skip_sign(std::string_view text, std::size_t& position, Integer& integer) {
-    Character const character = Character_at(text, position);
-    bool const hyphen = character.size == 1 && text[position] == '-';
-    if (hyphen || character.kind == Kind::minus) {
+    if (std::size_t const minus = Minus_size(text, position)) {
         integer.Negate();
-    } else if (character.kind != Kind::plus) {
-        return;
+        position += minus;
+    } else if (Character_at(text, position).kind == Kind::plus) {
+        ++position;
     }
-    position += character.size;
 }
 
 Integer Read_integer(std::string_view text, std::size_t& position) {

@@ -68,9 +68,6 @@ struct Bare_prefix {
 };
 std::optional<Bare_prefix> Read_bare_prefix(std::string_view text, std::size_t position, char next);
 
-// The end of the letters that begin at `position`.
-std::size_t End_of_letters(std::string_view text, std::size_t position);
-
 } // namespace Varnix::Value
 
 #endif

@@ -183,12 +183,52 @@ TEST(Parsing, Reads_other_numbers_on_request) {
     EXPECT_EQ(Parse_number("+Infinity", all), HUGE_VAL);
     EXPECT_TRUE(std::isnan(Parse_number("nan", all)));
     EXPECT_TRUE(Is(Parse_quantity("1 [-inf, inf] V", all), 1.0, -HUGE_VAL, HUGE_VAL, C_Volts));
+    EXPECT_TRUE(Is(Parse_quantity("1 ± inf V", all), 1.0, -HUGE_VAL, HUGE_VAL, C_Volts));
     for (char const* const text : {"0x", "0x-1", "--1", "+-1", "-", ".", "e5", "", " ", "0x1.8p3p", "in"}) {
         EXPECT_FALSE(Try_parse_number(text, all)) << text;
     }
     for (char const* const text : {"0x1", "inf", "nan", "-Inf", "1e309", "1e-400", "1 V", "1.5.2", "1e5e5"}) {
         EXPECT_FALSE(Try_parse_number(text)) << text;
     }
+}
+
+std::string Parts_of(Decimal_text const& number) {
+    std::string const scale = number.power_of_ten == 0 ? "" : "*10^" + std::to_string(number.power_of_ten);
+    return (number.negative ? "-" : "") + std::string(number.digits) + scale + "=" + Written(number.nearest);
+}
+
+TEST(Parsing, Splits_quantities) {
+    struct Row {
+        char const* text;
+        Quantity_form form;
+        char const* numbers;
+        char const* unit;
+        std::size_t bounds_position;
+        std::size_t unit_position;
+    };
+    Row const rows[] = {
+        {" −5.0 pinch ", Quantity_form::value_alone, "-5.0=-5", "pinch", 0, 8}, // no unit is read
+        {"5.0 ± 0.10 V", Quantity_form::deviation, "5.0=5 0.10=0.1 0.10=0.1", "V", 4, 12},
+        {"(+5 +- 1e-1)", Quantity_form::deviation, "5=5 1e-1=0.1 1e-1=0.1", "", 4, 0},
+        {"5 +0.2/-0.1 Δ°C", Quantity_form::deviations, "5=5 0.1=0.1 0.2=0.2", "Δ°C", 2, 12},
+        {"5 V\u202F[-4.90, 5]", Quantity_form::bounds, "5=5 -4.90=-4.9 5=5", "V", 6, 2},
+        {"-5.00(30)E+2V", Quantity_form::last_digits, "-5.00*10^2=-500 30=30 30=30", "V", 5, 12},
+        {"5.(3)", Quantity_form::last_digits, "5.=5 3=3 3=3", "", 2, 0},
+        {"0.50(3)", Quantity_form::last_digits, "0.50=0.5 3*10^-2=0.03 3*10^-2=0.03", "", 4, 0},
+    };
+    for (Row const& row : rows) {
+        auto const parts = Try_split_quantity(row.text);
+        ASSERT_TRUE(parts) << row.text;
+        EXPECT_EQ(parts->form, row.form) << row.text;
+        bool const alone = row.form == Quantity_form::value_alone;
+        EXPECT_EQ(Parts_of(parts->value) + (alone ? "" : ' ' + Parts_of(parts->lower) + ' ' + Parts_of(parts->upper)), row.numbers);
+        EXPECT_EQ(parts->unit, row.unit) << row.text;
+        EXPECT_EQ(parts->bounds_position, row.bounds_position) << row.text;
+        EXPECT_EQ(parts->unit_position, row.unit_position) << row.text;
+    }
+    EXPECT_EQ(Try_split_quantity("5 ± inf V", {false, true})->upper.digits, "inf");
+    EXPECT_EQ(Try_split_quantity("5 ± 2 percent V").Get_fault().position, 7U);
+    EXPECT_FALSE(Try_split_quantity(std::string(Longest_text + 1, '5')));
 }
 
 TEST(Parsing, Throws_what_it_would_return) {
