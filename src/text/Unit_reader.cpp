@@ -19,6 +19,7 @@
 #include "Unit_reader.h"
 
 #include "Characters.h"
+#include "Foreign_units.h"
 #include "Powers.h"
 #include "Suggestions.h"
 #include "Unit_product.h"
@@ -118,8 +119,30 @@ std::string Unmixed(Mixture const& mixture) {
 
 } // namespace
 
+namespace {
+
+// "4.7 k ohm", "5 T": the unit with the prefix that stands apart from it, or "" if there is none.
+std::string Joined_to_prefix(std::string_view text, std::size_t position, std::size_t end) {
+    std::size_t const next = Skip_blanks(text, end);
+    std::string const joined = std::string(text.substr(position, end - position)) +
+                               std::string(text.substr(next, End_of_letters(text, next) - next));
+    return next != end && Can_be_suggested(joined) ? joined : std::string();
+}
+
+bool Is_prefix(std::string_view word) {
+    for (Prefix_word const& prefix : Unit_words::Get().Prefixes_like(word)) {
+        if (prefix.text == word) {
+            return true;
+        }
+    }
+    return false;
+}
+
+} // namespace
+
 bool Unit_reader::Refuse_unknown_word(int sign) {
-    std::string_view const word = text.substr(position, End_of_letters(text, position) - position);
+    std::size_t const end = End_of_letters(text, position);
+    std::string_view const word = text.substr(position, end - position);
     if (word == "Km" && sign < 0) {
         fault = Ambiguous(text, position, "(K*m)", "km");
         return false;
@@ -127,11 +150,15 @@ bool Unit_reader::Refuse_unknown_word(int sign) {
     if (word == "per") {
         return Refuse(position, "'per' is written '/'");
     }
-    for (Prefix_word const& prefix : Unit_words::Get().Prefixes_like(word)) {
-        if (prefix.text == word) {
-            return Refuse(position + word.size(),
-                          "expected a unit directly after the prefix " + Quoted(word));
-        }
+    if (Is_prefix(word)) {
+        std::string const joined = Joined_to_prefix(text, position, end);
+        return Refuse(end, "expected a unit directly after the prefix " + Quoted(word),
+                      joined.empty() ? Unit_by_another_name(word) : joined);
+    }
+    std::string other = Unit_by_another_name(word);
+    if (std::optional<std::string> message =
+            other.empty() ? Foreign_unit_message(word) : std::nullopt) {
+        return Refuse(position, std::move(*message));
     }
     if (std::optional<Mixture> const mixture = Find_mixture(word)) {
         bool const symbol = mixture->prefix->form == symbol_form;
@@ -141,7 +168,8 @@ bool Unit_reader::Refuse_unknown_word(int sign) {
                           " is a " + (symbol ? "name" : "symbol"),
                       Unmixed(*mixture));
     }
-    return Refuse(position, "expected a unit, found " + Quoted(word), Nearest_unit(word));
+    return Refuse(position, "expected a unit, found " + Quoted(word),
+                  other.empty() ? Nearest_unit(word) : std::move(other));
 }
 
 void Unit_reader::Multiply_reading(Unit_product& product, Reading const& reading, int sign) {
