@@ -2,12 +2,10 @@
 
 #include "Characters.h"
 #include "Powers.h"
-#include "Unit_words.h"
 
 #include <varnix/value/Text_formatting.h>
 #include <varnix/value/Units_library.h>
 
-#include <algorithm>
 #include <limits>
 
 namespace Varnix::Value {
@@ -30,27 +28,6 @@ bool Holds_power_of_ten(std::int64_t exponent) {
 } // namespace
 
 // ---- Multiplying
-
-void Unit_product::Multiply(Factor const& factor) {
-    auto const last = factors.begin() + count;
-    auto const same = std::find_if(factors.begin(), last,
-                                   [&](Factor const& own) { return own.unit == factor.unit; });
-    if (same == last) {
-        factors[static_cast<std::size_t>(count++)] = factor;
-        return;
-    }
-    if ((same->power < 0) != (factor.power < 0) && !cancelling) {
-        cancelling = factor;
-    }
-    same->power += factor.power;
-}
-
-void Unit_product::Multiply(SI_units prefix, std::int64_t power, std::size_t position) {
-    if (prefix != NO_PREFIX) {
-        (Is_binary(prefix) ? twos : tens) += prefix * power;
-        prefix_position = position;
-    }
-}
 
 void Unit_product::Multiply(Unit_product const& other, std::int64_t power) {
     for (Factor factor : other) {
@@ -168,10 +145,11 @@ Text_fault Unit_product::Scale_fault(Units const& unit) const {
 // ---- The descriptor
 
 std::optional<Text_fault> Unit_product::Place_units(Units& unit) const {
+    Unit_words const& words = Unit_words::Get();
     std::array<Factor const*, TIME + 1> by_dimension{};
     std::size_t placed = 0;
     for (Factor const& factor : *this) {
-        Dimension const dimension = Unit_words::Get().Dimension_of(factor.unit);
+        Dimension const dimension = words.Dimension_of(factor.unit);
         Factor const*& place = by_dimension[static_cast<std::size_t>(dimension)];
         if (place != nullptr) {
             return Text_fault{factor.position,

@@ -4,9 +4,12 @@
 #ifndef VARNIX_VALUE_TEXT_UNIT_PRODUCT_H
 #define VARNIX_VALUE_TEXT_UNIT_PRODUCT_H
 
+#include "Unit_words.h"
+
 #include <varnix/value/Text_parsing.h>
 #include <varnix/value/Units.h>
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -26,8 +29,28 @@ struct Factor {
 class Unit_product {
   public:
     // No sum overflows: a text has less than 2^16 factors of powers up to 2^31.
-    void Multiply(Factor const& factor);
-    void Multiply(SI_units prefix, std::int64_t power, std::size_t position);
+    void Multiply(Factor const& factor) {
+        auto const last = factors.begin() + count;
+        auto const same = std::find_if(factors.begin(), last,
+                                       [&](Factor const& own) { return own.unit == factor.unit; });
+        if (same == last) {
+            factors[static_cast<std::size_t>(count++)] = factor;
+            return;
+        }
+        if ((same->power < 0) != (factor.power < 0) && !cancelling) {
+            cancelling = factor;
+        }
+        same->power += factor.power;
+    }
+
+    void Multiply(SI_units prefix, std::int64_t power, std::size_t position) {
+        if (prefix != NO_PREFIX) {
+            bool const binary = Unit_words::Get().Has_prefix(prefix, true);
+            (binary ? twos : tens) += prefix * power;
+            prefix_position = position;
+        }
+    }
+
     void Multiply(Unit_product const& other, std::int64_t power);
     void Multiply_by_power_of_ten(std::int64_t power, std::size_t position);
 

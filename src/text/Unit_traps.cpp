@@ -60,7 +60,7 @@ Text_fault Ambiguous(std::string_view text, std::size_t position, std::string co
 namespace {
 
 struct Trap {
-    char const* text;
+    std::string_view text;
     char const* reading;
     char const* meant;
 };
@@ -78,8 +78,9 @@ constexpr Trap traps[] = {
 } // namespace
 
 std::optional<Text_fault> Word_fault(std::string_view text, std::size_t position, std::size_t end) {
+    std::string_view const word = text.substr(position, end - position);
     for (Trap const& trap : traps) {
-        if (text.substr(position, end - position) == trap.text) {
+        if (word == trap.text) {
             return Ambiguous(text, position, trap.reading, trap.meant);
         }
     }
