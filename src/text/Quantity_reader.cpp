@@ -12,7 +12,6 @@
 
 #include "Characters.h"
 #include "Number_reader.h"
-#include "Unit_reader.h"
 #include "Unit_words.h"
 
 #include <algorithm>
@@ -377,14 +376,15 @@ Parse_result<Quantity_parts> Split_quantity(std::string_view text, Number_forms 
     return splitter.parts;
 }
 
-Parse_result<Value_object<double>> Read_quantity(std::string_view text, Number_forms forms) {
+Parse_result<Value_object<double>> Read_quantity(std::string_view text, Number_forms forms,
+                                                 Unit_text_reader read_unit) {
     Quantity_splitter splitter(text, forms);
     bool const is_split = splitter.Split();
     Quantity_parts const& parts = splitter.parts;
     Units unit = C_Empty;
     if (!parts.unit.empty()) { // which may be wrong before what ended the splitting
         std::size_t const end = parts.unit_position + parts.unit.size();
-        auto const result = Read_unit(text.substr(0, end), parts.unit_position);
+        auto const result = read_unit(text.substr(0, end), parts.unit_position);
         if (!result && (is_split || result.Get_fault().position < splitter.fault->position)) {
             return result.Get_fault();
         }

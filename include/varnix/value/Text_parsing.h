@@ -120,6 +120,41 @@ VARNIX_VALUE_TEXT_EXPORT Units Parse_unit(std::string_view text);
 VARNIX_VALUE_TEXT_EXPORT Value_object<double> Parse_quantity(std::string_view text,
                                                              Number_forms forms = {});
 
+/// Which words a unit is written in.
+enum class Dialect : std::uint8_t {
+    standard, ///< symbols and names, in which the case of letters counts
+    scpi,     ///< the suffixes of instruments (IEEE 488.2, SCPI-99), in which it does not: "DBM",
+          ///< "KHZ", "MV". M is mega before OHM and HZ and milli elsewhere; MA is mega everywhere.
+          ///< Factors stand between '.', '*' and '/', a power directly behind: "M/S2", "M.S-2"
+};
+
+/// As `Parse_unit` without dialect, in the words of `dialect`. What `Get_unit_string` prints with
+/// STR_UPPER_CASE is read back in `Dialect::scpi`, but for units of data, whose letters mean others
+/// there (bits and bytes are BIT and BYTE); units run together ("VA"); a prefix alone before a '/';
+/// and milliohms and millihertz, which are mega there.
+/// @throws TextNotValid for any text that is not a unit in that dialect.
+VARNIX_VALUE_TEXT_EXPORT Units Parse_unit(std::string_view text, Dialect dialect);
+
+/// As `Parse_quantity` without dialect, with the unit in the words of `dialect`.
+/// @throws TextNotValid as `Parse_quantity` and `Parse_unit`.
+VARNIX_VALUE_TEXT_EXPORT Value_object<double> Parse_quantity(std::string_view text,
+                                                             Number_forms forms, Dialect dialect);
+
+/// As `Parse_unit`, with the fault in the result instead of thrown.
+VARNIX_VALUE_TEXT_EXPORT Parse_result<Units> Try_parse_unit(std::string_view text, Dialect dialect);
+
+/// As `Parse_quantity`, with the fault in the result instead of thrown.
+VARNIX_VALUE_TEXT_EXPORT Parse_result<Value_object<double>>
+Try_parse_quantity(std::string_view text, Number_forms forms, Dialect dialect);
+
+/// What an instrument says with a number.
+enum class Scpi_number : std::uint8_t { ordinary, infinity, negative_infinity, not_a_number };
+
+/// The meaning that SCPI-99 gives to numbers read from an instrument: 9.9E37 and -9.9E37 are the
+/// infinities and 9.91E37 is not a number (volume 1, section 7.2.1). They are read as the numbers
+/// that they are; a program that talks to instruments asks here.
+VARNIX_VALUE_TEXT_EXPORT Scpi_number Scpi_meaning(double number) noexcept;
+
 /// A number as it is written: `digits` with the sign, times 10 to the `power_of_ten`.
 struct Decimal_text {
     bool negative = false;   ///< whether a minus sign stands before the digits

@@ -281,6 +281,95 @@ TEST(Parsing, Throws_what_it_would_return) {
     EXPECT_THROW((void)Try_parse_number("1").Get_fault(), std::bad_variant_access);
 }
 
+// ---- The dialect of instruments
+
+TEST(Scpi, Reads_suffixes_in_any_case) {
+    struct Row {
+        char const* text;
+        char const* unit;
+    };
+    Row const rows[] = {
+        {"DBM", "C_DBmW"},
+        {"dbm", "C_DBmW"},
+        {"DB", "C_DB"},
+        {"DBW", "C_DBW"},
+        {"DBUV", "micro:dB:volts"},
+        {"DBMV", "milli:dB:volts"},
+        {"DBM/HZ", "milli:dB:watts,seconds"},
+        {"DBUV/M", "micro:dB:volts,meters^-1"},
+        {"MV", "C_MilliVolts"},
+        {"MAV", "mega:volts"},
+        {"MW", "C_MilliWatts"}, // as the library prints milliwatts
+        {"MA", "C_MilliAmps"},
+        {"MAA", "mega:amps"},
+        {"MOHM", "C_MegaOhms"}, // M is mega before these two
+        {"MAOHM", "C_MegaOhms"},
+        {"KOHM", "C_KiloOhms"},
+        {"MHZ", "C_MHz"},
+        {"MAHZ", "C_MHz"},
+        {"KHZ", "C_KHz"},
+        {"Ghz", "C_GHz"},
+        {"EXHZ", "exa:seconds^-1"},
+        {"FS", "10^-15:seconds"},
+        {"AS", "10^-18:seconds"},
+        {"NS", "C_NanoSecond"},
+        {"MS", "C_MilliSecond"},
+        {"MIN", "C_Min"},
+        {"HR", "C_Hrs"},
+        {"MM", "C_MilliMeter"},
+        {"M", "C_Meter"},
+        {"KM", "C_KMeter"},
+        {"CEL", "C_DgreeC"},
+        {"FAR", "C_DgreeF"},
+        {"K", "C_Kelvin"},
+        {"PCT", "C_Percent"},
+        {"PPM", "C_PPM"},
+        {"DEG", "C_Degree"},
+        {"KG", "kilo:grams"},
+        {"M/S2", "C_MeterPerSecondSquared"},
+        {"M.S-2", "C_MeterPerSecondSquared"},
+        {"M/S/S", "C_MeterPerSecondSquared"},
+        {"V^2/OHM", "C_Volt2PerOhms"},
+        {"CM2", "10^-4:meters^2"}, // a power belongs to the multiplied suffix
+        {" 1/S ", "C_Hz"},
+        {"KMPH", "C_Kmph"},
+    };
+    for (Row const& row : rows) {
+        EXPECT_EQ(Outcome(Try_parse_unit(row.text, Dialect::scpi)), row.unit) << row.text;
+        EXPECT_EQ(Outcome(Try_parse_quantity("+1.50E+00" + std::string(row.text), {}, Dialect::scpi)).substr(0, 4), "1.5 ") << row.text;
+    }
+    for (char const* const text :
+         {"", "DBC", "DBM/S", "KKTS", "KMMPH", "Ω", "M/", "M..S", "M^", "M-", "M0", "M2147483649", "V 5", "B", "(M)", "DB M"}) {
+        EXPECT_FALSE(Try_parse_unit(text, Dialect::scpi)) << text;
+    }
+    EXPECT_EQ(Parse_unit("km", Dialect::standard), Parse_unit("KM", Dialect::scpi));
+    EXPECT_THROW((void)Parse_quantity("5 KHX", {}, Dialect::scpi), TextNotValid);
+}
+
+// Not so: those of data, which share their letters with others; a prefix alone before a '/'; units run
+// together; and "MOHM", which is a megaohm to instruments.
+TEST(Scpi, Reads_upper_case_texts_back) {
+    std::string others;
+    for (Named_unit const& named : Named_units()) {
+        std::string const text = Units_library::Get_unit_string(named.unit, STR_UPPER_CASE);
+        auto const unit = Try_parse_unit(text, Dialect::scpi);
+        bool const data = Units_library::Get_dimension(named.unit.tuples[0].unit) == DATA_SIZE;
+        if (!data && (!unit || !(*unit == named.unit))) {
+            others += std::string(others.empty() ? "" : " ") + named.constant;
+        }
+    }
+    EXPECT_EQ(others, "C_Empty C_THz C_MilliOhms C_VoltAmps C_Amps2Ohms");
+}
+
+TEST(Scpi, Tells_numbers_that_are_none) {
+    EXPECT_EQ(Scpi_meaning(Parse_number("+9.91E37")), Scpi_number::not_a_number);
+    EXPECT_EQ(Scpi_meaning(Parse_number("9.90000E+37")), Scpi_number::infinity);
+    EXPECT_EQ(Scpi_meaning(Parse_number("-9.9E37")), Scpi_number::negative_infinity);
+    for (double const number : {0.0, -9.91e37, 9.92e37, 1e300, HUGE_VAL}) {
+        EXPECT_EQ(Scpi_meaning(number), Scpi_number::ordinary) << number;
+    }
+}
+
 // ---- Hostile texts
 
 std::string Repeated(std::string const& part, std::size_t count) {
