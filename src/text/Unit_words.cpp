@@ -63,7 +63,10 @@ Alias const aliases[] = {
     {"nibbles",         &C_Nybble,        name_form},
     {"ohm",             &C_Ohms,          name_form},           // the symbol as well
     {"symbol",          &One_symbol,      name_form},
+    {"celsius",         &C_DgreeC,        name_form},
+    {"fahrenheit",      &C_DgreeF,        name_form},
     // Other symbols.
+    {"Ohm",             &C_Ohms,          symbol_form},
     {"\u03A9",          &C_Ohms,          symbol_form, true},   // Greek capital omega
     {"\u2126",          &C_Ohms,          symbol_form, true},   // ohm sign
     {"\u00B0",          &C_Degree,        symbol_form},
@@ -76,6 +79,9 @@ Alias const aliases[] = {
     {"sec",             &C_Sec,           symbol_form},
     {"mph",             &C_Mph,           symbol_form},
     {"kn",              &C_Knots,         symbol_form},         // no unit n, so no kilo of it
+    {"kt",              &C_Knots,         symbol_form},
+    {"By",              &C_Bytes,         symbol_form},
+    {"Cel",             &C_DgreeC,        symbol_form},
     {"bps",             &Bits_per_second, symbol_form},
 };
 
@@ -167,6 +173,10 @@ Unit_words::Unit_words() {
     for (Alias const& alias : aliases) {
         units.push_back({alias.text, alias.form, alias.run_together,
                          Dimension_of(alias.unit->tuples[0].unit), *alias.unit});
+    }
+    for (Unit_word& word : units) {
+        bool const several = word.unit.tuples[1].unit != NO_UNIT;
+        word.takes_prefix = !several || Dimension_of(word.unit.tuples[0].unit) != LENGTH;
     }
     for (SI_units const prefix : Value::Prefixes()) {
         Units const unit = {SPL_NONE, prefix, {}};

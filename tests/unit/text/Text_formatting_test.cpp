@@ -94,11 +94,11 @@ Unit_case const unit_cases[] = {
     {"Product",      Unit({{METER, 1}, {SECOND, 1}}),                "m*s",             "meters*seconds"}, // "ms" are milliseconds
     {"Denominators", Unit({{METER, 1}, {KELVIN, -1}, {SECOND, -1}}), "m/Ks",            "meters/kelvinseconds"},
     {"TwoProducts",  Unit({{AMP, 1}, {METER, 1}, {KELVIN, -1}, {MINUTE, -1}}), "Am/Kmin", "ampsmeters/kelvinminutes"},
-    {"KiloArea",     Unit({{METER, 2}}, KILO),                       "km^2",            "kilometers^2"}, // a thousand square metres
+    {"KiloArea",     Unit({{METER, 2}}, KILO),                       "k(m^2)",          "kilo(meters^2)"}, // a thousand square metres
     {"LevelOfMeter", Unit({{METER, 1}}, NO_PREFIX, SPL_DB),          "dB(m)",           "dBmeters"}, // "dBm" has watts
     {"MilliInch",    Unit({{INCH, 1}}, MILLI),                       "milli(in)",       "milliinches"}, // "min" is the minute, "m(in)" a metre
     {"MilliPerBit",  Unit({{BIT, -1}}, MILLI),                       "milli(1/b)",      "milli/bits"}, // "m/b" has metres
-    {"PerSecond",    Unit({{SECOND, -1}}, CENTI),                    "c/s",             "centi/seconds"},
+    {"PerSecond",    Unit({{SECOND, -1}}, CENTI),                    "c(1/s)",          "centi/seconds"},
     {"Unknown",      Unit({{unknown_unit, 1}}),                      "",                ""},
 };
 // clang-format on
