@@ -19,14 +19,11 @@
 #include "Unit_reader.h"
 
 #include "Characters.h"
-#include "Foreign_units.h"
 #include "Powers.h"
-#include "Suggestions.h"
 #include "Unit_product.h"
 #include "Unit_readings.h"
 #include "Unit_traps.h"
-
-#include <varnix/value/Units_library.h>
+#include "Unknown_words.h"
 
 #include <optional>
 
@@ -64,7 +61,6 @@ class Unit_reader {
     bool Read_factors(Unit_product& product, int sign, int depth);
 
     bool Refuse(std::size_t where, std::string message, std::string suggestion = {});
-    bool Refuse_unknown_word(int sign);
     bool Refuse_between_factors(std::size_t where);
 
     Character Next() const { return Character_at(text, position); }
@@ -83,94 +79,6 @@ bool Unit_reader::Refuse(std::size_t where, std::string message, std::string sug
 }
 
 // ---- Words
-
-namespace {
-
-bool Is_word(std::string_view word, Word_form form) {
-    Unit_word const* const found = Unit_words::Get().Find_unit(word);
-    return found != nullptr && (found->form & form) != 0;
-}
-
-// "pinch", "kmeters", "kilom": the form of the prefix is not that of the unit.
-struct Mixture {
-    Prefix_word const* prefix;
-    std::string unit;
-};
-
-std::optional<Mixture> Find_mixture(std::string_view word) {
-    for (Prefix_word const& prefix : Unit_words::Get().Prefixes_like(word)) {
-        if (Begins_with(word, prefix.text)) {
-            std::string_view const unit = word.substr(prefix.text.size());
-            if (Is_word(unit, prefix.form == symbol_form ? name_form : symbol_form)) {
-                return Mixture{&prefix, std::string(unit)};
-            }
-        }
-    }
-    return std::nullopt;
-}
-
-// The prefix in the form of the unit: kilometers, km; or apart from it: nano(mi).
-std::string Unmixed(Mixture const& mixture) {
-    Units const unit = {SPL_NONE, mixture.prefix->prefix, {}};
-    Unit_string_type const type = mixture.prefix->form == symbol_form ? STR_NAME : STR_SYMBOL;
-    std::string const text = Units_library::Get_unit_str_si_map(unit, type) + mixture.unit;
-    return Can_be_suggested(text) ? text : mixture.prefix->text + '(' + mixture.unit + ')';
-}
-
-} // namespace
-
-namespace {
-
-// "4.7 k ohm", "5 T": the unit with the prefix that stands apart from it, or "" if there is none.
-std::string Joined_to_prefix(std::string_view text, std::size_t position, std::size_t end) {
-    std::size_t const next = Skip_blanks(text, end);
-    std::string const joined = std::string(text.substr(position, end - position)) +
-                               std::string(text.substr(next, End_of_letters(text, next) - next));
-    return next != end && Can_be_suggested(joined) ? joined : std::string();
-}
-
-bool Is_prefix(std::string_view word) {
-    for (Prefix_word const& prefix : Unit_words::Get().Prefixes_like(word)) {
-        if (prefix.text == word) {
-            return true;
-        }
-    }
-    return false;
-}
-
-} // namespace
-
-bool Unit_reader::Refuse_unknown_word(int sign) {
-    std::size_t const end = End_of_letters(text, position);
-    std::string_view const word = text.substr(position, end - position);
-    if (word == "Km" && sign < 0) {
-        fault = Ambiguous(text, position, "(K*m)", "km");
-        return false;
-    }
-    if (word == "per") {
-        return Refuse(position, "'per' is written '/'");
-    }
-    if (Is_prefix(word)) {
-        std::string const joined = Joined_to_prefix(text, position, end);
-        return Refuse(end, "expected a unit directly after the prefix " + Quoted(word),
-                      joined.empty() ? Unit_by_another_name(word) : joined);
-    }
-    std::string other = Unit_by_another_name(word);
-    if (std::optional<std::string> message =
-            other.empty() ? Foreign_unit_message(word) : std::nullopt) {
-        return Refuse(position, std::move(*message));
-    }
-    if (std::optional<Mixture> const mixture = Find_mixture(word)) {
-        bool const symbol = mixture->prefix->form == symbol_form;
-        return Refuse(position,
-                      "the prefix " + Quoted(mixture->prefix->text) + " goes with " +
-                          (symbol ? "symbols" : "names") + ", and " + Quoted(mixture->unit) +
-                          " is a " + (symbol ? "name" : "symbol"),
-                      Unmixed(*mixture));
-    }
-    return Refuse(position, "expected a unit, found " + Quoted(word),
-                  other.empty() ? Nearest_unit(word) : std::move(other));
-}
 
 void Unit_reader::Multiply_reading(Unit_product& product, Reading const& reading, int sign) {
     product.Multiply(reading.prefix, sign * reading.first_power, position);
@@ -200,16 +108,21 @@ bool Unit_reader::Read_bare_word(Unit_product& product, int sign, int depth) {
         position = prefix->end;
         return true;
     }
-    return Refuse_unknown_word(sign);
+    fault = Unknown_word_fault(text, position, sign < 0);
+    return false;
 }
 
 bool Unit_reader::Read_word(Unit_product& product, int sign, int depth) {
-    Reading reading;
-    if (Read_group(text, {position, sign < 0}, reading, fault)) {
-        Multiply_reading(product, reading, sign);
-        return true;
+    Parse_result<Reading> const reading = Read_group(text, {position, sign < 0});
+    if (!reading) {
+        fault = reading.Get_fault();
+        return false;
     }
-    return !fault && Read_bare_word(product, sign, depth);
+    if (reading->count == 0) {
+        return Read_bare_word(product, sign, depth);
+    }
+    Multiply_reading(product, *reading, sign);
+    return true;
 }
 
 // ---- Products

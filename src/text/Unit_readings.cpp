@@ -176,88 +176,91 @@ bool Read_nautical_miles(std::string_view text, std::size_t position, std::size_
 }
 
 // Below a '/' "mK" may be metre times kelvin; "ms" cannot, since nobody multiplies those there.
-bool Is_also_a_product(std::string_view text, Group_place const& place, Reading const& reading,
-                       std::optional<Text_fault>& fault) {
+std::optional<Text_fault> Product_fault(std::string_view text, Group_place const& place,
+                                        Reading const& reading) {
     if (!place.below) {
-        return false;
+        return std::nullopt;
     }
     Search search(text, Order::of_the_core);
     search.From(place.position, NO_PREFIX, any_form);
     if (search.Count() == 0 || Is_time(search.First().units[search.First().count - 1].unit)) {
-        return false;
+        return std::nullopt;
     }
-    fault = Ambiguous(text, place.position, Written(reading), '(' + Written(search.First()) + ')');
-    return true;
+    return Ambiguous(text, place.position, Written(reading), '(' + Written(search.First()) + ')');
 }
 
-bool Read_several(std::string_view text, Group_place const& place, Reading& reading,
-                  std::optional<Text_fault>& fault) {
+// Each of these stores what it finds in `reading`, which has no units where there is nothing to
+// find, and returns why that has to be refused.
+std::optional<Text_fault> Read_several(std::string_view text, Group_place const& place,
+                                       Reading& reading) {
     Search search(text, Order::of_the_core);
     search.From(place.position, NO_PREFIX, any_form);
     Search_with_prefixes(search, text, place.position);
     if (search.Count() == 2) {
-        fault = Ambiguous(text, place.position, Written(search.First()), Written(search.Second()));
+        return Ambiguous(text, place.position, Written(search.First()), Written(search.Second()));
     }
-    if (search.Count() != 1) {
-        return false;
+    if (search.Count() == 0) {
+        return std::nullopt;
     }
     reading = search.First();
-    if (!place.below) {
-        fault = Plural_fault(text, place.position, reading);
-    }
-    return !fault;
+    return place.below ? std::nullopt : Plural_fault(text, place.position, reading);
 }
 
 // Hours and kelvin first look like the prefixes hecto and kilo.
-bool Read_several_in_any_order(std::string_view text, Group_place const& place, Reading& reading) {
+void Read_several_in_any_order(std::string_view text, Group_place const& place, Reading& reading) {
     char const first = text[place.position];
     if (!place.below || first == 'h' || first == 'K') {
-        return false;
+        return;
     }
     Search search(text, Order::any);
     search.From(place.position, NO_PREFIX, any_form);
-    if (search.Count() != 1) {
-        return false;
+    if (search.Count() == 1) {
+        reading = search.First();
     }
-    reading = search.First();
-    return true;
 }
 
-bool Read_letters(std::string_view text, Group_place const& place, Reading& reading,
-                  std::optional<Text_fault>& fault) {
+std::optional<Text_fault> Read_letters(std::string_view text, Group_place const& place,
+                                       Reading& reading) {
     std::size_t const end = End_of_letters(text, place.position);
     if (Read_nautical_miles(text, place.position, end, reading) ||
         Read_one(text, place.position, end, any_form, reading)) {
-        return true;
+        return std::nullopt;
     }
     if (Read_prefix_and_one(text, place.position, end, reading)) {
-        fault = Prefix_fault(text, place.position, reading);
-        return !fault && !Is_also_a_product(text, place, reading, fault);
+        std::optional<Text_fault> fault = Prefix_fault(text, place.position, reading);
+        return fault ? fault : Product_fault(text, place, reading);
     }
-    return Read_several(text, place, reading, fault) ||
-           (!fault && Read_several_in_any_order(text, place, reading));
+    std::optional<Text_fault> fault = Read_several(text, place, reading);
+    if (!fault && reading.count == 0) {
+        Read_several_in_any_order(text, place, reading);
+    }
+    return fault;
 }
 
 } // namespace
 
-bool Read_group(std::string_view text, Group_place const& place, Reading& reading,
-                std::optional<Text_fault>& fault) {
-    if (text[place.position] == 'd') {
-        fault = Decibel_fault(text, place.position);
+Parse_result<Reading> Read_group(std::string_view text, Group_place const& place) {
+    Reading reading;
+    std::optional<Text_fault> fault =
+        text[place.position] == 'd' ? Decibel_fault(text, place.position) : std::nullopt;
+    if (!fault) {
+        fault = Read_letters(text, place, reading);
     }
-    if (fault || !Read_letters(text, place, reading, fault)) {
-        return false;
-    }
-    if (reading.prefix != NO_PREFIX || reading.count > 1) {
+    if (!fault && (reading.prefix != NO_PREFIX || reading.count > 1)) {
         fault = Word_fault(text, place.position, reading.end);
     }
-    return !fault;
+    if (fault) {
+        return std::move(*fault);
+    }
+    return reading;
 }
 
 bool Can_be_suggested(std::string const& word) {
-    Reading reading;
-    std::optional<Text_fault> fault;
-    return word == "dB" || (Read_group(word, {0, false}, reading, fault) && !fault);
+    if (word == "dB") {
+        return true;
+    }
+    auto const reading = Read_group(word, {0, false});
+    return reading && reading->count != 0 && reading->end == word.size();
 }
 
 std::optional<Bare_prefix> Read_bare_prefix(std::string_view text, std::size_t position,

@@ -40,10 +40,9 @@ struct Group_place {
     bool below; // behind a '/'
 };
 
-// Whether there is a reading of the group at `place`, which begins with a letter; it is stored in
-// `reading`. If it has to be refused, `fault` is set.
-bool Read_group(std::string_view text, Group_place const& place, Reading& reading,
-                std::optional<Text_fault>& fault);
+// The reading of the group at `place`, which begins with a letter; one without units if there is
+// none. The fault says why a reading has to be refused.
+Parse_result<Reading> Read_group(std::string_view text, Group_place const& place);
 
 // Whether a word by itself is read as a unit, or as decibels: "nmi", a nano mile, is refused.
 bool Can_be_suggested(std::string const& word);

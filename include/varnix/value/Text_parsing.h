@@ -21,8 +21,9 @@
 // and for uncertain digits, "5.00(3)". std::bad_alloc may come out of any of them, where there is
 // no memory for that or for a fault.
 //
-// Mind the prefix, which belongs to the whole unit in this library: "km^2" is a thousand square
-// metres, as the library prints it; "(km)^2" is a million of them.
+// Mind the power, which belongs to the prefixed unit (ISO 80000-1): "km^2" is a square kilometre,
+// and "cm^-1" is 100/m. `Get_unit_string` prints otherwise, "km^2" for a thousand square metres and
+// no prefix that has no name; `Format_unit` writes what is read back here, "k(m^2)".
 //
 // Threads: there is no shared state that changes; any number of threads may call at once.
 
@@ -107,7 +108,9 @@ struct Number_forms {
     bool not_finite = false;  ///< "inf", "infinity", "nan", in upper or lower case, with a sign
 };
 
-/// The unit that `text` names: "km/h", "V^2/ohm", "dBm", "milli(inches)". In canonical order.
+/// The unit that `text` names: "km/h", "V^2/ohm", "dBm", "milli(inches)". In canonical order. The
+/// scale of all prefixes becomes the prefix of the descriptor, a power of ten from 10^-40 to 10^40,
+/// with a name or not, whose code is not that of a binary prefix: 10^-4 for "cm^2".
 /// @throws TextNotValid for any text that is not a unit, the empty one included.
 VARNIX_VALUE_TEXT_EXPORT Units Parse_unit(std::string_view text);
 
