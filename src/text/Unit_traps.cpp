@@ -39,7 +39,12 @@ std::string Written(Reading const& reading) {
     for (std::size_t k = 0; k < reading.count; ++k) {
         std::string const symbol = Symbol(reading.units[k].unit);
         bool const prefixed = apart && k == 0 && !name.empty();
-        text += (k == 0 ? "" : "*") + (prefixed ? name + '(' + symbol + ')' : symbol);
+        text += k == 0 ? "" : "*";
+        if (prefixed) {
+            text.append(name).append(1, '(').append(symbol).append(1, ')');
+        } else {
+            text += symbol;
+        }
         text += Power_text(reading.units[k].power);
     }
     return name.empty() || apart ? text : name + '(' + text + ')';
@@ -143,6 +148,10 @@ std::optional<Text_fault> Metre_fault(std::string_view text, std::size_t positio
         return std::nullopt;
     }
     std::string const symbol = Symbol(unit);
+    std::size_t const end = End_of_letters(text, position);
+    if (text.substr(position + 1, end - position - 1) != symbol) { // "mHz^-1", "msec^-1"
+        return std::nullopt;
+    }
     std::string const power = Power_text(reading.first_power);
     return Ambiguous(text, position, "(m" + symbol + ')' + power, "m*" + symbol + power);
 }
