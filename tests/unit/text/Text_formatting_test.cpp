@@ -116,7 +116,7 @@ Unit_case const unit_cases[] = {
     {"Linear",       Unit({{WATT, 1}, {SECOND, 1}}),                 "Ws",              "wattsseconds"},
     {"Hertz",        Unit({{SECOND, -1}}, NO_PREFIX, SPL_DB),        "dB-Hz",           "dBhertz"},
     {"Area",         Unit({{METER, 2}}, NO_PREFIX, SPL_DB),          "dBsm",            "dBmeters^2"},
-    {"PerKelvin",    Unit({{KELVIN, -1}}, NO_PREFIX, SPL_DB),        "dB/K",            "dB/kelvin"},
+    {"PerKelvin",    Unit({{KELVIN, -1}}, NO_PREFIX, SPL_DB),        "dB/K",            "dB(/kelvin)"},
     {"Unknown",      Unit({{unknown_unit, 1}}),                      "",                ""},
 };
 // clang-format on
