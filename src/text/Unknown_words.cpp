@@ -14,9 +14,10 @@ namespace Varnix::Value {
 
 namespace {
 
+// Whether the word takes a prefix, in this form.
 bool Is_word(std::string_view word, Word_form form) {
     Unit_word const* const found = Unit_words::Get().Find_unit(word);
-    return found != nullptr && (found->form & form) != 0;
+    return found != nullptr && found->takes_prefix && (found->form & form) != 0;
 }
 
 // "pinch", "kmeters", "kilom": the form of the prefix is not that of the unit.
