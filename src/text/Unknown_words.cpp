@@ -14,9 +14,10 @@ namespace Varnix::Value {
 
 namespace {
 
+// Whether the word takes a prefix, in this form.
 bool Is_word(std::string_view word, Word_form form) {
     Unit_word const* const found = Unit_words::Get().Find_unit(word);
-    return found != nullptr && (found->form & form) != 0;
+    return found != nullptr && found->takes_prefix && (found->form & form) != 0;
 }
 
 // "pinch", "kmeters", "kilom": the form of the prefix is not that of the unit.
@@ -37,12 +38,15 @@ std::optional<Mixture> Find_mixture(std::string_view word) {
     return std::nullopt;
 }
 
-// The prefix in the form of the unit: kilometers, km; or apart from it: nano(mi).
+// The prefix in the form of the unit: kilometers, km; or apart from it: nano(mi), milli(in).
 std::string Unmixed(Mixture const& mixture) {
     Units const unit = {SPL_NONE, mixture.prefix->prefix, {}};
     Unit_string_type const type = mixture.prefix->form == symbol_form ? STR_NAME : STR_SYMBOL;
     std::string const text = Units_library::Get_unit_str_si_map(unit, type) + mixture.unit;
-    return Can_be_suggested(text) ? text : mixture.prefix->text + '(' + mixture.unit + ')';
+    auto const reading = Read_group(text, {0, false});
+    bool const same = reading && reading->prefix == unit.si_prefix && reading->end == text.size();
+    return same ? text
+                : Units_library::Get_unit_str_si_map(unit, STR_NAME) + '(' + mixture.unit + ')';
 }
 
 // "4.7 k ohm", "5 T": the unit with the prefix that stands apart from it, or "" if there is none.

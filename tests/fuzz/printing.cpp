@@ -53,7 +53,7 @@ void Check_round_trip(Quantity const& quantity) {
 void Check_unit(Units const& unit) {
     for (Unit_string_type const spelling : {STR_SYMBOL, STR_NAME}) {
         auto const read = Try_parse_unit(Format_unit(unit, spelling));
-        CHECK(!Shows_in_text(unit) || unit == C_Empty || (read && *read == unit));
+        CHECK(!Shows_in_text(unit) || unit.tuples[0].unit == NO_UNIT || (read && *read == unit));
     }
 }
 
