@@ -45,6 +45,14 @@ expect '0.0025 MPa' convert '2.5 kilopascals' MPa
 expect '7 Pa/m' convert '7 pascals/meter' Pa/m
 expect '12 Pam' compute '3 Pa * 4 m'
 expect '5 kPa [4, 6]' convert '5000 Pa [4000, 6000]' kPa
-build/sanitizers/value-object convert '5 Pa' V 2>&1 | grep -q 'Pa (pressure)'
-build/sanitizers/value-object units | grep -q pascals
+
+# names WORD ARGUMENT...: what the tool prints, with its failures, has the word.
+names() {
+    local word=$1
+    shift
+    build/sanitizers/value-object "$@" > said.txt 2>&1 || true
+    grep -qF "$word" said.txt || { echo "check_recipe: $* does not name $word:"; cat said.txt; exit 1; }
+}
+names 'Pa (pressure)' convert '5 Pa' V
+names pascals units
 echo 'A unit and a dimension added by the recipe are read, converted and printed'

@@ -154,7 +154,7 @@ Try_parse_quantity(std::string_view text, Number_forms forms, Dialect dialect);
 enum class Scpi_number : std::uint8_t { ordinary, infinity, negative_infinity, not_a_number };
 
 /// The meaning that SCPI-99 gives to numbers read from an instrument: 9.9E37 and -9.9E37 are the
-/// infinities and 9.91E37 is not a number (volume 1, section 7.2.1). They are read as the numbers
+/// infinities and 9.91E37 is not a number. They are read as the numbers
 /// that they are; a program that talks to instruments asks here.
 VARNIX_VALUE_TEXT_EXPORT Scpi_number Scpi_meaning(double number) noexcept;
 
