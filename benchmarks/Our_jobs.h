@@ -88,6 +88,20 @@ void Visit_arithmetic(Visit const& visit) {
               quotient /= right;
               return quotient;
           }));
+    auto const multiply = [](Quantity const& left, Quantity const& right) {
+        Quantity product = left;
+        product *= right;
+        return product;
+    };
+    visit("multiply_ms_s", Binary_job(With_bounds(5.0, C_MeterPerSecond), seconds, multiply));
+    visit("multiply_m_m", Binary_job(metres, metres, multiply));
+    Quantity const energy = With_bounds(5.0, {SPL_NONE, NO_PREFIX, {{WATT, 1}, {HOUR, 1}}});
+    visit("divide_Wh_h", Binary_job(energy, With_bounds(2.0, C_Hrs),
+                                    [](Quantity const& left, Quantity const& right) {
+                                        Quantity quotient = left;
+                                        quotient /= right;
+                                        return quotient;
+                                    }));
     // Many factors of hardly more than one stay finite.
     visit("multiply_number",
           Updating_job(metres, 1.0 + 1e-10, [](Quantity& left, double right) { left *= right; }));

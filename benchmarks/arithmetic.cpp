@@ -46,6 +46,9 @@ void Register_arithmetic() {
 
     Register("multiply/udunits", Udunits_product_job("m", "s", ut_multiply));
     Register("divide/udunits", Udunits_product_job("m", "s", ut_divide));
+    Register("multiply_ms_s/udunits", Udunits_product_job("m/s", "s", ut_multiply));
+    Register("multiply_m_m/udunits", Udunits_product_job("m", "m", ut_multiply));
+    Register("divide_Wh_h/udunits", Udunits_product_job("W.h", "h", ut_divide));
     Register("multiply_units/udunits", Udunits_product_job("g", "m/s2", ut_multiply));
 
     Register("less_same/udunits", Udunits_number_job(500.0, "m", "m"));

@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
 """columns.py VALUE_OBJECT [LINES]: the tool beside the programs of other unit libraries, on columns of
-numbers. Each row is one job; "ratio" is the time of the other program over ours. All times are wall
-times, the fastest of several runs taken in turn; every program reads from a file and writes into one."""
+numbers; and tables in files over all cores, beside pandas, which only reads them (where it is installed).
+Each row is one job; "ratio" is the time of the other program over ours. All times are wall times, the
+fastest of several runs taken in turn; every program reads from a file and writes into one."""
 
 import os
 import random
@@ -53,6 +54,13 @@ JOBS = {
         "units": ("dBm({})", "W"),
         "udunits2": ("{} 0.1 lg(re 1 mW)", "W"),
     },
+    "ft, each with its unit": {
+        "numbers": (-1000, 10000, 4),
+        "form": "{} ft",
+        "ours": ["convert", "--to", "m"],
+        "units": ("{} ft", "m"),
+        "udunits2": ("{} ft", "m"),
+    },
     # The other programs are given the numbers of the column alone.
     "mi to km in a CSV table": {
         "numbers": (0, 900, 3),
@@ -76,7 +84,7 @@ def measure(name, job, program, lines, folder):
     if job.get("csv"):
         write(path["ours"], ["time,dist,note"] + [f'{k},{number},"ok, {k}"' for k, number in enumerate(numbers)])
     else:
-        write(path["ours"], numbers)
+        write(path["ours"], [job.get("form", "{}").format(number) for number in numbers])
     commands = {"ours": [program] + job["ours"], "units": ["units", "-t", "-q"], "udunits2": ["udunits2"]}
     for other in ("units", "udunits2"):
         have, want = job[other]
@@ -95,6 +103,36 @@ def measure(name, job, program, lines, folder):
         print(f"{name:24} {other:9} {best['ours']:8.3f} s {best[other]:8.3f} s {best[other] / best['ours']:7.1f}{note}")
 
 
+# As docs/tool.md has it.
+OVER_ALL_CORES = """ls *.csv | xargs -P "$(nproc)" -I {} sh -c '"$0" convert --csv --column temp=degC:K "$1" > "new/$1"' """
+FILES = 8
+
+
+def measure_files(program, lines, folder):
+    """Eight tables of so many lines in all."""
+    random.seed(2)
+    os.mkdir(os.path.join(folder, "new"))
+    for number in range(FILES):
+        rows = [f'{k},{random.uniform(-40, 60):.2f},"ok, {k}"' for k in range(lines // FILES)]
+        write(os.path.join(folder, f"{number}.csv"), ["time,temp,note"] + rows)
+    commands = {
+        "ours": ["sh", "-c", OVER_ALL_CORES + f"{program} {{}}"],
+        "pandas": [sys.executable, "-c", "import glob, pandas\nfor name in glob.glob('*.csv'): pandas.read_csv(name)"],
+        "start": [sys.executable, "-c", "import pandas"],
+    }
+    if subprocess.run(commands["start"], stderr=subprocess.DEVNULL, check=False).returncode != 0:
+        print("pandas is not installed")
+        return
+    best = {kind: float("inf") for kind in commands}
+    for _ in range(RUNS):
+        for kind, command in commands.items():
+            start = time.perf_counter()
+            subprocess.run(command, cwd=folder, check=True)
+            best[kind] = min(best[kind], time.perf_counter() - start)
+    reading = best["pandas"] - best["start"]
+    print(f"{FILES} tables, all cores      pandas    {best['ours']:8.3f} s {reading:8.3f} s {reading / best['ours']:7.1f}")
+
+
 def main():
     program = os.path.abspath(sys.argv[1])
     lines = int(sys.argv[2]) if len(sys.argv) > 2 else 1000000
@@ -102,6 +140,7 @@ def main():
     with tempfile.TemporaryDirectory() as folder:
         for name, job in JOBS.items():
             measure(name, job, program, lines, folder)
+        measure_files(program, 4 * lines, folder)
 
 
 main()

@@ -47,12 +47,14 @@ function(value_object_settings target)
         VISIBILITY_INLINES_HIDDEN ON)
 endfunction()
 
-# What the libraries have in common: their versions, the check that their headers compile alone, and,
+# What the libraries have in common: their versions, their place at the top of the build folder, the check that their headers compile alone, and,
 # where they are shared, that they call their own functions directly and export what `exports` lists.
 function(value_object_library target exports)
     set_target_properties(${target} PROPERTIES
         VERSION ${PROJECT_VERSION}
         SOVERSION ${PROJECT_VERSION_MAJOR}
+        LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}
+        ARCHIVE_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}
         VERIFY_INTERFACE_HEADER_SETS ON)
     if(BUILD_SHARED_LIBS)
         target_link_options(${target} PRIVATE

@@ -5,9 +5,18 @@
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
+# What is installed finds the libraries beside it, wherever the prefix is moved to. Debian's packages go
+# where the loader looks, and have no such path.
+if(NOT VALUE_OBJECT_DEBIAN_PACKAGES)
+    file(RELATIVE_PATH libraries_from_programs /prefix/${CMAKE_INSTALL_BINDIR} /prefix/${CMAKE_INSTALL_LIBDIR})
+    set(VALUE_OBJECT_LIBRARY_RPATH $ORIGIN)
+    set(VALUE_OBJECT_PROGRAM_RPATH $ORIGIN/${libraries_from_programs})
+endif()
+
 function(value_object_install_library target component)
     target_include_directories(${target} INTERFACE
         $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
+    set_target_properties(${target} PROPERTIES INSTALL_RPATH "${VALUE_OBJECT_LIBRARY_RPATH}")
     install(TARGETS ${target}
         EXPORT ValueObjectTargets
         LIBRARY
@@ -69,9 +78,19 @@ endfunction()
 value_object_manual(ValueObject 3 development)
 
 if(VALUE_OBJECT_TOOL)
+    set_target_properties(value-object PROPERTIES INSTALL_RPATH "${VALUE_OBJECT_PROGRAM_RPATH}")
     install(TARGETS value-object DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT tool)
     value_object_manual(value-object 1 tool)
 endif()
+
+# The documents and the examples, beside each other as in the sources.
+set(documents_dir ${CMAKE_INSTALL_DOCDIR})
+if(VALUE_OBJECT_DEBIAN_PACKAGES)
+    set(documents_dir ${CMAKE_INSTALL_DATADIR}/doc/libvalueobject-dev)
+endif()
+install(FILES README.md DESTINATION ${documents_dir} COMPONENT development)
+install(DIRECTORY docs examples DESTINATION ${documents_dir} COMPONENT development
+    FILES_MATCHING PATTERN "*.md" PATTERN "*.cpp" PATTERN "expected/*.txt")
 
 if(NOT VALUE_OBJECT_DEBIAN_PACKAGES)
     install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT runtime)

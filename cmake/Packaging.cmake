@@ -1,6 +1,7 @@
 # Debian packages: libvalueobject1, the library; libvalueobjecttext1, its companion for texts;
 # libvalueobject-dev, what building against them takes; and value-object, the command-line tool.
-# tools/make_packages.sh makes them, and works out what libraries and tool depend on.
+# tools/make_packages.sh makes them, and works out what libraries and tool depend on: dpkg-shlibdeps, which
+# debhelper would ask, knows the C library of another processor only where it is installed as a package.
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME valueobject)

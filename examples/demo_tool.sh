@@ -19,8 +19,10 @@ show convert '10 W' V --with '2 A'
 show compute '60 mph * 2 s'
 show compute '30 dBm >= 1 W'
 show convert '5 m' m/s
+show convert 5 ft m
 show convert '5 pinch' m
 printf '\n$ printf "1\\n2.5\\n" | value-object convert --from ft --to m\n'
 printf '1\n2.5\n' | "${tool[@]}" convert --from ft --to m
-printf '\n$ value-object convert --csv --column temp=degC:K < log.csv\n'
-printf 'time,temp,note\n1,20,"ok, warm"\n2,-40,cold\n' | "${tool[@]}" convert --csv --column temp=degC:K
+printf '\n$ value-object convert --csv --column 2=degC:K --rename-units < log.csv\n'
+printf 'time,temp [°C],note\n1,20,"ok, warm"\n2,-40,cold\n' |
+    "${tool[@]}" convert --csv --column 2=degC:K --rename-units

@@ -40,7 +40,7 @@ Unit_facts Derive_facts(Units_list key, Unit_info const& row) {
 Unit_facts_table Derive_facts(std::map<Units_list, Unit_info> const& table) {
     Unit_facts_table facts{};
     for (auto const& [key, row] : table) {
-        facts[static_cast<std::size_t>(key)] = Derive_facts(key, row);
+        facts.at(static_cast<std::size_t>(key)) = Derive_facts(key, row);
     }
     return facts;
 }
@@ -69,9 +69,6 @@ void Reject_shared_dimensions(Units const& unit) {
     }
 }
 
-// The dimensions that a unit can have: DIMENSIONLESS to TIME.
-constexpr std::size_t Dimension_count = TIME + 1;
-
 } // namespace
 
 Units Units_library::Arrange_tuple(Units const& unit) {
@@ -80,7 +77,7 @@ Units Units_library::Arrange_tuple(Units const& unit) {
     }
     Reject_shared_dimensions(unit);
 
-    std::array<Unit_tuple const*, Dimension_count> by_dimension{};
+    std::array<Unit_tuple const*, Dimension_limit> by_dimension{};
     for (Unit_tuple const& tuple : unit.tuples) {
         Dimension const dimension = Get_dimension(tuple.unit);
         if (dimension != NO_DIMENSION) {

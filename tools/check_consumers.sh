@@ -53,4 +53,9 @@ read -ra flags < <(pkg-config --cflags --libs ValueObjectText)
 g++ -std=c++17 tests/install/consumers/text_consumer.cpp "${flags[@]}" -o "$place/pkg_config/text_consumer"
 expect_output "$place/pkg_config"
 
+# A text read before the library's tables are there is refused, and spoils nothing.
+g++ -std=c++17 tests/install/consumers/early_texts.cpp "${flags[@]}" -o "$place/pkg_config/early_texts"
+[[ $shared == ON ]] && early=read || early=refused
+LD_LIBRARY_PATH=$libraries "$place/pkg_config/early_texts" | diff -u <(echo "$early, then read") -
+
 echo "find_package, add_subdirectory and pkg-config work (shared: $shared)"

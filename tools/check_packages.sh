@@ -26,6 +26,7 @@ SOURCE_DATE_EPOCH=$(git log -1 --format=%ct 2> /dev/null || stat -c %Y CHANGELOG
 export SOURCE_DATE_EPOCH
 (
     cd "$place/copy"
+    export CCACHE_DISABLE=1 # or the objects compared would be the same ones
     cmake --preset release -DVALUE_OBJECT_TESTS=OFF -DVALUE_OBJECT_EXAMPLES=OFF > /dev/null
     cmake --build --preset release > /dev/null
     tools/make_packages.sh build/release "$place/again"

@@ -3,6 +3,8 @@
 
 #include "conversion/Array_conversion.h"
 
+#include "conversion/Conversion.h"
+
 namespace Varnix::Value {
 
 namespace {
@@ -52,7 +54,7 @@ bool Is_formula_and_factors(Conversion_steps const& steps) {
 void Convert_array(Conversion_steps const& steps, double const* in, double* out,
                    std::size_t count) noexcept {
     if (!Is_formula_and_factors(steps)) {
-        For_each(in, out, count, [&steps](double number) { return Convert_number(steps, number); });
+        For_each(in, out, count, [&steps](double number) { return After_steps(steps, number); });
         return;
     }
     Formula const formula = steps.rule_count == 0 ? Formula::identity : steps.rules[0].formula;

@@ -38,16 +38,14 @@ struct Units_spl_conv {
     static std::vector<Units_spl_conv_data<Number>> const Unit_spl_conv_vect;
 };
 
-// What the decision about a conversion asks of a rule, at hand: the units it begins with, and what
-// its function does to a number. Derived from Unit_conv_vect while the library loads.
-struct Indexed_rule {
-    Units_list from;
-    Units_list to;
-    Conversion_steps::Formula formula;
+// A rule beside what its function does to a number. Derived from Unit_conv_vect while the library
+// loads; a function that has no formula there ends the program at once.
+struct Rule_with_formula {
     Units_conversion<double> const* rule;
+    detail::Conversion_steps::Formula formula;
 };
 
-[[gnu::visibility("hidden")]] extern std::vector<Indexed_rule> const indexed_rules;
+[[gnu::visibility("hidden")]] extern std::vector<Rule_with_formula> const rules_with_formulas;
 
 // Defined once, with the instantiation of Value_object<double>.
 template <>

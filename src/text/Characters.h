@@ -53,15 +53,36 @@ inline Character Character_at(std::string_view text, std::size_t position) {
                                      : Beyond_ascii(text.substr(position));
 }
 
-// The first position from `position` on that is not a blank.
-inline std::size_t Skip_blanks(std::string_view text, std::size_t position) {
+// The first position from `position` on whose character is of another kind.
+inline std::size_t Skip(Character_kind kind, std::string_view text, std::size_t position) {
     for (;;) {
         Character const character = Character_at(text, position);
-        if (character.kind != Character_kind::blank) {
+        if (character.kind != kind) {
             return position;
         }
         position += character.size;
     }
+}
+
+inline std::size_t Skip_blanks(std::string_view text, std::size_t position) {
+    return Skip(Character_kind::blank, text, position);
+}
+
+inline std::size_t End_of_letters(std::string_view text, std::size_t position) {
+    return Skip(Character_kind::letter, text, position);
+}
+
+inline std::size_t End_of_digits(std::string_view text, std::size_t position) {
+    return Skip(Character_kind::digit, text, position);
+}
+
+// The bytes of the minus sign at `position`, a hyphen or U+2212; 0 if there is none.
+inline std::size_t Minus_size(std::string_view text, std::size_t position) {
+    if (position < text.size() && text[position] == '-') {
+        return 1;
+    }
+    Character const character = Character_at(text, position);
+    return character.kind == Character_kind::minus ? character.size : 0;
 }
 
 // The character at `position` for a message: quoted, or in words.

@@ -6,7 +6,6 @@
 
 #include <varnix/value/Text_formatting.h>
 
-#include <varnix/value/Text_parsing.h>
 #include <varnix/value/Units_library.h>
 
 #include <algorithm>
@@ -16,6 +15,7 @@
 #include <cstdint>
 #include <optional>
 #include <ostream>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -31,13 +31,9 @@ bool Same_bits(double left, double right) {
     return left == right && std::signbit(left) == std::signbit(right);
 }
 
-bool Same_unit(Units const& left, Units const& right) {
-    return Units_library::Compare_units_DB(left, right, true);
-}
-
 // The three numbers with the bounds in ascending order.
-struct Numbers {
-    explicit Numbers(Quantity const& quantity)
+struct Shown_numbers {
+    explicit Shown_numbers(Quantity const& quantity)
         : value(quantity.Get_value()), lower(quantity.Get_minus_err()),
           upper(quantity.Get_plus_err()) {
         if (lower > upper) {
@@ -50,14 +46,14 @@ struct Numbers {
     double upper;
 };
 
-bool Has_bounds(Numbers const& numbers) {
+bool Has_bounds(Shown_numbers const& numbers) {
     bool const nothing =
         std::isnan(numbers.value) && std::isnan(numbers.lower) && std::isnan(numbers.upper);
     return !nothing &&
            !(Same_bits(numbers.value, numbers.lower) && Same_bits(numbers.value, numbers.upper));
 }
 
-// ---- Numbers
+// ---- Shown_numbers
 
 constexpr int count_limit = 100;
 
@@ -105,18 +101,27 @@ struct Ending {
     bool with_exponent;
 };
 
-// Numbers are written out, without an exponent, from the one power of ten to the other; with zeros
-// for the places that are not shown, for which the upper one is.
+// Shown_numbers are written out, without an exponent, from the one power of ten to the other; with
+// zeros for the places that are not shown, for which the upper one is.
 constexpr int lowest_written_exponent = -5;
 constexpr int highest_written_exponent = 14;
+
+// Down to the digit of 10^place. Where rounding carries to a further digit, that is one more behind
+// the point.
+std::string Written_with_exponent(double number, int place) {
+    int const exponent = number == 0.0 ? place : Exponent_of(number, exact_digits);
+    std::string text = Written(number, std::chars_format::scientific, exponent - place);
+    bool const carried =
+        exponent >= place && Exponent_behind(text, text.find('e')) > exponent && number != 0.0;
+    return carried ? Written(number, std::chars_format::scientific, exponent + 1 - place) : text;
+}
 
 std::string Written(double number, Ending const& ending) {
     if (!std::isfinite(number)) {
         return Shortest(number);
     }
     if (ending.with_exponent) {
-        int const decimals = number == 0.0 ? 0 : Exponent_of(number, exact_digits) - ending.place;
-        return Written(number, std::chars_format::scientific, decimals);
+        return Written_with_exponent(number, ending.place);
     }
     if (ending.place <= 0) {
         return Written(number, std::chars_format::fixed, -ending.place);
@@ -135,7 +140,7 @@ Ending Significant_ending(double number, int count) {
 
 // Down to the second significant digit of half the distance of the bounds. What is larger, the
 // value or that half, decides whether there is an exponent.
-std::optional<Ending> Ending_by_bounds(Numbers const& numbers) {
+std::optional<Ending> Ending_by_bounds(Shown_numbers const& numbers) {
     double const half = numbers.upper / 2 - numbers.lower / 2;
     if (!std::isfinite(half) || half <= 0.0 || !std::isfinite(numbers.value)) {
         return std::nullopt;
@@ -146,7 +151,7 @@ std::optional<Ending> Ending_by_bounds(Numbers const& numbers) {
 }
 
 // Where the value ends; nothing for the shortest digits.
-std::optional<Ending> Ending_of(Numbers const& numbers, Text_format const& format) {
+std::optional<Ending> Ending_of(Shown_numbers const& numbers, Text_format const& format) {
     switch (format.digits) {
     case Digits::significant:
         return std::isfinite(numbers.value)
@@ -179,7 +184,7 @@ std::string Written_alone(double number, std::optional<Ending> const& ending,
 // ---- Bounds
 
 // The shortest distance that gives exactly the bounds when it is taken from and added to the value.
-std::optional<std::string> Exact_distance(Numbers const& numbers) {
+std::optional<std::string> Exact_distance(Shown_numbers const& numbers) {
     double const distance = numbers.upper - numbers.value;
     if (!std::isfinite(distance) || !(distance > 0.0)) {
         return std::nullopt;
@@ -197,7 +202,8 @@ std::optional<std::string> Exact_distance(Numbers const& numbers) {
 }
 
 // The distance that stands after ±; nothing where the two differ or the value is outside.
-std::optional<std::string> Distance(Numbers const& numbers, std::optional<Ending> const& ending) {
+std::optional<std::string> Distance(Shown_numbers const& numbers,
+                                    std::optional<Ending> const& ending) {
     if (!ending) {
         return Exact_distance(numbers);
     }
@@ -209,77 +215,6 @@ std::optional<std::string> Distance(Numbers const& numbers, std::optional<Ending
     std::string distance = Written(above, *ending);
     return distance == Written(below, *ending) ? std::optional(std::move(distance)) : std::nullopt;
 }
-
-// ---- Units
-
-std::string Spelled(Units const& unit, Unit_string_type spelling) {
-    return Units_library::Get_unit_string(unit, spelling);
-}
-
-bool Reads_back(std::string const& text, Units const& unit) {
-    auto const read = Try_parse_unit(text);
-    return read && Same_unit(*read, unit);
-}
-
-// The units with their powers, joined by "*".
-std::string Product(Units const& unit, Unit_string_type spelling, bool denominator) {
-    std::string text;
-    for (Unit_tuple tuple : unit.tuples) {
-        if (tuple.unit == NO_UNIT || (tuple.exponent < 0) != denominator) {
-            continue;
-        }
-        // The one power that has no positive counterpart stays negative, and is not read back.
-        tuple.exponent =
-            denominator && tuple.exponent != INT32_MIN ? -tuple.exponent : tuple.exponent;
-        text += text.empty() ? "" : "*";
-        text += Units_library::Get_unit_str_info_map({SPL_NONE, NO_PREFIX, {tuple}}, spelling);
-    }
-    return text;
-}
-
-// The units with every separator written: "m/(s*K)", "1/s".
-std::string Explicit_units(Units const& unit, Unit_string_type spelling) {
-    std::string numerator = Product(unit, spelling, false);
-    std::string const denominator = Product(unit, spelling, true);
-    if (denominator.empty()) {
-        return numerator;
-    }
-    bool const several = denominator.find('*') != std::string::npos;
-    return (numerator.empty() ? "1" : numerator) + '/' +
-           (several ? '(' + denominator + ')' : denominator);
-}
-
-// The spellings to try, the nicest first; an empty one is none. A prefix by its name serves where
-// its symbol does not: "min" is the minute, "m(in)" a metre, and "milli(in)" a thousandth of an
-// inch.
-std::array<std::string, 7> Spellings_of(Units const& unit, Unit_string_type spelling) {
-    std::string const prefix = Units_library::Get_unit_str_si_map(unit, spelling);
-    std::string const units = Explicit_units(unit, spelling);
-    std::string const joined = prefix + units;
-    std::string const apart = prefix + '(' + units + ')';
-    std::string const by_name =
-        Units_library::Get_unit_str_si_map(unit, STR_NAME) + '(' + units + ')';
-    if (unit.spl_conv != SPL_DB) {
-        return {Spelled(unit, spelling), joined, apart, by_name, "", "", ""};
-    }
-    return {Spelled(unit, spelling), "dB" + joined,  "dB(" + joined + ')', "dB" + apart,
-            "dB(" + apart + ')',     "dB" + by_name, "dB(" + by_name + ')'};
-}
-
-} // namespace
-
-std::string Format_unit(Units const& unit, Unit_string_type spelling) {
-    if (spelling == STR_NAME || spelling == STR_SYMBOL) {
-        for (std::string const& text : Spellings_of(unit, spelling)) {
-            if (!text.empty() && Reads_back(text, unit)) {
-                return text;
-            }
-        }
-    }
-    return Spelled(unit, spelling);
-}
-
-namespace {
 
 // ---- The prefix
 
@@ -296,10 +231,10 @@ bool Takes_prefix(Units unit) {
         return false;
     }
     Unit_tuple const& first = unit.tuples[0];
-    bool const alone = Same_unit(unit, {SPL_NONE, NO_PREFIX, {first}});
+    bool const alone = unit == Units{SPL_NONE, NO_PREFIX, {first}};
     bool const listed = std::find(std::begin(prefixed_units), std::end(prefixed_units),
                                   first.unit) != std::end(prefixed_units);
-    return Same_unit(unit, C_Hz) || (alone && listed && first.exponent == 1);
+    return unit == C_Hz || (alone && listed && first.exponent == 1);
 }
 
 bool All_finite(Quantity const& quantity) {
@@ -307,13 +242,20 @@ bool All_finite(Quantity const& quantity) {
            std::isfinite(quantity.Get_plus_err());
 }
 
-// The number as it will be read: rounding may carry 999.99 to 1000.
-double As_shown(Quantity const& quantity, Text_format const& format) {
-    Numbers const numbers(quantity);
-    std::string const text = Written_alone(numbers.value, Ending_of(numbers, format), format);
+// A number as it will be read: rounding may carry 999.99 to 1000.
+double As_shown(double number, Shown_numbers const& numbers, Text_format const& format) {
+    std::string const text = Written_alone(number, Ending_of(numbers, format), format);
     double shown = 0.0;
     std::from_chars(text.data(), text.data() + text.size(), shown);
     return std::abs(shown);
+}
+
+// What the prefix is chosen by: the value, or where the bounds set the digits and are wider, half
+// of their distance.
+double Leading_number(Shown_numbers const& numbers, Text_format const& format) {
+    double const half = numbers.upper / 2 - numbers.lower / 2;
+    return format.digits == Digits::by_bounds && half > std::abs(numbers.value) ? half
+                                                                                : numbers.value;
 }
 
 // `number` times 10^exponent as a decimal number is shifted: 2.4e9 becomes 2.4, which a product
@@ -344,7 +286,7 @@ Quantity With_prefix(Quantity const& quantity, SI_units prefix) {
 
 // The quantity with the largest prefix that leaves at least 1 before the point.
 Quantity With_engineering_prefix(Quantity const& quantity, Text_format const& format) {
-    if (!All_finite(quantity) || quantity.Get_value() == 0.0 ||
+    if (!All_finite(quantity) || Leading_number(Shown_numbers(quantity), format) == 0.0 ||
         !Takes_prefix(quantity.Get_unit())) {
         return quantity;
     }
@@ -352,7 +294,9 @@ Quantity With_engineering_prefix(Quantity const& quantity, Text_format const& fo
     bool found = false;
     for (SI_units const prefix : engineering_prefixes) {
         Quantity const candidate = With_prefix(quantity, prefix);
-        if (All_finite(candidate) && (!found || As_shown(candidate, format) >= 1.0)) {
+        Shown_numbers const numbers(candidate);
+        if (All_finite(candidate) &&
+            (!found || As_shown(Leading_number(numbers, format), numbers, format) >= 1.0)) {
             best = candidate;
             found = true;
         }
@@ -362,7 +306,7 @@ Quantity With_engineering_prefix(Quantity const& quantity, Text_format const& fo
 
 // The value, the unit, and the bounds, each as the format has it.
 std::string Write_out(Quantity const& quantity, Text_format const& format) {
-    Numbers const numbers(quantity);
+    Shown_numbers const numbers(quantity);
     std::optional<Ending> const ending = Ending_of(numbers, format);
     std::string const unit_text = Format_unit(quantity.Get_unit(), format.unit);
     std::string const unit = unit_text.empty() ? "" : ' ' + unit_text;
@@ -389,12 +333,16 @@ std::string Format(Value_object<double> const& quantity, Text_format const& form
 }
 
 std::string Format_number(double number, Text_format const& format) {
-    Numbers const numbers(Quantity(number, C_Empty, number, number));
+    Shown_numbers const numbers(Quantity(number, C_Empty, number, number));
     return Written_alone(number, Ending_of(numbers, format), format);
 }
 
 std::ostream& operator<<(std::ostream& stream, Value_object<double> const& quantity) {
     return stream << Format(quantity);
+}
+
+void Throw_format_not_valid() {
+    throw std::invalid_argument("a format is [.N | .Nf | b][p | ~][k], with up to 100 digits");
 }
 
 } // namespace Varnix::Value

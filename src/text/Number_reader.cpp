@@ -3,7 +3,7 @@
 #include "Characters.h"
 
 #include <charconv>
-#include <cmath>
+#include <optional>
 #include <system_error>
 
 namespace Varnix::Value {
@@ -19,11 +19,9 @@ struct Magnitude {
 };
 
 Magnitude Skip_sign(std::string_view text, std::size_t position) {
-    Character const character = Character_at(text, position);
-    bool const hyphen = character.size == 1 && text[position] == '-';
-    bool const negative = hyphen || character.kind == Kind::minus;
-    bool const sign = negative || character.kind == Kind::plus;
-    return {position + (sign ? character.size : 0), negative};
+    std::size_t const minus = Minus_size(text, position);
+    bool const plus = Character_at(text, position).kind == Kind::plus;
+    return {position + (plus ? 1 : minus), minus != 0};
 }
 
 char Lower_at(std::string_view text, std::size_t position) {
@@ -59,22 +57,25 @@ std::optional<Text_fault> Notation_fault(std::string_view text, std::size_t end)
     return std::nullopt;
 }
 
+std::optional<Text_fault> Form_fault(std::string_view text, std::size_t start, Number_forms forms) {
+    if (!forms.hexadecimal && Is_hexadecimal(text, start)) {
+        return Text_fault{start, "hexadecimal numbers are not read here", {}};
+    }
+    if (!forms.not_finite && Is_not_finite(text, start)) {
+        return Text_fault{start, "numbers that are not finite are not read here", {}};
+    }
+    return std::nullopt;
+}
+
 } // namespace
 
-std::optional<Read_number_result> Read_number(std::string_view text, std::size_t position,
-                                              Number_forms forms,
-                                              std::optional<Text_fault>& fault) {
+Parse_result<Read_number_result> Read_number(std::string_view text, std::size_t position,
+                                             Number_forms forms) {
     auto const [start, negative] = Skip_sign(text, position);
+    if (std::optional<Text_fault> fault = Form_fault(text, start, forms)) {
+        return std::move(*fault);
+    }
     bool const hexadecimal = Is_hexadecimal(text, start);
-    bool const not_finite = Is_not_finite(text, start);
-    if (hexadecimal && !forms.hexadecimal) {
-        fault = Text_fault{start, "hexadecimal numbers are not read here", {}};
-        return std::nullopt;
-    }
-    if (not_finite && !forms.not_finite) {
-        fault = Text_fault{start, "numbers that are not finite are not read here", {}};
-        return std::nullopt;
-    }
     std::size_t const digits = start + (hexadecimal ? 2 : 0);
     char const* const last = text.data() + text.size();
     double value = 0.0;
@@ -84,18 +85,17 @@ std::optional<Read_number_result> Read_number(std::string_view text, std::size_t
         std::from_chars(second_sign ? last : text.data() + digits, last, value,
                         hexadecimal ? std::chars_format::hex : std::chars_format::general);
     if (error == std::errc::invalid_argument) {
-        fault = Text_fault{digits, "expected a number, found " + Described(text, digits), {}};
-        return std::nullopt;
+        return Text_fault{digits, "expected a number, found " + Described(text, digits), {}};
     }
     if (error == std::errc::result_out_of_range) {
-        fault = Text_fault{position, "the number is beyond the range of double", {}};
-        return std::nullopt;
+        return Text_fault{position, "the number is beyond the range of double", {}};
     }
     auto const end = static_cast<std::size_t>(behind - text.data());
-    if ((fault = Notation_fault(text, end))) {
-        return std::nullopt;
+    if (std::optional<Text_fault> fault = Notation_fault(text, end)) {
+        return std::move(*fault);
     }
-    return Read_number_result{negative ? -value : value, end};
+    return Read_number_result{
+        {negative, text.substr(start, end - start), 0, negative ? -value : value}, end};
 }
 
 } // namespace Varnix::Value

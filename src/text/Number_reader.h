@@ -5,18 +5,17 @@
 
 #include <varnix/value/Text_parsing.h>
 
-#include <optional>
-
 namespace Varnix::Value {
 
+// A number, and the position behind it.
 struct Read_number_result {
-    double value;
-    std::size_t end; // the position behind it
+    Decimal_text number;
+    std::size_t end;
 };
 
-// The number that begins at `position`, in one of the forms. If there is none, `fault` is set.
-std::optional<Read_number_result> Read_number(std::string_view text, std::size_t position,
-                                              Number_forms forms, std::optional<Text_fault>& fault);
+// The number that begins at `position`, in one of the forms.
+Parse_result<Read_number_result> Read_number(std::string_view text, std::size_t position,
+                                             Number_forms forms);
 
 } // namespace Varnix::Value
 

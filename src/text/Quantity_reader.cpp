@@ -5,15 +5,19 @@
 //     number     = digits as std::from_chars takes them | number "(" digits ")" [exponent]
 //     bounds     = "[" number "," number "]"
 //     deviation  = ("±" | "+/-" | "+-") number | "+" number "/" "-" number
+//
+// A quantity is split into its parts first; the unit is read afterwards.
 
 #include "Quantity_reader.h"
 
 #include "Characters.h"
 #include "Number_reader.h"
-#include "Unit_reader.h"
+#include "Unit_words.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
+#include <limits>
 #include <optional>
 
 namespace Varnix::Value {
@@ -22,30 +26,37 @@ namespace {
 
 using Kind = Character_kind;
 
-class Quantity_reader {
-  public:
-    Quantity_reader(std::string_view text_, Number_forms forms_) : text(text_), forms(forms_) {}
+// How many bytes "±", "+/-" or "+-" takes at `position`; 0 if none of them is there.
+std::size_t Plus_minus_size(std::string_view text, std::size_t position) {
+    Character const next = Character_at(text, position);
+    return next.kind == Kind::plus_minus       ? next.size
+           : text.substr(position, 3) == "+/-" ? 3
+           : text.substr(position, 2) == "+-"  ? 2
+                                               : 0;
+}
 
-    Parse_result<Value_object<double>> Read() {
-        if (!Read_all()) {
-            return std::move(*fault);
-        }
-        return Value_object<double>(value, unit, lower, upper);
-    }
+class Quantity_splitter {
+  public:
+    Quantity_splitter(std::string_view text_, Number_forms forms_) : text(text_), forms(forms_) {}
+
+    // Splits the text into `parts`; false says that `fault` is set, and `parts` are those before
+    // it.
+    bool Split();
+
+    Quantity_parts parts;
+    std::optional<Text_fault> fault;
 
   private:
     // Each of these reads from `position` on and moves it; false says that `fault` is set.
-    bool Read_all();
     bool Read_value();
     bool Read_last_digits(std::size_t start);
-    bool Read_deviation(bool& found);
-    bool Read_one_deviation(double& deviation);
+    bool Read_deviation();
+    bool Read_one_deviation(Decimal_text& deviation);
     bool Read_asymmetric_deviation();
     bool Read_bounds();
-    bool Read_unit_before_bounds();
-    bool Read_one_number(double& number);
+    bool Split_unit();
+    bool Read_one_number(Decimal_text& number);
     bool Expect(char character, char const* where);
-    bool Set_deviations(std::size_t start, double below, double above);
 
     bool Refuse(std::size_t where, std::string message) {
         fault = Text_fault{where, std::move(message), {}};
@@ -55,35 +66,35 @@ class Quantity_reader {
         return Refuse(position, "expected " + expected + ", found " + Described(text, position));
     }
     void Skip() { position = Skip_blanks(text, position); }
-    bool Is_next(std::string_view characters) const {
-        return text.substr(position, characters.size()) == characters;
+    bool Is_next(char character) const {
+        return position < text.size() && text[position] == character;
+    }
+    bool Has_bounds() const { return parts.form != Quantity_form::value_alone; }
+    void Begin(Quantity_form form) {
+        parts.form = form;
+        parts.bounds_position = position;
     }
 
     std::string_view text;
     Number_forms forms;
-    std::optional<Text_fault> fault;
     std::size_t position = 0;
-    double value = 0.0;
-    double lower = 0.0;
-    double upper = 0.0;
-    bool has_bounds = false;
-    Units unit = C_Empty;
 };
 
-bool Quantity_reader::Read_one_number(double& number) {
+bool Quantity_splitter::Read_one_number(Decimal_text& number) {
     Skip();
-    std::optional<Read_number_result> const result = Read_number(text, position, forms, fault);
+    auto result = Read_number(text, position, forms);
     if (!result) {
+        fault = result.Get_fault();
         return false;
     }
-    number = result->value;
+    number = result->number;
     position = result->end;
     return true;
 }
 
-bool Quantity_reader::Expect(char character, char const* where) {
+bool Quantity_splitter::Expect(char character, char const* where) {
     Skip();
-    if (position == text.size() || text[position] != character) {
+    if (!Is_next(character)) {
         return Refuse_found(std::string("'") + character + "' " + where);
     }
     ++position;
@@ -92,69 +103,50 @@ bool Quantity_reader::Expect(char character, char const* where) {
 
 // ---- Deviations
 
-bool Quantity_reader::Set_deviations(std::size_t start, double below, double above) {
-    lower = value - below;
-    upper = value + above;
-    has_bounds = true;
-    bool const in_range = std::isfinite(lower) && std::isfinite(upper);
-    return in_range || forms.not_finite || Refuse(start, "a bound is beyond the range of double");
-}
-
-bool Quantity_reader::Read_one_deviation(double& deviation) {
+bool Quantity_splitter::Read_one_deviation(Decimal_text& deviation) {
     Skip();
     std::size_t const start = position;
     if (!Read_one_number(deviation)) {
         return false;
     }
-    return !std::signbit(deviation) || Refuse(start, "a deviation is not negative");
+    return !deviation.negative || Refuse(start, "a deviation is not negative");
 }
 
-bool Quantity_reader::Read_asymmetric_deviation() {
-    std::size_t const start = position;
-    double above = 0.0;
-    double below = 0.0;
+bool Quantity_splitter::Read_asymmetric_deviation() {
+    Begin(Quantity_form::deviations);
     ++position; // the plus sign
-    if (!Read_one_deviation(above) || !Expect('/', "and the deviation below, as in +0.2/-0.1")) {
+    if (!Read_one_deviation(parts.upper) ||
+        !Expect('/', "and the deviation below, as in +0.2/-0.1")) {
         return false;
     }
     Skip();
-    bool const hyphen = Is_next("-");
-    if (!hyphen && Character_at(text, position).kind != Kind::minus) {
+    std::size_t const minus = Minus_size(text, position);
+    if (minus == 0) {
         return Refuse_found("'-' and the deviation below");
     }
-    position += Character_at(text, position).size;
-    return Read_one_deviation(below) && Set_deviations(start, below, above);
+    position += minus;
+    return Read_one_deviation(parts.lower);
 }
 
-bool Quantity_reader::Read_deviation(bool& found) {
+bool Quantity_splitter::Read_deviation() {
     Skip();
-    std::size_t const start = position;
-    Character const next = Character_at(text, position);
-    std::size_t const sign = next.kind == Kind::plus_minus ? next.size
-                             : Is_next("+/-")              ? 3
-                             : Is_next("+-")               ? 2
-                                                           : 0;
-    found = sign != 0 || next.kind == Kind::plus;
-    if (!found) {
-        return true;
-    }
+    std::size_t const sign = Plus_minus_size(text, position);
     if (sign == 0) {
-        return Read_asymmetric_deviation();
+        return !Is_next('+') || Read_asymmetric_deviation();
     }
+    Begin(Quantity_form::deviation);
     position += sign;
-    double deviation = 0.0;
-    return Read_one_deviation(deviation) && Set_deviations(start, deviation, deviation);
+    if (!Read_one_deviation(parts.upper)) {
+        return false;
+    }
+    parts.lower = parts.upper;
+    return true;
 }
 
 namespace {
 
-// The digits from `position` on.
 std::string_view Digits_at(std::string_view text, std::size_t position) {
-    std::size_t end = position;
-    while (Character_at(text, end).kind == Kind::digit) {
-        ++end;
-    }
-    return text.substr(position, end - position);
+    return text.substr(position, End_of_digits(text, position) - position);
 }
 
 // "e-34" at `position`, or nothing.
@@ -168,128 +160,245 @@ std::string_view Exponent_at(std::string_view text, std::size_t position) {
     return count == 0 ? std::string_view() : text.substr(position, digits + count - position);
 }
 
+// The number that "e-34" stands for; one beyond all numbers if it is too large for 32 bits.
+std::int32_t Exponent_of(std::string_view exponent) {
+    constexpr std::int32_t beyond = 1000000000;
+    std::size_t const start = exponent.size() > 1 && exponent[1] == '+' ? 2 : 1;
+    std::int32_t value = 0;
+    if (start < exponent.size()) {
+        char const* const last = exponent.data() + exponent.size();
+        bool const fits = std::from_chars(exponent.data() + start, last, value).ec == std::errc();
+        value = fits ? std::clamp(value, -beyond, beyond) : exponent[1] == '-' ? -beyond : beyond;
+    }
+    return value;
+}
+
+// The double nearest to the digits times the power of ten; nothing if it is beyond the range.
+std::optional<double> Nearest(Decimal_text const& number) {
+    std::string const written =
+        std::string(number.digits) + 'e' + std::to_string(number.power_of_ten);
+    auto const result = Read_number(written, 0, {});
+    return !result           ? std::nullopt
+           : number.negative ? std::optional(-result->number.nearest)
+                             : std::optional(result->number.nearest);
+}
+
 } // namespace
 
 // "5.00(3)" and "5.00(3)e2": so many units of the last digit. The number begins at `start`, and has
 // been read up to the parenthesis.
-bool Quantity_reader::Read_last_digits(std::size_t start) {
-    std::string_view const written = text.substr(start, position - start);
+bool Quantity_splitter::Read_last_digits(std::size_t start) {
+    std::string_view const written = parts.value.digits;
     if (written.find_first_of("eExX") != std::string_view::npos) {
         return Refuse(position, "the exponent stands behind the parentheses, as in 5.00(3)e2");
     }
-    std::size_t const opening = position;
-    std::string_view const last_digits = Digits_at(text, position + 1);
-    position += 1 + last_digits.size();
+    Begin(Quantity_form::last_digits);
+    Decimal_text& deviation = parts.upper;
+    deviation.digits = Digits_at(text, position + 1);
+    position += 1 + deviation.digits.size();
     if (!Expect(')', "after the uncertain digits")) {
         return false;
     }
     std::string_view const exponent = Exponent_at(text, position);
     position += exponent.size();
-    // The deviation has its point where the number has it.
-    std::string deviation(last_digits);
     std::size_t const point = written.find('.');
     std::size_t const decimals = point == std::string_view::npos ? 0 : written.size() - point - 1;
-    if (deviation.size() <= decimals) {
-        deviation.insert(0, decimals + 1 - deviation.size(), '0');
-    }
-    deviation.insert(deviation.size() - decimals, 1, '.');
-    deviation.append(exponent);
-    std::string const number = std::string(written).append(exponent);
-    auto const read_number = Read_number(number, 0, {}, fault);
-    auto const read_deviation = read_number ? Read_number(deviation, 0, {}, fault) : std::nullopt;
-    if (!read_deviation) {
+    parts.value.power_of_ten = Exponent_of(exponent);
+    deviation.power_of_ten = parts.value.power_of_ten - static_cast<std::int32_t>(decimals);
+    std::optional<double> const nearest = Nearest(parts.value);
+    std::optional<double> const distance = Nearest(deviation);
+    if (!nearest || !distance) {
         return Refuse(start, "the number is beyond the range of double");
     }
-    value = read_number->value;
-    return Set_deviations(opening, read_deviation->value, read_deviation->value);
+    parts.value.nearest = *nearest;
+    deviation.nearest = *distance;
+    parts.lower = deviation;
+    return true;
 }
 
 // ---- Bounds, value, unit
 
-bool Quantity_reader::Read_bounds() {
-    std::size_t const start = position;
-    if (has_bounds) {
-        return Refuse(start, "the bounds have been given already");
+bool Quantity_splitter::Read_bounds() {
+    if (Has_bounds()) {
+        return Refuse(position, "the bounds have been given already");
     }
+    Begin(Quantity_form::bounds);
     ++position;
-    if (!Read_one_number(lower) || !Expect(',', "and the upper bound") || !Read_one_number(upper) ||
-        !Expect(']', "after the bounds")) {
+    if (!Read_one_number(parts.lower) || !Expect(',', "and the upper bound") ||
+        !Read_one_number(parts.upper) || !Expect(']', "after the bounds")) {
         return false;
     }
-    has_bounds = true;
-    return !(lower > upper) || Refuse(start, "the lower bound is above the upper one");
+    return !(parts.lower.nearest > parts.upper.nearest) ||
+           Refuse(parts.bounds_position, "the lower bound is above the upper one");
 }
 
-bool Quantity_reader::Read_value() {
+bool Quantity_splitter::Read_value() {
     Skip();
-    bool const in_parentheses = Is_next("(");
+    bool const in_parentheses = Is_next('(');
     position += in_parentheses ? 1 : 0;
     Skip();
     std::size_t const start = position;
-    if (!Read_one_number(value)) {
+    if (!Read_one_number(parts.value)) {
         return false;
     }
-    lower = value;
-    upper = value;
     bool const uncertain_digits =
-        Is_next("(") && Character_at(text, position + 1).kind == Kind::digit;
-    bool found = uncertain_digits;
-    if (uncertain_digits ? !Read_last_digits(start) : !Read_deviation(found)) {
+        Is_next('(') && Character_at(text, position + 1).kind == Kind::digit &&
+        Character_at(text, End_of_digits(text, position + 1)).kind != Kind::caret;
+    if (uncertain_digits ? !Read_last_digits(start) : !Read_deviation()) {
         return false;
     }
     if (in_parentheses) {
-        return found ? Expect(')', "after the deviation")
-                     : Refuse_found("a deviation, as in (5.0 ± 0.1) V");
+        return Has_bounds() ? Expect(')', "after the deviation")
+                            : Refuse_found("a deviation, as in (5.0 ± 0.1) V");
     }
     return true;
 }
 
-bool Quantity_reader::Read_unit_before_bounds() {
-    std::size_t const bracket = std::min(text.find('[', position), text.size());
-    Parse_result<Units> const result = Read_unit(text.substr(0, bracket), position);
-    if (!result) {
-        fault = result.Get_fault();
-        bool const deviation = Character_at(text, fault->position).kind == Kind::plus_minus;
-        if (deviation || text.substr(fault->position, 1) == "+") {
-            fault->message = "a deviation stands before the unit, as in 5.0 ± 0.1 V";
+namespace {
+
+// Where a deviation begins in the text of a unit, or the end of it: "m^+2" has none.
+std::size_t Deviation_in(std::string_view unit) {
+    for (std::size_t position = 0; position < unit.size(); ++position) {
+        bool const plus =
+            unit[position] == '+' &&
+            (position == 0 ||
+             (unit[position - 1] != '^' && unit[position - 1] != '*' && unit[position - 1] != '('));
+        if (plus || Character_at(unit, position).kind == Kind::plus_minus) {
+            return position;
         }
+    }
+    return unit.size();
+}
+
+bool Is_ratio(std::string_view word) {
+    Unit_word const* const found = Unit_words::Get().Find_unit(word);
+    Units_list const unit = found == nullptr ? NO_UNIT : found->unit.tuples[0].unit;
+    return unit == PERCENT || unit == PPM || unit == PPB;
+}
+
+// "5 ± 2% V" and "5 ± 50 ppm MHz" are not meant in per cent times volts; "5 ± 0.1 %/K" is.
+bool Begins_with_ratio_of_value(std::string_view unit) {
+    std::size_t const sign = unit.substr(0, 1) == "%" ? 1 : 0;
+    std::size_t const end = sign != 0 ? sign : End_of_letters(unit, 0);
+    if (!Is_ratio(unit.substr(0, end))) {
         return false;
     }
-    unit = *result;
-    // "5.0 ± 2% V" is not meant in per cent times volts.
-    if (has_bounds && text[position] == '%' && unit.tuples[1].unit != NO_UNIT) {
+    Kind const next = Character_at(unit, Skip_blanks(unit, end)).kind;
+    return next == Kind::letter || next == Kind::opening || next == Kind::product ||
+           (next == Kind::star &&
+            Character_at(unit, Skip_blanks(unit, end) + 1).kind != Kind::star);
+}
+
+} // namespace
+
+bool Quantity_splitter::Split_unit() {
+    std::size_t const bracket = std::min(text.find('[', position), text.size());
+    std::string_view const unit = text.substr(position, bracket - position);
+    std::size_t const deviation = Deviation_in(unit);
+    parts.unit = unit.substr(0, deviation);
+    parts.unit_position = position;
+    if (deviation != unit.size()) {
+        return Refuse(position + deviation,
+                      "a deviation stands before the unit, as in 5.0 ± 0.1 V");
+    }
+    if (Has_bounds() && parts.form != Quantity_form::bounds && Begins_with_ratio_of_value(unit)) {
         return Refuse(position, "a deviation in per cent of the value is not read");
     }
     position = bracket;
     return true;
 }
 
-bool Quantity_reader::Read_all() {
+bool Quantity_splitter::Split() {
     if (!Read_value()) {
         return false;
     }
     Skip();
-    if (Is_next(",")) {
+    if (Is_next(',')) {
         return Refuse(position, "expected a unit, found ','; a decimal point is written '.'");
     }
-    if (Is_next("[") && !Read_bounds()) {
+    if (Is_next('[') && !Read_bounds()) {
         return false;
     }
     Skip();
-    if (position != text.size() && !Read_unit_before_bounds()) {
+    if (position != text.size() && !Split_unit()) {
         return false;
     }
-    if (Is_next("[") && !Read_bounds()) {
+    if (Is_next('[') && !Read_bounds()) {
         return false;
     }
     Skip();
     return position == text.size() || Refuse_found("the end of the text");
 }
 
+// ---- The quantity
+
+// The bounds are those given, or what the deviations make of the value.
+Value_object<double> Made_of(Quantity_parts const& parts, Units const& unit) {
+    double const value = parts.value.nearest;
+    double const lower = parts.lower.nearest;
+    double const upper = parts.upper.nearest;
+    switch (parts.form) {
+    case Quantity_form::value_alone:
+        return {value, unit, value, value};
+    case Quantity_form::bounds:
+        return {value, unit, lower, upper};
+    default:
+        return {value, unit, value - lower, value + upper};
+    }
+}
+
+bool Is_finite(Value_object<double> const& quantity) {
+    return std::isfinite(quantity.Get_minus_err()) && std::isfinite(quantity.Get_plus_err());
+}
+
 } // namespace
 
-Parse_result<Value_object<double>> Read_quantity(std::string_view text, Number_forms forms) {
-    return Quantity_reader(text, forms).Read();
+namespace {
+
+std::string_view Without_blanks_behind(std::string_view unit) {
+    std::size_t end = 0;
+    for (std::size_t position = 0; position < unit.size();) {
+        Character const character = Character_at(unit, position);
+        position += character.size;
+        end = character.kind == Kind::blank ? end : position;
+    }
+    return unit.substr(0, end);
+}
+
+} // namespace
+
+Parse_result<Quantity_parts> Split_quantity(std::string_view text, Number_forms forms) {
+    Quantity_splitter splitter(text, forms);
+    if (!splitter.Split()) {
+        return std::move(*splitter.fault);
+    }
+    splitter.parts.unit = Without_blanks_behind(splitter.parts.unit);
+    return splitter.parts;
+}
+
+Parse_result<Value_object<double>> Read_quantity(std::string_view text, Number_forms forms,
+                                                 Unit_text_reader read_unit) {
+    Quantity_splitter splitter(text, forms);
+    bool const is_split = splitter.Split();
+    Quantity_parts const& parts = splitter.parts;
+    Units unit = C_Empty;
+    if (!parts.unit.empty()) { // which may be wrong before what ended the splitting
+        std::size_t const end = parts.unit_position + parts.unit.size();
+        auto const result = read_unit(text.substr(0, end), parts.unit_position);
+        if (!result && (is_split || result.Get_fault().position < splitter.fault->position)) {
+            return result.Get_fault();
+        }
+        unit = result ? *result : unit;
+    }
+    if (!is_split) {
+        return std::move(*splitter.fault);
+    }
+    Value_object<double> quantity = Made_of(parts, unit);
+    bool const added = parts.form != Quantity_form::bounds;
+    if (added && !forms.not_finite && !Is_finite(quantity)) {
+        return Text_fault{parts.bounds_position, "a bound is beyond the range of double", {}};
+    }
+    return quantity;
 }
 
 } // namespace Varnix::Value

@@ -7,7 +7,14 @@
 
 namespace Varnix::Value {
 
-Parse_result<Value_object<double>> Read_quantity(std::string_view text, Number_forms forms);
+// The parts of a quantity, its unit not read yet.
+Parse_result<Quantity_parts> Split_quantity(std::string_view text, Number_forms forms);
+
+// Reads the unit that a text has from a position on.
+using Unit_text_reader = Parse_result<Units> (*)(std::string_view text, std::size_t position);
+
+Parse_result<Value_object<double>> Read_quantity(std::string_view text, Number_forms forms,
+                                                 Unit_text_reader read_unit);
 
 } // namespace Varnix::Value
 

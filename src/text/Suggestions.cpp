@@ -50,25 +50,27 @@ bool Equal_but_for_case(std::string_view left, std::string_view right) {
                       [](char one, char other) { return Lower(one) == Lower(other); });
 }
 
+// The candidate that differs least. A slip of case keeps the word what it is; other letters make
+// another unit of a short symbol, so that they are looked for in names only.
 class Nearest {
   public:
     explicit Nearest(std::string_view word_) : word(word_) {
-        // Half of the letters at least must be right, and all but two.
-        lowest = 1 + std::min(2 * Change_cost, static_cast<int>(word.size()) * Change_cost / 2);
+        int const changes = word.size() < 4 ? 0 : word.size() < 8 ? 1 : 2;
+        lowest = 1 + std::max(changes * Change_cost, static_cast<int>(word.size()) * Case_cost);
+        most_of_names = changes * Change_cost;
     }
 
-    void Look_at(std::string const& candidate) {
+    void Look_at(std::string const& candidate, Word_form form) {
+        bool const same_letters = Equal_but_for_case(word, candidate);
         std::size_t const longer = std::max(candidate.size(), word.size());
-        if (candidate.size() > Longest_word || longer - candidate.size() > 2 ||
-            longer - word.size() > 2) {
-            return;
-        }
-        // Of one or two letters none is left when one is changed.
-        if (word.size() <= 2 && !Equal_but_for_case(word, candidate)) {
+        bool const near = (form & name_form) != 0 && candidate.size() <= Longest_word &&
+                          longer - candidate.size() <= 2 && longer - word.size() <= 2;
+        if (!same_letters && !near) {
             return;
         }
         int const distance = Distance(word, candidate);
-        if (distance < lowest && Can_be_suggested(candidate)) {
+        bool const fits = same_letters || distance <= most_of_names;
+        if (fits && distance < lowest && Can_be_suggested(candidate)) {
             lowest = distance;
             nearest = candidate;
         }
@@ -79,6 +81,7 @@ class Nearest {
   private:
     std::string_view word;
     int lowest;
+    int most_of_names;
     std::string nearest;
 };
 
@@ -94,44 +97,20 @@ std::string Unit_in_plain_case(std::string_view word) {
     return std::string();
 }
 
-// What people write for a unit that goes by a text not near to it.
-struct Other_text {
-    char const* text;
-    char const* unit;
-};
-
-// clang-format off
-constexpr Other_text other_texts[] = {
-    {"\u00B0K",  "K"},
-    {"kph",      "km/h"},
-    {"KPH",      "km/h"},
-    {"nautical", "nautical_miles"},
-};
-// clang-format on
-
-std::string Known_text(std::string_view word) {
-    for (Other_text const& other : other_texts) {
-        if (word == other.text) {
-            return other.unit;
-        }
-    }
-    return Unit_in_plain_case(word);
-}
-
 } // namespace
 
 std::string Nearest_unit(std::string_view word) {
     if (word.size() > Longest_word) {
         return std::string();
     }
-    std::string known = Known_text(word);
+    std::string known = Unit_in_plain_case(word);
     if (!known.empty()) {
         return known;
     }
     Unit_words const& words = Unit_words::Get();
     Nearest nearest(word);
     for (Unit_word const& unit : words.All_units()) {
-        nearest.Look_at(unit.text);
+        nearest.Look_at(unit.text, unit.form);
     }
     for (Prefix_word const& prefix : words.All_prefixes()) {
         if (Lower(prefix.text[0]) != Lower(word[0])) { // the first letter is hardly ever wrong
@@ -139,7 +118,7 @@ std::string Nearest_unit(std::string_view word) {
         }
         for (Unit_word const& unit : words.All_units()) {
             if (Common(prefix.form, unit.form) != no_form) {
-                nearest.Look_at(prefix.text + unit.text);
+                nearest.Look_at(prefix.text + unit.text, Common(prefix.form, unit.form));
             }
         }
     }

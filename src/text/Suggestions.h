@@ -8,8 +8,9 @@
 
 namespace Varnix::Value {
 
-// The unit whose text is nearest to `word`, if one is near: a letter or two changed, left out or
-// put in, or the case of letters. The work is bounded, however long the word.
+// The unit that is likely meant by `word`: one that goes by another name, one that differs in the
+// case of letters, or a name with a letter or two changed, left out or put in. The work is bounded,
+// however long the word.
 std::string Nearest_unit(std::string_view word);
 
 } // namespace Varnix::Value

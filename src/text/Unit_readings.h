@@ -5,8 +5,9 @@
 //   2. a prefix and one unit:        "ms" is a millisecond, not metre times second
 //   3. several units, run together in the core's order, with or without a prefix: "VA", "kWh"
 //   4. below a '/' several units in another order: "m/sK"
-// Two different readings of the kind that is taken are refused, and so are some texts that people
-// write for something else; the messages name the ways to write each meaning.
+// A power belongs to the unit that it stands behind, and to the prefix of that unit: "km^2" is
+// (km)^2. Two different readings of the kind that is taken are refused, and so are some texts that
+// people write for something else; the messages name the ways to write each meaning.
 
 #ifndef VARNIX_VALUE_TEXT_UNIT_READINGS_H
 #define VARNIX_VALUE_TEXT_UNIT_READINGS_H
@@ -15,23 +16,10 @@
 
 #include <varnix/value/Text_parsing.h>
 
+#include <cstdint>
 #include <optional>
 
 namespace Varnix::Value {
-
-// A power as written: "^2", "**-2", "^(-2)", "²".
-struct Power {
-    std::int64_t value; // at most Largest_power either way, and not zero
-    std::size_t end;    // the position behind it
-};
-
-constexpr std::int64_t Largest_power = std::int64_t{1} << 31U;
-
-// The power at `position`, if one is written there as it should be.
-std::optional<Power> Read_power(std::string_view text, std::size_t position);
-
-// Why what begins as a power at `position` is none; nothing if it does not begin as one.
-std::optional<Text_fault> Power_fault(std::string_view text, std::size_t position);
 
 struct Powered_unit {
     Units_list unit;
@@ -40,7 +28,7 @@ struct Powered_unit {
 
 struct Reading {
     SI_units prefix = NO_PREFIX;
-    bool has_power = false; // one is written
+    std::int64_t first_power = 1; // of the first unit, which raises the prefix too
     std::uint8_t count = 0;
     Powered_unit units[Tuple_count];
     std::size_t end = 0; // the position behind it
@@ -49,14 +37,12 @@ struct Reading {
 // Where a group stands.
 struct Group_place {
     std::size_t position;
-    bool below;        // behind a '/'
-    bool length_above; // and a length before that
+    bool below; // behind a '/'
 };
 
-// Whether there is a reading of the group at `place`, which begins with a letter; it is stored in
-// `reading`. If it has to be refused, `fault` is set.
-bool Read_group(std::string_view text, Group_place const& place, Reading& reading,
-                std::optional<Text_fault>& fault);
+// The reading of the group at `place`, which begins with a letter; one without units if there is
+// none. The fault says why a reading has to be refused.
+Parse_result<Reading> Read_group(std::string_view text, Group_place const& place);
 
 // Whether a word by itself is read as a unit, or as decibels: "nmi", a nano mile, is refused.
 bool Can_be_suggested(std::string const& word);
@@ -67,9 +53,6 @@ struct Bare_prefix {
     std::size_t end;
 };
 std::optional<Bare_prefix> Read_bare_prefix(std::string_view text, std::size_t position, char next);
-
-// The end of the letters that begin at `position`.
-std::size_t End_of_letters(std::string_view text, std::size_t position);
 
 } // namespace Varnix::Value
 

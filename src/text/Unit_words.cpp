@@ -2,8 +2,10 @@
 
 #include <varnix/value/Unit_kinds.h>
 #include <varnix/value/Units_library.h>
+#include <varnix/value/exceptions.h>
 
 #include <algorithm>
+#include <atomic>
 
 namespace Varnix::Value {
 
@@ -61,7 +63,10 @@ Alias const aliases[] = {
     {"nibbles",         &C_Nybble,        name_form},
     {"ohm",             &C_Ohms,          name_form},           // the symbol as well
     {"symbol",          &One_symbol,      name_form},
+    {"celsius",         &C_DgreeC,        name_form},
+    {"fahrenheit",      &C_DgreeF,        name_form},
     // Other symbols.
+    {"Ohm",             &C_Ohms,          symbol_form},
     {"\u03A9",          &C_Ohms,          symbol_form, true},   // Greek capital omega
     {"\u2126",          &C_Ohms,          symbol_form, true},   // ohm sign
     {"\u00B0",          &C_Degree,        symbol_form},
@@ -74,6 +79,9 @@ Alias const aliases[] = {
     {"sec",             &C_Sec,           symbol_form},
     {"mph",             &C_Mph,           symbol_form},
     {"kn",              &C_Knots,         symbol_form},         // no unit n, so no kilo of it
+    {"kt",              &C_Knots,         symbol_form},
+    {"By",              &C_Bytes,         symbol_form},
+    {"Cel",             &C_DgreeC,        symbol_form},
     {"bps",             &Bits_per_second, symbol_form},
 };
 
@@ -137,9 +145,22 @@ void Set_ranges(std::vector<Word> const& words, Ranges& ranges) {
     }
 }
 
+// Whether the core's tables are there. In a program that links statically, an initialiser may read
+// a text before they are.
+bool Is_catalogue_ready() {
+    try {
+        return Units_library::Get_dimension(METER) == LENGTH;
+    } catch (UnitNotDefined const&) {
+        return false;
+    }
+}
+
 } // namespace
 
 Unit_words::Unit_words() {
+    if (!Is_catalogue_ready()) {
+        return;
+    }
     dimensions.push_back(NO_DIMENSION); // of NO_UNIT
     for (Units const& unit : Catalogue_units()) {
         dimensions.push_back(Units_library::Get_dimension(unit.tuples[0].unit));
@@ -152,6 +173,10 @@ Unit_words::Unit_words() {
     for (Alias const& alias : aliases) {
         units.push_back({alias.text, alias.form, alias.run_together,
                          Dimension_of(alias.unit->tuples[0].unit), *alias.unit});
+    }
+    for (Unit_word& word : units) {
+        bool const several = word.unit.tuples[1].unit != NO_UNIT;
+        word.takes_prefix = !several || Dimension_of(word.unit.tuples[0].unit) != LENGTH;
     }
     for (SI_units const prefix : Value::Prefixes()) {
         Units const unit = {SPL_NONE, prefix, {}};
@@ -177,7 +202,17 @@ Unit_words::Unit_words() {
 }
 
 Unit_words const& Unit_words::Get() {
+    static std::atomic<Unit_words const*> gathered{nullptr};
+    if (Unit_words const* const words = gathered.load(std::memory_order_acquire)) {
+        return *words;
+    }
+    if (!Is_catalogue_ready()) {
+        // No word is known yet; those gathered now must not be kept.
+        static Unit_words const none;
+        return none;
+    }
     static Unit_words const words;
+    gathered.store(&words, std::memory_order_release);
     return words;
 }
 

@@ -29,9 +29,10 @@ inline Word_form Common(Word_form first, Word_form second) {
 struct Unit_word {
     std::string text;
     Word_form form;
-    bool run_together;   // with other units, as the core prints them; others stand alone
-    Dimension dimension; // of a word that may be run together
-    Units unit;          // without prefix and marker
+    bool run_together;        // with other units, as the core prints them; others stand alone
+    Dimension dimension;      // of a word that may be run together
+    Units unit;               // without prefix and marker
+    bool takes_prefix = true; // not of a speed: nobody writes kilo-knots
     Unit_word const* next_in_slot = nullptr; // of Unit_words' table
 };
 

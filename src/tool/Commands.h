@@ -20,21 +20,27 @@ struct Options {
     Rules rules = Rules::strict;
     bool json = false;       // one JSON object a line
     bool keep_going = false; // go on after an input that is refused
+    bool formatted = false;  // with a format of the user's own
     Text_format format;      // of the results
 };
 
-// What `convert` converts. Texts are empty where they are not given.
+// What `convert` converts. Texts are empty where they are not given; "-" among the files is
+// standard input.
 struct Conversion_request {
-    std::vector<std::string> quantities; // none: the lines of standard input
-    std::string from;                    // the unit of plain numbers
+    std::vector<std::string> quantities; // none: the lines of the files
+    std::vector<std::string> files;
+    std::string from; // the unit of plain numbers
     std::string to;
     std::string with; // the second quantity of an electrical relation
 };
 
-// What `convert --csv` converts: each column is "NAME=FROM:TO".
+// What `convert --csv` converts: each column is "NAME=FROM:TO" or "NUMBER=FROM:TO".
 struct Table_request {
     std::vector<std::string> columns;
+    std::vector<std::string> files;
     char delimiter = ',';
+    bool rename_units = false; // in the header
+    bool no_header = false;    // the first record is one like the others
 };
 
 Exit_status Convert_quantities(Conversion_request const& request, Options const& options,
@@ -43,8 +49,8 @@ Exit_status Convert_lines(Conversion_request const& request, Options const& opti
                           Output& output);
 Exit_status Convert_table(Table_request const& request, Options const& options, Output& output);
 
-// `expression` is two quantities with an operator between them.
-Exit_status Compute(std::string const& expression, Options const& options, Output& output);
+// `words` are two quantities with an operator between them, in one text or in several.
+Exit_status Compute(std::vector<std::string> const& words, Options const& options, Output& output);
 
 // Lists the catalogue; `dimension` may be empty.
 Exit_status List_units(std::string const& dimension, Options const& options, Output& output);

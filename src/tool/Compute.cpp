@@ -1,5 +1,6 @@
 // `compute`: one operation on two quantities.
 
+#include "Strict_operations.h"
 #include "Written_results.h"
 
 #include <algorithm>
@@ -63,12 +64,16 @@ std::vector<Found_operator> Find_operators(std::string_view text) {
     return found;
 }
 
-Found_operator Find_operator(std::string_view text) {
+// `unquoted`: the shell may have taken "*" for names of files and ">" for one.
+Found_operator Find_operator(std::string_view text, bool unquoted) {
     auto const found = Find_operators(text);
     if (found.empty()) {
-        throw Refusal("an operator (+ - * / < <= > >= == !=) with blanks around it and a quantity "
-                      "on either side was expected",
-                      text, text.size());
+        throw Refusal(
+            std::string("an operator (+ - * / < <= > >= == !=) with blanks around it and a "
+                        "quantity on either side was expected") +
+                (unquoted ? "; the shell has uses of its own for * < > !: write it all in quotes"
+                          : ""),
+            text, text.size());
     }
     if (found.size() > 1) {
         throw Refusal("one operation at a time: here is a second operator", text, found[1].first);
@@ -99,8 +104,9 @@ Exit_status Write_comparison(std::string const& expression, bool result, Options
 
 } // namespace
 
-Exit_status Compute(std::string const& expression, Options const& options, Output& output) {
-    auto const [place, row] = Find_operator(expression);
+Exit_status Compute(std::vector<std::string> const& words, Options const& options, Output& output) {
+    std::string const expression = Joined(words);
+    auto const [place, row] = Find_operator(expression, words.size() > 1);
     std::size_t const left_end = expression.find_last_not_of(' ', place - 1) + 1;
     Quantity const left = Read_operand(expression, 0, left_end);
     std::size_t const right_start = expression.find_first_not_of(' ', place + row.sign.size());

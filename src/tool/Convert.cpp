@@ -1,50 +1,86 @@
-// `convert`: quantities of the command line, and standard input line by line.
+// `convert`: the quantities of the command line.
 
-#include "Number_cells.h"
+#include "Quantity_converter.h"
+#include "Unit_questions.h"
 #include "Written_results.h"
 
-#include <algorithm>
-#include <cstdint>
-#include <cstring>
-#include <functional>
-#include <optional>
-#include <utility>
+#include <varnix/value/Text_parsing.h>
+
+#include <unistd.h>
 
 namespace Varnix::Value::Tool {
 
+// ---- Quotes that the shell has taken, or that were never there
+
 namespace {
 
-// Converts one quantity; notes are told once.
-class Quantity_converter {
-  public:
-    Quantity_converter(Conversion_request const& request, Options const& options)
-        : to(Read_unit(request.to)),
-          with(request.with.empty() ? std::nullopt : std::optional(Read_quantity(request.with))),
-          rules(options.rules) {}
+using Words = std::vector<std::string>;
 
-    Quantity Convert(std::string_view text) {
-        Quantity const quantity = Read_quantity(text);
-        std::string note;
-        Quantity result = with ? Convert_with(quantity, to, *with, rules, note)
-                               : Tool::Convert(quantity, to, rules, note);
-        if (!note.empty() && note != last_note) {
-            Report("note: " + note);
-            last_note = note;
+enum class Form { other, number, quantity };
+
+Form Form_of(std::string const& text) {
+    auto const quantity = Try_parse_quantity(text);
+    return !quantity                                        ? Form::other
+           : Same_descriptor(quantity->Get_unit(), C_Empty) ? Form::number
+                                                            : Form::quantity;
+}
+
+// The longest quantity that the words from `first` on make together; empty where they make none.
+std::string Quantity_in_pieces(Words const& words, std::size_t first) {
+    for (std::size_t last = words.size(); last > first + 1; --last) {
+        auto const begin = words.begin();
+        std::string joined = Joined(Words(begin + static_cast<std::ptrdiff_t>(first),
+                                          begin + static_cast<std::ptrdiff_t>(last)));
+        if (Form_of(joined) == Form::quantity) {
+            return joined;
         }
-        return result;
     }
+    return {};
+}
 
-  private:
-    Units to;
-    std::optional<Quantity> with;
-    Rules rules;
-    std::string last_note;
-};
+[[noreturn]] void Refuse_pieces(std::string const& quantity) {
+    throw Refusal("a quantity is one argument: write '" + quantity + "', in quotes");
+}
+
+// "convert 5 ft m" is 5 feet in pieces, and no number that lacks a unit.
+void Check_quotes(Conversion_request const& request, Options const& options) {
+    Words const& words = request.quantities;
+    for (std::size_t k = 0; k < words.size(); ++k) {
+        std::string const pieces =
+            Form_of(words[k]) == Form::number ? Quantity_in_pieces(words, k) : "";
+        if (!pieces.empty()) {
+            Refuse_pieces(pieces);
+        }
+    }
+    bool const strict = options.rules == Rules::strict;
+    if (strict && !words.empty() && Form_of(words.back()) == Form::number &&
+        Has_units(Read_unit(request.to))) {
+        throw Refusal("'" + words.back() +
+                      "' has no unit: write number and unit in quotes, as in '" + words.back() +
+                      ' ' + request.to + "', and then the unit to convert to");
+    }
+    if (strict && Form_of(request.with) == Form::number) {
+        throw Refusal("--with '" + request.with + "' has no unit: write number and unit in quotes");
+    }
+}
+
+// A text that is no quantity may be the name of a file of quantities.
+void Check_no_file(Conversion_request const& request) {
+    for (std::string const& text : request.quantities) {
+        if (Form_of(text) == Form::other && access(text.c_str(), F_OK) == 0) {
+            std::string message = "'" + text + "' is a file and no quantity: write --to ";
+            message += request.to + " < " + text;
+            throw Refusal(message + ", or name the unit of its numbers with --from");
+        }
+    }
+}
 
 } // namespace
 
 Exit_status Convert_quantities(Conversion_request const& request, Options const& options,
                                Output& output) {
+    Check_quotes(request, options);
+    Check_no_file(request);
     Quantity_converter converter(request, options);
     Exit_status status = exit_done;
     for (std::string const& text : request.quantities) {
@@ -61,123 +97,6 @@ Exit_status Convert_quantities(Conversion_request const& request, Options const&
         }
     }
     return status;
-}
-
-// ---- Standard input
-
-namespace {
-
-constexpr std::size_t longest_line = std::size_t(1) << 24U;
-
-// Reads lines and writes what a function makes of each. Blank lines stay as they are.
-class Lines {
-  public:
-    // Writes the result for `line`, which has no blanks around it and is not empty.
-    using Convert_line = std::function<void(std::string_view line)>;
-
-    Lines(Convert_line convert_, Options const& options_, Output& output_)
-        : convert(std::move(convert_)), options(options_), output(output_) {}
-
-    Exit_status Run() {
-        Input input;
-        while (!stopped && !input.At_end()) {
-            std::string_view const text = input.Read_more();
-            std::size_t const consumed = Take(text, input.At_end());
-            if (!stopped && text.size() - consumed > longest_line) {
-                throw Refusal("line " + std::to_string(line_number + 1) + " is longer than 16 MiB");
-            }
-            input.Consume(consumed);
-            output.Flush(); // what has been read is answered, also while a pipe stays open
-        }
-        return status;
-    }
-
-  private:
-    // Takes the whole lines of `text`, and the rest as well at the end of the input.
-    std::size_t Take(std::string_view text, bool at_end) {
-        std::size_t taken = 0;
-        while (!stopped && taken < text.size()) {
-            void const* const found = std::memchr(text.data() + taken, '\n', text.size() - taken);
-            if (found == nullptr && !at_end) {
-                break;
-            }
-            std::size_t const end =
-                found == nullptr
-                    ? text.size()
-                    : static_cast<std::size_t>(static_cast<char const*>(found) - text.data());
-            Take_line(text.substr(taken, end - taken));
-            taken = end + 1;
-        }
-        return std::min(taken, text.size());
-    }
-
-    void Take_line(std::string_view line) {
-        ++line_number;
-        bool const has_return = !line.empty() && line.back() == '\r';
-        std::string_view const content = Trimmed(line);
-        if (content.empty()) {
-            output.Append(line);
-            output.Append('\n');
-            return;
-        }
-        try {
-            convert(content);
-            output.Append(has_return && !options.json ? std::string_view("\r\n") : "\n");
-        } catch (Refusal const& refusal) {
-            output.Flush();
-            Report(refusal, "line " + std::to_string(line_number));
-            status = exit_refused;
-            stopped = !options.keep_going;
-            if (!stopped) {
-                Write_refused(options.json ? content : line, refusal, options, output);
-            }
-        }
-    }
-
-    Convert_line convert;
-    Options const& options;
-    Output& output;
-    std::uint64_t line_number = 0;
-    Exit_status status = exit_done;
-    bool stopped = false;
-};
-
-// Lines that are quantities with their units.
-Exit_status Convert_quantity_lines(Conversion_request const& request, Options const& options,
-                                   Output& output) {
-    Quantity_converter converter(request, options);
-    auto const convert = [&](std::string_view line) {
-        Quantity const result = converter.Convert(line);
-        if (options.json) {
-            Json object = {{"input", std::string(line)}};
-            Add_quantity(object, result, options);
-            output.Append(object.dump());
-        } else {
-            output.Append(Format(result, options.format));
-        }
-    };
-    return Lines(convert, options, output).Run();
-}
-
-} // namespace
-
-Exit_status Convert_lines(Conversion_request const& request, Options const& options,
-                          Output& output) {
-    if (request.from.empty()) {
-        return Convert_quantity_lines(request, options, output);
-    }
-    Number_cells const cells(Read_unit(request.from), Read_unit(request.to), options);
-    if (!options.json) {
-        return Lines([&](std::string_view line) { cells.Write(cells.Convert(line), output); },
-                     options, output)
-            .Run();
-    }
-    std::string const unit = Format_unit(cells.Target(), options.format.unit);
-    auto const convert = [&](std::string_view line) {
-        Json const object = {{"value", Json_number(cells.Convert(line))}, {"unit", unit}};
-        output.Append(object.dump());
-    };
-    return Lines(convert, options, output).Run();
 }
 
 } // namespace Varnix::Value::Tool

@@ -1,5 +1,7 @@
 #include "Number_cells.h"
 
+#include "Strict_conversions.h"
+
 #include <varnix/value/Text_parsing.h>
 
 namespace Varnix::Value::Tool {

@@ -6,6 +6,8 @@
 
 #include "Commands.h"
 
+#include <varnix/value/Value_converter.h>
+
 #include <charconv>
 #include <cmath>
 #include <string_view>
@@ -43,6 +45,7 @@ class Number_cells {
         }
     }
 
+    Units Source() const { return converter.Get_source(); }
     Units Target() const { return converter.Get_target(); }
 
   private:

@@ -4,10 +4,9 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstdio>
 #include <cstring>
 
-#include <sys/stat.h>
+#include <fcntl.h>
 #include <unistd.h>
 
 namespace Varnix::Value::Tool {
@@ -46,87 +45,66 @@ void Output::Make_room(std::size_t length) {
     }
 }
 
-// ---- Progress
+// ---- Input
 
 namespace {
 
-// The size of standard input from where it stands, where it is a file.
-std::optional<std::uint64_t> Input_size() {
-    struct stat status = {};
-    if (fstat(STDIN_FILENO, &status) != 0 || !S_ISREG(status.st_mode)) {
-        return std::nullopt;
+int Opened(std::string const& name) {
+    if (name == Standard_input) {
+        return STDIN_FILENO;
     }
-    off_t const start = lseek(STDIN_FILENO, 0, SEEK_CUR);
-    return start < 0 || status.st_size <= start
-               ? std::nullopt
-               : std::optional(static_cast<std::uint64_t>(status.st_size - start));
+    int const file = open(name.c_str(), O_RDONLY | O_CLOEXEC);
+    if (file < 0) {
+        throw Trouble("'" + name + "' cannot be read as a file: " + System_message());
+    }
+    return file;
 }
-
-constexpr auto first_drawing_after = std::chrono::seconds(1);
-constexpr auto time_between_drawings = std::chrono::milliseconds(100);
-constexpr std::size_t bar_length = 40;
 
 } // namespace
 
-Progress::Progress()
-    : wanted(isatty(STDERR_FILENO) == 1 && isatty(STDOUT_FILENO) == 0), size(Input_size()),
-      next_drawing(std::chrono::steady_clock::now() + first_drawing_after) {}
+Input::Input(std::string const& name_)
+    : name(name_), file(Opened(name)), buffer(block_size), progress(file) {}
 
-Progress::~Progress() {
-    if (drawn) {
-        std::fputs("\r\033[K", stderr);
+Input::~Input() {
+    if (file != STDIN_FILENO) {
+        close(file);
     }
 }
-
-void Progress::Advance(std::size_t bytes) {
-    read += bytes;
-    if (!wanted) {
-        return;
-    }
-    auto const now = std::chrono::steady_clock::now();
-    if (now >= next_drawing) {
-        next_drawing = now + time_between_drawings;
-        drawn = true;
-        Draw();
-    }
-}
-
-void Progress::Draw() const {
-    unsigned long long const megabytes = read / 1000000;
-    if (!size) {
-        std::fprintf(stderr, "\r%llu MB read", megabytes);
-        return;
-    }
-    std::uint64_t const done = std::min(read, *size);
-    auto const filled = static_cast<std::size_t>(done * bar_length / *size);
-    std::fprintf(stderr, "\r[%s%s] %3d %%, %llu MB", std::string(filled, '#').c_str(),
-                 std::string(bar_length - filled, ' ').c_str(),
-                 static_cast<int>(done * 100 / *size), megabytes);
-}
-
-// ---- Input
-
-Input::Input() : buffer(block_size) {}
 
 std::string_view Input::Read_more() {
-    std::copy(buffer.begin() + static_cast<std::ptrdiff_t>(first),
-              buffer.begin() + static_cast<std::ptrdiff_t>(last), buffer.begin());
-    last -= first;
-    first = 0;
-    if (last == buffer.size()) {
-        buffer.resize(2 * buffer.size());
-    }
+    Make_room();
     ssize_t count = 0;
     do {
-        count = at_end ? 0 : read(STDIN_FILENO, buffer.data() + last, buffer.size() - last);
+        count = at_end ? 0 : read(file, buffer.data() + last, buffer.size() - last);
     } while (count < 0 && errno == EINTR);
     if (count < 0) {
-        throw Trouble("standard input cannot be read: " + System_message());
+        throw Trouble(Description() + " cannot be read: " + System_message());
     }
     at_end = count == 0;
     last += static_cast<std::size_t>(count);
     progress.Advance(static_cast<std::size_t>(count));
     return {buffer.data(), last};
+}
+
+// What has not been consumed moves to the front, and only where something has been: a long record
+// that comes in small pieces is not moved for each of them.
+void Input::Make_room() {
+    if (first > 0) {
+        std::memmove(buffer.data(), buffer.data() + first, last - first);
+        last -= first;
+        first = 0;
+    }
+    if (last == buffer.size()) {
+        buffer.resize(2 * buffer.size());
+    }
+}
+
+std::string Input::Description() const {
+    return name == Standard_input ? "standard input" : name;
+}
+
+std::string Input::Place(std::uint64_t line) const {
+    return (name == Standard_input ? "" : name + ", ") + "line " + std::to_string(line);
 }
 
 } // namespace Varnix::Value::Tool

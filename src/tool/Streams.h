@@ -1,13 +1,13 @@
-// Standard input and standard output in large blocks, and a progress bar for long inputs.
+// Input and standard output in large blocks.
 
 #ifndef VARNIX_VALUE_TOOL_STREAMS_H
 #define VARNIX_VALUE_TOOL_STREAMS_H
 
+#include "Progress.h"
+
 #include <charconv>
-#include <chrono>
 #include <cstddef>
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -54,40 +54,36 @@ class Output {
     std::size_t used = 0;
 };
 
-// How far the input has been read, drawn on standard error where that is a terminal and standard
-// output is none, from one second after the start on.
-class Progress {
-  public:
-    Progress();
-    ~Progress();
-    Progress(Progress const&) = delete;
-    Progress& operator=(Progress const&) = delete;
+// The name that stands for standard input among those of files.
+inline constexpr char const* Standard_input = "-";
 
-    void Advance(std::size_t bytes);
-
-  private:
-    void Draw() const;
-
-    bool wanted;
-    bool drawn = false;
-    std::uint64_t read = 0;
-    std::optional<std::uint64_t> size; // of the input, where it is a file
-    std::chrono::steady_clock::time_point next_drawing;
-};
-
-// Standard input. Bytes stay until they are consumed.
+// A file or standard input. Bytes stay until they are consumed.
 class Input {
   public:
-    Input();
+    // @throws Trouble where there is no such file
+    explicit Input(std::string const& name);
+    ~Input();
+    Input(Input const&) = delete;
+    Input& operator=(Input const&) = delete;
 
     // Reads on, unless at the end, and returns everything that has not been consumed.
-    // @throws Trouble where standard input cannot be read.
+    // @throws Trouble where the file cannot be read
     std::string_view Read_more();
 
     void Consume(std::size_t bytes) { first += bytes; }
     bool At_end() const { return at_end; }
 
+    // What it is, for messages: "standard input", or the name of the file.
+    std::string Description() const;
+
+    // Where a line is, for messages: "line 2", or "log.csv, line 2".
+    std::string Place(std::uint64_t line) const;
+
   private:
+    void Make_room();
+
+    std::string name;
+    int file;
     std::vector<char> buffer;
     std::size_t first = 0; // the bytes [first, last) are there and not consumed
     std::size_t last = 0;

@@ -1,5 +1,5 @@
-// What the tool does with quantities: conversions and operations as the library has them, with
-// what would change the physical kind refused.
+// What the tool does with quantities is what the library does, with what would change the physical
+// kind refused; and the words in which it is.
 //
 // The library's rules let some units pass that differ in kind (a slot that is empty on one side is
 // ignored, volts are relabelled as watts). A program that knows its units may count on them; a text
@@ -8,10 +8,14 @@
 #ifndef VARNIX_VALUE_TOOL_STRICT_RULES_H
 #define VARNIX_VALUE_TOOL_STRICT_RULES_H
 
-#include <varnix/value/Units.h>
-#include <varnix/value/Value_converter.h>
-#include <varnix/value/Value_object.h>
+#include "Reports.h"
 
+#include <varnix/value/Units.h>
+#include <varnix/value/Value_object.h>
+#include <varnix/value/exceptions.h>
+
+#include <functional>
+#include <stdexcept>
 #include <string>
 
 namespace Varnix::Value::Tool {
@@ -20,41 +24,29 @@ using Quantity = Value_object<double>;
 
 enum class Rules { strict, as_the_library };
 
-enum class Operation {
-    sum,
-    difference,
-    product,
-    quotient,
-    less,
-    less_or_equal,
-    greater,
-    greater_or_equal,
-    equal,
-    not_equal,
-};
+// What is asked for, in words that are composed only where it is refused.
+using Wording = std::function<std::string()>;
 
-// Each of these throws Refusal with a message that names the units and their kinds, also for what
-// the library itself refuses. A `note` is something the user should know of; it is left as it is
-// where there is nothing to say.
+// "km/h (length/time)".
+std::string Described(Units const& unit);
 
-// Prepares the conversion of numbers.
-Value_converter<double> Prepare(Units const& from, Units const& to, Rules rules, std::string& note);
+// Refuses what is asked for, with the option that skips the check.
+[[noreturn]] void Refuse(Wording const& what, std::string const& reason);
 
-Quantity Convert(Quantity const& quantity, Units const& to, Rules rules, std::string& note);
+// What the library says of a failure, without the names of its exception classes.
+std::string Reason(std::exception const& failure);
 
-// By the relations of volt, ampere, watt and ohm.
-Quantity Convert_with(Quantity const& quantity, Units const& to, Quantity const& with, Rules rules,
-                      std::string& note);
-
-// Sum, difference, product or quotient.
-Quantity Calculate(Quantity const& left, Operation operation, Quantity const& right, Rules rules,
-                   std::string& note);
-
-// The other operations.
-bool Compare(Quantity const& left, Operation operation, Quantity const& right, Rules rules);
-
-// Throws where `result` is infinite or not a number; `input` is what it comes from.
-void Require_finite(double result, std::string const& input, Units const& unit);
+// Runs `action`; what the library throws becomes a refusal that starts with `what`.
+template <typename Action>
+auto Telling(Wording const& what, Action const& action) {
+    try {
+        return action();
+    } catch (Value_exception const& failure) {
+        throw Refusal(what() + ": the library has no rule for it (" + Reason(failure) + ')');
+    } catch (std::out_of_range const&) {
+        throw Refusal(what() + ": the result is infinite or not a number");
+    }
+}
 
 } // namespace Varnix::Value::Tool
 

@@ -27,6 +27,10 @@ Json Json_number(double number) {
     return std::isfinite(number) ? Json(number) : Json(Format_number(number));
 }
 
+std::string Json_text(std::string_view text) {
+    return Json(text).dump(-1, ' ', false, Json::error_handler_t::replace);
+}
+
 void Add_quantity(Json& object, Quantity const& quantity, Options const& options) {
     // The electrical relations leave the bounds as they come.
     auto const [lower, upper] = std::minmax(quantity.Get_minus_err(), quantity.Get_plus_err());
@@ -34,6 +38,13 @@ void Add_quantity(Json& object, Quantity const& quantity, Options const& options
     object["lower"] = Json_number(lower);
     object["upper"] = Json_number(upper);
     object["unit"] = Format_unit(quantity.Get_unit(), options.format.unit);
+    Add_text(object, quantity, options);
+}
+
+void Add_text(Json& object, Quantity const& quantity, Options const& options) {
+    if (options.formatted) {
+        object["text"] = Format(quantity, options.format);
+    }
 }
 
 void Write(Json const& object, Output& output) {
@@ -61,6 +72,14 @@ void Write_refused(std::string_view input, Refusal const& refusal, Options const
         output.Append(input);
         output.Append('\n');
     }
+}
+
+std::string Joined(std::vector<std::string> const& words) {
+    std::string joined;
+    for (std::string const& word : words) {
+        joined += (joined.empty() ? "" : " ") + word;
+    }
+    return joined;
 }
 
 std::string_view Trimmed(std::string_view text) {

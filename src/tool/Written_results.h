@@ -9,6 +9,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace Varnix::Value::Tool {
 
@@ -21,8 +22,14 @@ Quantity Read_quantity(std::string_view text);
 // A number; a string ("inf", "-inf", "nan") where JSON has no number for it.
 Json Json_number(double number);
 
-// The members "value", "lower", "upper" and "unit".
+// `text` as a JSON string, in quotes; bytes that are not UTF-8 become U+FFFD.
+std::string Json_text(std::string_view text);
+
+// The members "value", "lower", "upper" and "unit", and "text" as below.
 void Add_quantity(Json& object, Quantity const& quantity, Options const& options);
+
+// The member "text", where the options have a format for it.
+void Add_text(Json& object, Quantity const& quantity, Options const& options);
 
 // One line; bytes that are not UTF-8 become U+FFFD.
 void Write(Json const& object, Output& output);
@@ -34,6 +41,9 @@ void Write_result(std::string_view input, Quantity const& quantity, Options cons
 // An input that is passed on because the command goes on: as it is, or an object with "error".
 void Write_refused(std::string_view input, Refusal const& refusal, Options const& options,
                    Output& output);
+
+// `words` with blanks between them.
+std::string Joined(std::vector<std::string> const& words);
 
 // `text` without the blanks around it.
 std::string_view Trimmed(std::string_view text);

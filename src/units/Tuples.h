@@ -7,7 +7,6 @@
 #include <varnix/value/Units.h>
 
 #include <cstdint>
-#include <cstring>
 
 namespace Varnix::Value {
 
@@ -29,29 +28,9 @@ inline bool Powers_differ_in_magnitude(Unit_tuple const& first, Unit_tuple const
            Exponent_magnitude(first.exponent) != Exponent_magnitude(second.exponent);
 }
 
-// A tuple as one number, to compare both fields at once.
-inline std::uint64_t Tuple_bits(Unit_tuple const& tuple) {
-    std::uint64_t bits = 0;
-    static_assert(sizeof bits == sizeof tuple);
-    std::memcpy(&bits, &tuple, sizeof bits);
-    return bits;
-}
-
-// Whether the tuples are equal slot by slot, empty slots included. Without a branch for every slot:
-// units that are compared are mostly equal.
+// Whether the tuples are equal slot by slot, empty slots included.
 inline bool Have_equal_tuples(Units const& first, Units const& second) {
-    std::uint64_t difference = 0;
-#pragma GCC unroll 5
-    for (std::size_t k = 0; k < Tuple_count; ++k) {
-        difference |= Tuple_bits(first.tuples[k]) ^ Tuple_bits(second.tuples[k]);
-    }
-    return difference == 0;
-}
-
-// Whether two units are equal in every field.
-inline bool Are_equal(Units const& first, Units const& second) {
-    return first.spl_conv == second.spl_conv && first.si_prefix == second.si_prefix &&
-           Have_equal_tuples(first, second);
+    return detail::Difference_of_tuples(first, second) == 0;
 }
 
 // Whether no occupied slot follows an empty one.

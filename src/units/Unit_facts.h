@@ -19,6 +19,7 @@ namespace Varnix::Value {
 
 // Sets of dimensions, a bit for each.
 using Dimension_set = std::uint32_t;
+static_assert(Dimension_limit <= 31, "a set of all dimensions has a bit left, for Not_canonical");
 
 constexpr Dimension_set Set_of(Dimension dimension) {
     return Dimension_set{1} << static_cast<std::uint32_t>(dimension);
@@ -32,7 +33,7 @@ struct Unit_facts {
 };
 
 // One entry for each code from NO_UNIT to the highest.
-using Unit_facts_table = std::array<Unit_facts, SYMBOL + 1>;
+using Unit_facts_table = std::array<Unit_facts, Unit_code_limit>;
 
 [[gnu::visibility("hidden")]] extern Unit_facts_table const unit_facts;
 
@@ -52,6 +53,16 @@ inline Unit_facts const& Require_facts(Units_list unit) {
 
 inline Dimension Dimension_of(Units_list unit) {
     return unit == NO_UNIT ? NO_DIMENSION : Require_facts(unit).dimension;
+}
+
+// How many dimensions a set has. Of a unit in canonical order, those below its own tell a tuple's
+// slot.
+inline std::size_t Count_of(Dimension_set set) {
+    std::size_t count = 0;
+    for (; set != 0; set &= set - 1) {
+        ++count;
+    }
+    return count;
 }
 
 // What is returned for a unit that is not in canonical order.

@@ -26,6 +26,6 @@ done < <(readelf -rW "$library" | awk '$3 ~ /_RELATIVE$/ { print $1, $4 }' | sor
 
 if [[ ${order# } != "$expected" ]]; then
     echo "The library builds its tables in the order:$order"
-    echo "It must be: $expected. The order of the sources in CMakeLists.txt decides it."
+    echo "It must be: $expected. The order of the sources in src/CMakeLists.txt decides it."
     exit 1
 fi

@@ -268,7 +268,7 @@ void (*const operations_that_allocate[])() = {
     [] { (void)(Quantity(two_meters) -= Quantity(1.0, C_Sec, 1.0, 1.0)); },
     [] { (void)Units_library::Multiply_units(five_units, C_Volts); },
     [] { (void)Parse_quantity("5 pinch"); },
-    [] { (void)Try_parse_unit("V/cm^2"); },
+    [] { (void)Try_parse_unit("V/cm/V"); },
     [] { (void)Parse_unit("meters per second"); },
     [] { (void)(Format(two_meters) + Format_unit(five_units) + Format_unit(C_NanoVolts, STR_NAME)); },
     [] { (void)(Kind_name(five_units).size() + Named_units().size() + Catalogue_units().size() + Prefixes().size()); },

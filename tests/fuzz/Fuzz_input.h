@@ -82,7 +82,7 @@ class Input {
         auto const marker = static_cast<Special_conversion>(Take<std::uint8_t>() % 3);
         Units unit = {marker, static_cast<SI_units>(Take<std::int8_t>()), {}};
         for (std::size_t k = 0; k < count; ++k) {
-            auto const code = static_cast<Units_list>(Take<std::uint8_t>() % (SYMBOL + 2));
+            auto const code = static_cast<Units_list>(Take<std::uint8_t>() % (Unit_code_limit + 1));
             unit.tuples[k] = {code, Take<std::int8_t>()};
         }
         return unit;
@@ -137,12 +137,8 @@ inline bool Same_number(double left, double right) {
     return (std::isnan(left) && std::isnan(right)) || (left == right && std::signbit(left) == std::signbit(right));
 }
 
-inline bool Same_unit(Units const& left, Units const& right) {
-    return Units_library::Compare_units_DB(left, right, true);
-}
-
 inline void Check_canonical(Units const& unit) {
-    CHECK(Same_unit(Units_library::Arrange_tuple(unit), unit));
+    CHECK(Units_library::Arrange_tuple(unit) == unit);
     for (std::size_t k = 1; k < Tuple_count && unit.tuples[k].unit != NO_UNIT; ++k) {
         CHECK(Units_library::Get_dimension(unit.tuples[k - 1].unit) < Units_library::Get_dimension(unit.tuples[k].unit));
     }

@@ -13,7 +13,7 @@ struct Operation {
 };
 
 void Check_comparison(Quantity const& left, Quantity const& right) {
-    double const value = Same_unit(left.Get_unit(), right.Get_unit()) ? left.Get_value() : left.Convert_to(right).Get_value();
+    double const value = left.Get_unit() == right.Get_unit() ? left.Get_value() : left.Convert_to(right).Get_value();
     double const other = right.Get_value();
     CHECK((left == right) == (value == other) && (left != right) == (value != other));
     CHECK((left < right) == (value < other) && (left <= right) == (value <= other));
@@ -27,7 +27,7 @@ Quantity const& In_canonical_order(Quantity const& quantity) {
 
 void Convert(Quantity& object, Units const& target) {
     object = object.Convert_to(target);
-    CHECK(Same_unit(object.Get_unit(), Units_library::Arrange_tuple(target)));
+    CHECK(object.Get_unit() == Units_library::Arrange_tuple(target));
 }
 
 constexpr Quantity (*thermal[])(Quantity const&, Units const&) = {Quantity::Convert_degreeC_to_degreeF,

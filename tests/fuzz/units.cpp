@@ -15,9 +15,9 @@ void Check_order_and_comparison(Units const& unit, Units const& other) {
             Check_canonical(arranged);
         }
     }
-    CHECK(Same_unit(unit, unit) && Units_library::Is_Invert_units(unit, other) == Units_library::Is_Invert_units(other, unit));
+    CHECK(unit == unit && Units_library::Is_Invert_units(unit, other) == Units_library::Is_Invert_units(other, unit));
     Units const base = Units_library::Get_base_unit(unit);
-    CHECK(base.si_prefix == NO_PREFIX && Same_unit(Units_library::Get_base_unit(base), base));
+    CHECK(base.si_prefix == NO_PREFIX && Units_library::Get_base_unit(base) == base);
     CHECK(Units_library::Get_unit_base(unit) == 2.0 || Units_library::Get_unit_base(unit) == 10.0);
     (void)Succeeds(not_in_catalogue, [&] { (void)Units_library::Is_unitless(unit); });
     (void)Succeeds(not_in_catalogue, [&] { (void)Units_library::Get_dimension(unit.tuples[0].unit); });
@@ -52,7 +52,7 @@ void Check_conversion(Quantity const& from, Units const& to) {
     double const numbers[] = {from.Get_value(), from.Get_value(), from.Get_value()};
     double out[3] = {};
     converter.Convert(numbers, out, 3);
-    CHECK(Same_unit(expected.Get_unit(), Units_library::Arrange_tuple(to)) && Same_unit(expected.Get_unit(), converted.Get_unit()));
+    CHECK(expected.Get_unit() == Units_library::Arrange_tuple(to) && expected.Get_unit() == converted.Get_unit());
     CHECK(Same_number(converted.Get_value(), expected.Get_value()) && Same_number(converter.Convert(numbers[0]), expected.Get_value()));
     CHECK(Same_number(converted.Get_minus_err(), expected.Get_minus_err()) && Same_number(converted.Get_plus_err(), expected.Get_plus_err()));
     CHECK(std::all_of(std::begin(out), std::end(out), [&expected](double number) { return Same_number(number, expected.Get_value()); }));

@@ -35,7 +35,8 @@ inline std::string Written(Units const& unit) {
             return constant.name;
         }
     }
-    std::string text = unit.si_prefix == NO_PREFIX ? "" : Units_library::Get_unit_str_si_map(unit, STR_NAME) + ':';
+    std::string const prefix = Units_library::Get_unit_str_si_map(unit, STR_NAME);
+    std::string text = unit.si_prefix == NO_PREFIX ? "" : (prefix.empty() ? "10^" + std::to_string(unit.si_prefix) : prefix) + ':';
     text += unit.spl_conv == SPL_DB ? "dB:" : "";
     std::size_t count = Tuple_count;
     while (count > 1 && Written(unit.tuples[count - 1]) == "-") {

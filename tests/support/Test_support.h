@@ -21,10 +21,6 @@
 
 namespace Varnix::Value {
 
-inline bool operator==(Units const& left, Units const& right) {
-    return Units_library::Compare_units_DB(left, right, true);
-}
-
 inline std::ostream& operator<<(std::ostream& out, Units const& unit) {
     out << (unit.spl_conv == SPL_DB ? "{dB, " : "{") << unit.si_prefix;
     for (Unit_tuple const& tuple : unit.tuples) {

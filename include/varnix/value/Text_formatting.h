@@ -26,7 +26,6 @@
 
 #include <cstddef>
 #include <iosfwd>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 
@@ -136,10 +135,14 @@ constexpr bool Try_read_text_format(std::string_view text, Text_format& format) 
     return true;
 }
 
+/// Throws the std::invalid_argument of `Read_text_format`. Out of line, so that this header
+/// compiles without exceptions.
+[[noreturn]] VARNIX_VALUE_TEXT_EXPORT void Throw_format_not_valid();
+
 constexpr Text_format Read_text_format(std::string_view text) {
     Text_format format;
     if (!Try_read_text_format(text, format)) {
-        throw std::invalid_argument("a format is [.N | .Nf | b][p | ~][k], with up to 100 digits");
+        Throw_format_not_valid();
     }
     return format;
 }

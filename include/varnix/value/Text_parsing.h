@@ -21,8 +21,9 @@
 // and for uncertain digits, "5.00(3)". std::bad_alloc may come out of any of them, where there is
 // no memory for that or for a fault.
 //
-// Mind the prefix, which belongs to the whole unit in this library: "km^2" is a thousand square
-// metres, as the library prints it; "(km)^2" is a million of them.
+// Mind the power, which belongs to the prefixed unit (ISO 80000-1): "km^2" is a square kilometre,
+// and "cm^-1" is 100/m. `Get_unit_string` prints otherwise, "km^2" for a thousand square metres and
+// no prefix that has no name; `Format_unit` writes what is read back here, "k(m^2)".
 //
 // Threads: there is no shared state that changes; any number of threads may call at once.
 
@@ -35,6 +36,7 @@
 #include <varnix/value/text_export.h>
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -106,7 +108,9 @@ struct Number_forms {
     bool not_finite = false;  ///< "inf", "infinity", "nan", in upper or lower case, with a sign
 };
 
-/// The unit that `text` names: "km/h", "V^2/ohm", "dBm", "milli(inches)". In canonical order.
+/// The unit that `text` names: "km/h", "V^2/ohm", "dBm", "milli(inches)". In canonical order. The
+/// scale of all prefixes becomes the prefix of the descriptor, a power of ten from 10^-40 to 10^40,
+/// with a name or not, whose code is not that of a binary prefix: 10^-4 for "cm^2".
 /// @throws TextNotValid for any text that is not a unit, the empty one included.
 VARNIX_VALUE_TEXT_EXPORT Units Parse_unit(std::string_view text);
 
@@ -118,6 +122,78 @@ VARNIX_VALUE_TEXT_EXPORT Units Parse_unit(std::string_view text);
 ///         become zero; for a lower bound above the upper one.
 VARNIX_VALUE_TEXT_EXPORT Value_object<double> Parse_quantity(std::string_view text,
                                                              Number_forms forms = {});
+
+/// Which words a unit is written in.
+enum class Dialect : std::uint8_t {
+    standard, ///< symbols and names, in which the case of letters counts
+    scpi,     ///< the suffixes of instruments (IEEE 488.2, SCPI-99), in which it does not: "DBM",
+          ///< "KHZ", "MV". M is mega before OHM and HZ and milli elsewhere; MA is mega everywhere.
+          ///< Factors stand between '.', '*' and '/', a power directly behind: "M/S2", "M.S-2"
+};
+
+/// As `Parse_unit` without dialect, in the words of `dialect`. What `Get_unit_string` prints with
+/// STR_UPPER_CASE is read back in `Dialect::scpi`, but for units of data, whose letters mean others
+/// there (bits and bytes are BIT and BYTE); units run together ("VA"); a prefix alone before a '/';
+/// and milliohms and millihertz, which are mega there.
+/// @throws TextNotValid for any text that is not a unit in that dialect.
+VARNIX_VALUE_TEXT_EXPORT Units Parse_unit(std::string_view text, Dialect dialect);
+
+/// As `Parse_quantity` without dialect, with the unit in the words of `dialect`.
+/// @throws TextNotValid as `Parse_quantity` and `Parse_unit`.
+VARNIX_VALUE_TEXT_EXPORT Value_object<double> Parse_quantity(std::string_view text,
+                                                             Number_forms forms, Dialect dialect);
+
+/// As `Parse_unit`, with the fault in the result instead of thrown.
+VARNIX_VALUE_TEXT_EXPORT Parse_result<Units> Try_parse_unit(std::string_view text, Dialect dialect);
+
+/// As `Parse_quantity`, with the fault in the result instead of thrown.
+VARNIX_VALUE_TEXT_EXPORT Parse_result<Value_object<double>>
+Try_parse_quantity(std::string_view text, Number_forms forms, Dialect dialect);
+
+/// What an instrument says with a number.
+enum class Scpi_number : std::uint8_t { ordinary, infinity, negative_infinity, not_a_number };
+
+/// The meaning that SCPI-99 gives to numbers read from an instrument: 9.9E37 and -9.9E37 are the
+/// infinities and 9.91E37 is not a number. They are read as the numbers
+/// that they are; a program that talks to instruments asks here.
+VARNIX_VALUE_TEXT_EXPORT Scpi_number Scpi_meaning(double number) noexcept;
+
+/// A number as it is written: `digits` with the sign, times 10 to the `power_of_ten`.
+struct Decimal_text {
+    bool negative = false;   ///< whether a minus sign stands before the digits
+    std::string_view digits; ///< "5.00", "5e-3": without sign, as std::from_chars takes it
+    std::int32_t power_of_ten =
+        0;                ///< beyond what the digits say; other than 0 in `last_digits` only
+    double nearest = 0.0; ///< the double nearest to the whole, sign included
+};
+
+/// How a quantity says how certain it is.
+enum class Quantity_form : std::uint8_t {
+    value_alone, ///< "5 V"
+    deviation,   ///< "5.0 ± 0.1 V"
+    deviations,  ///< "5.0 +0.2/-0.1 V"
+    bounds,      ///< "5 V [4.9, 5.1]"
+    last_digits, ///< "5.00(3) V": 5.00 ± 0.03 V
+};
+
+/// A quantity taken apart: its numbers, and the text of its unit.
+struct Quantity_parts {
+    Quantity_form form = Quantity_form::value_alone;
+    Decimal_text value;
+    Decimal_text lower; ///< of `bounds` the lower one, of the others the deviation below, which is
+                        ///< not negative; without digits where the value stands alone
+    Decimal_text upper; ///< the same above
+    std::size_t bounds_position = 0; ///< in bytes, where bounds or deviations begin
+    std::string_view unit;           ///< as it is written, not read yet; empty if there is none
+    std::size_t unit_position = 0;   ///< in bytes, for the position of a fault in the unit
+};
+
+/// The parts of a quantity, for readers that make something else of its numbers than
+/// `Parse_quantity`, which stands on this as well. The texts are parts of `text` and live as long.
+/// What `Parse_quantity` refuses is refused, but for what is wrong with the unit, and for bounds
+/// that leave the range of double when a deviation is added.
+VARNIX_VALUE_TEXT_EXPORT Parse_result<Quantity_parts> Try_split_quantity(std::string_view text,
+                                                                         Number_forms forms = {});
 
 /// A number alone: the nearest double.
 /// @throws TextNotValid as `Parse_quantity`.

@@ -21,6 +21,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <type_traits>
 
 namespace Varnix::Value {
@@ -62,6 +63,7 @@ enum Units_list : std::int32_t {
     DWORD = 31,         ///< double word, 32 bits
     YARD = 32,          ///< yard, 0.9144 m
     SYMBOL = 33,        ///< symbol; converts like a per cent
+    Unit_code_limit     ///< no unit: one past the highest code, and always the last one here
 };
 
 /// The prefixes; each value is the exponent of its scale. The multiples of ten from 10 to 80 are
@@ -106,6 +108,7 @@ enum Dimension : std::int32_t {
     LENGTH = 7,        ///< reference: metre
     TEMPERATURE = 8,   ///< converted by formula, not by factor
     TIME = 9,          ///< reference: second
+    Dimension_limit    ///< no dimension: one past the highest, and always the last one here
 };
 
 /// Which of the four spellings of a unit a string function produces.
@@ -152,6 +155,49 @@ static_assert(offsetof(Units, si_prefix) == 4 && offsetof(Units, tuples) == 8,
               "descriptors have a fixed layout");
 static_assert(std::is_trivial_v<Units> && std::is_standard_layout_v<Units>,
               "descriptors are plain records");
+
+namespace detail {
+
+// Zero where unit and power of both are equal. One comparison instead of two.
+inline std::uint64_t Difference(Unit_tuple const& first, Unit_tuple const& second) noexcept {
+    std::uint64_t left = 0;
+    std::uint64_t right = 0;
+    static_assert(sizeof left == sizeof first);
+    std::memcpy(&left, &first, sizeof left);
+    std::memcpy(&right, &second, sizeof right);
+    return left ^ right;
+}
+
+// Zero where the tuples are equal slot by slot. Without a branch for every slot: units that are
+// compared are mostly equal.
+inline std::uint64_t Difference_of_tuples(Units const& first, Units const& second) noexcept {
+    static_assert(Tuple_count == 5, "every slot is compared");
+    return Difference(first.tuples[0], second.tuples[0]) |
+           Difference(first.tuples[1], second.tuples[1]) |
+           Difference(first.tuples[2], second.tuples[2]) |
+           Difference(first.tuples[3], second.tuples[3]) |
+           Difference(first.tuples[4], second.tuples[4]);
+}
+
+} // namespace detail
+
+/// Whether unit and power are equal; of empty slots, too.
+inline bool operator==(Unit_tuple const& first, Unit_tuple const& second) noexcept {
+    return detail::Difference(first, second) == 0;
+}
+inline bool operator!=(Unit_tuple const& first, Unit_tuple const& second) noexcept {
+    return !(first == second);
+}
+
+/// Whether two descriptors are equal in every field, slot by slot: marker, prefix, units and
+/// powers, powers of empty slots included. Nothing is arranged; km and m are not equal.
+inline bool operator==(Units const& first, Units const& second) noexcept {
+    return first.spl_conv == second.spl_conv && first.si_prefix == second.si_prefix &&
+           detail::Difference_of_tuples(first, second) == 0;
+}
+inline bool operator!=(Units const& first, Units const& second) noexcept {
+    return !(first == second);
+}
 
 /// The key of a conversion that needs a second value. It refers to descriptors and copies nothing:
 /// the three must outlive the key.

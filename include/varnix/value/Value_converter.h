@@ -26,10 +26,13 @@
 
 namespace Varnix::Value {
 
-/// What the numbers of a conversion go through, in this order. All of it follows from the two
-/// units; a program has no use for it.
+namespace detail {
+
+// What the numbers of a conversion go through, in this order: the rules, the way out of decibels,
+// the factors, the way into decibels. All of it follows from the two units. A program has no use
+// for it.
 struct Conversion_steps {
-    /// A formula of the conversion rules; `identity` is that of power written as a product.
+    // A formula of the conversion rules; `identity` is that of power written as a product.
     enum class Formula : std::uint8_t {
         identity,
         celsius_to_fahrenheit,
@@ -39,24 +42,26 @@ struct Conversion_steps {
         kelvin_to_celsius,
         kelvin_to_fahrenheit,
     };
-    /// One rule applied: its formula, and whether the number is inverted afterwards.
-    struct Rule {
+    // A rule that is applied: its formula, and whether the number is inverted afterwards.
+    struct Applied_rule {
         Formula formula;
         bool inverts;
     };
-    /// Volts and amperes have one target among the rules, and temperatures another: no two units in
-    /// canonical order name more than three rules.
+    // Volts and amperes have one target among the rules, and temperatures another: no two units in
+    // canonical order name more than three rules.
     static constexpr std::size_t Rule_limit = 3;
 
-    Rule rules[Rule_limit];  ///< the rules that are applied before all else
-    std::uint8_t rule_count; ///< how many they are
-    bool from_decibels;      ///< whether the numbers are then made linear
-    bool to_decibels;        ///< whether they are turned into decibels at the end
-    double source_product;   ///< the product of the exponents of a source in decibels
-    double factor;           ///< the factor, the prefix of the source included
-    double target_scale;     ///< the reciprocal scale of the target's prefix; 1.0 without prefix
-    double target_product;   ///< the product of the exponents of a target in decibels, times 10
+    Applied_rule rules[Rule_limit];
+    std::uint8_t rule_count;
+    bool from_decibels;
+    bool to_decibels;
+    double source_product; // of the exponents of a source in decibels
+    double factor;         // the prefix of the source included
+    double target_scale;   // the reciprocal scale of the target's prefix; 1.0 without prefix
+    double target_product; // of the exponents of a target in decibels, times 10
 };
+
+} // namespace detail
 
 /// A prepared conversion from one unit to another. It allocates nothing and is copied freely.
 template <typename Number>
@@ -87,7 +92,7 @@ class Value_converter {
   private:
     Units source; // as given
     Units target; // in canonical order
-    Conversion_steps steps;
+    detail::Conversion_steps steps;
 };
 
 extern template class VARNIX_VALUE_EXPORT Value_converter<double>;

@@ -220,7 +220,9 @@ class Value_object {
     /// - Two plain ratios in decibels combine as decibels: 3 dB += 3 dB is 6 dB.
     /// - Two decibel values with units combine as the quantities they stand for: 10 dBm += 10 dBm
     ///   is 13.01 dBm.
-    /// - A plain ratio in decibels scales a linear value that has a unit: 2 W += 3 dB is 3.99 W.
+    /// - A plain ratio in decibels scales a linear value: 2 W += 3 dB is 3.99 W. Only where the
+    ///   object's tuples are those of `C_Empty` and neither side has a prefix are both quantities:
+    ///   2 += 3 dB is 3.995.
     /// - One decibel value otherwise: both are made linear in this object's unit, combined, and
     ///   turned back if this object is in decibels.
     /// @throws UnitDimensionNotProper when one of the two is in decibels and exactly one has a unit

@@ -81,6 +81,10 @@ struct Unit_case {
     char const* full_name;
 };
 
+SI_units Power_of_ten(int exponent) {
+    return static_cast<SI_units>(exponent);
+}
+
 class Unit_texts : public ::testing::TestWithParam<Unit_case> {};
 
 TEST_P(Unit_texts, Are_explicit_where_the_plain_one_is_not) {
@@ -90,15 +94,29 @@ TEST_P(Unit_texts, Are_explicit_where_the_plain_one_is_not) {
 
 // clang-format off
 Unit_case const unit_cases[] = {
-    {"Speed",        C_Kmph,                                         "Km/h",            "kilometer/hour"},
+    {"Speed",        C_Kmph,                                         "km/h",            "kilometer/hour"}, // the core's symbol is "Km/h"
     {"Product",      Unit({{METER, 1}, {SECOND, 1}}),                "m*s",             "meters*seconds"}, // "ms" are milliseconds
     {"Denominators", Unit({{METER, 1}, {KELVIN, -1}, {SECOND, -1}}), "m/Ks",            "meters/kelvinseconds"},
     {"TwoProducts",  Unit({{AMP, 1}, {METER, 1}, {KELVIN, -1}, {MINUTE, -1}}), "Am/Kmin", "ampsmeters/kelvinminutes"},
-    {"KiloArea",     Unit({{METER, 2}}, KILO),                       "km^2",            "kilometers^2"}, // a thousand square metres
+    {"KiloArea",     Unit({{METER, 2}}, KILO),                       "k(m^2)",          "kilo(meters^2)"}, // a thousand square metres
     {"LevelOfMeter", Unit({{METER, 1}}, NO_PREFIX, SPL_DB),          "dB(m)",           "dBmeters"}, // "dBm" has watts
     {"MilliInch",    Unit({{INCH, 1}}, MILLI),                       "milli(in)",       "milliinches"}, // "min" is the minute, "m(in)" a metre
     {"MilliPerBit",  Unit({{BIT, -1}}, MILLI),                       "milli(1/b)",      "milli/bits"}, // "m/b" has metres
-    {"PerSecond",    Unit({{SECOND, -1}}, CENTI),                    "c/s",             "centi/seconds"},
+    {"PerSecond",    Unit({{SECOND, -1}}, CENTI),                    "cHz",             "centihertz"},
+    {"PerTera",      C_THz,                                          "THz",             "terahertz"}, // the core has no name for it
+    {"SquareKilo",   Unit({{METER, 2}}, MEGA),                       "(km)^2",          "(kilometers)^2"},
+    {"SquareCenti",  Unit({{METER, 2}}, Power_of_ten(-4)),           "(cm)^2",          "(centimeters)^2"}, // no prefix has 10^-4
+    {"SquareKibi",   Unit({{BYTE, 2}}, MEBI),                        "(KiB)^2",         "(kibibytes)^2"},
+    {"PerCenti",     Unit({{VOLT, 1}, {METER, -1}}, Power_of_ten(2)), "V/cm",           "volts/centimeters"},
+    {"NoPrefix",     Unit({{METER, 1}}, Power_of_ten(5)),            "(10^5 m)",        "(10^5 meters)"},
+    {"SmallNoPrefix", Unit({{METER, 2}, {SECOND, -1}}, Power_of_ten(-7)), "(10^-7 m^2/s)", "(10^-7 meters^2/seconds)"},
+    {"PerHertz",     Unit({{WATT, 1}, {SECOND, 1}}, MILLI, SPL_DB),  "dBm/Hz",          "dBmilliwatts/hertz"},
+    {"PerKilohertz", Unit({{WATT, 1}, {SECOND, 1}}, MICRO, SPL_DB),  "dBm/kHz",         "dBmicrowatts/hertz"},
+    {"WattsPerHertz", Unit({{WATT, 1}, {SECOND, 1}}, NO_PREFIX, SPL_DB), "dBW/Hz",      "dBwatts/hertz"},
+    {"Linear",       Unit({{WATT, 1}, {SECOND, 1}}),                 "Ws",              "wattsseconds"},
+    {"Hertz",        Unit({{SECOND, -1}}, NO_PREFIX, SPL_DB),        "dB-Hz",           "dBhertz"},
+    {"Area",         Unit({{METER, 2}}, NO_PREFIX, SPL_DB),          "dBsm",            "dBmeters^2"},
+    {"PerKelvin",    Unit({{KELVIN, -1}}, NO_PREFIX, SPL_DB),        "dB/K",            "dB(/kelvin)"},
     {"Unknown",      Unit({{unknown_unit, 1}}),                      "",                ""},
 };
 // clang-format on

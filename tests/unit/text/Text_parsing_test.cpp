@@ -110,7 +110,7 @@ TEST(Parsing, Reads_every_prefix_on_every_unit) {
             }
         }
     }
-    EXPECT_EQ(others, (std::vector<std::string>{"nmi refused", "min C_Min", "db refused", "dB C_DB"}));
+    EXPECT_EQ(others, (std::vector<std::string>{"nmi refused", "min C_Min", "mb refused", "mB refused", "db refused", "dB C_DB", "Min refused"}));
 }
 
 Units Random_compound(std::mt19937& random) {
@@ -132,12 +132,24 @@ Units Random_compound(std::mt19937& random) {
     return Units_library::Arrange_tuple(unit);
 }
 
-// What is not read back is refused, or is what another unit is printed as: nothing is misread. Only
-// "ohms" is the name of the ohm wherever it stands, and never ohms times seconds.
+// The core prints a prefix before a power that does not raise it, and a metre before a time, "mh^2" and
+// "/ms"; such texts are read by the rule that a power belongs to the prefixed unit, and as per millisecond.
+bool Is_read_by_rule(Units unit, Units read) {
+    bool const metre = std::any_of(std::begin(unit.tuples), std::end(unit.tuples),
+                                   [](Unit_tuple const& own) { return own.unit == METER && std::abs(own.exponent) == 1; });
+    bool const prefixed = unit.si_prefix != NO_PREFIX;
+    unit.si_prefix = NO_PREFIX;
+    read.si_prefix = NO_PREFIX;
+    return metre || (prefixed && unit == read);
+}
+
+// What the core prints is refused, or read as it was meant, or as another unit that is printed alike,
+// or by the rule of powers: nothing else is misread. Only "ohms" is the name of the ohm wherever it
+// stands, and never ohms times seconds.
 TEST(Parsing, Reads_compound_units_as_they_are_printed) {
     std::mt19937 random(5); // the same in every run
     int read_back = 0;
-    int alike = 0;
+    int otherwise = 0;
     constexpr int count = 20000;
     for (int k = 0; k < count; ++k) {
         Units const unit = Random_compound(random);
@@ -148,13 +160,36 @@ TEST(Parsing, Reads_compound_units_as_they_are_printed) {
         } else if (result) {
             std::vector<std::string> const texts = Printed(*result);
             bool const printed_alike = std::count(texts.begin(), texts.end(), text) != 0;
-            EXPECT_TRUE(printed_alike || text.find("ohms") != std::string::npos)
+            EXPECT_TRUE(printed_alike || text.find("ohms") != std::string::npos || Is_read_by_rule(unit, *result))
                 << text << " is " << Written(unit) << " and not " << Written(*result);
-            ++alike;
+            ++otherwise;
         }
     }
-    EXPECT_GT(read_back, count * 95 / 100);
-    EXPECT_LT(alike, count / 100);
+    EXPECT_GT(read_back, count * 3 / 4);
+    EXPECT_LT(otherwise, count / 5);
+}
+
+TEST(Parsing, Reads_compound_units_as_they_are_written) {
+    std::mt19937 random(6);
+    for (int k = 0; k < 20000; ++k) {
+        Units const unit = Random_compound(random);
+        std::string const text = Format_unit(unit, random() % 2 == 0 ? STR_SYMBOL : STR_NAME);
+        EXPECT_EQ(Outcome(Try_parse_unit(text)), Written(unit)) << text;
+    }
+}
+
+// Every power of ten that a descriptor holds is read from its text, before a product and raised.
+TEST(Parsing, Holds_every_power_of_ten) {
+    for (int scale = -45; scale <= 45; ++scale) {
+        std::string const text = "(10^" + std::to_string(scale) + " m^2/s)";
+        bool const binary = scale > 0 && scale % 10 == 0;
+        bool const held = scale >= -40 && scale <= 40 && scale != 0 && !binary;
+        auto const unit = Try_parse_unit(text);
+        ASSERT_EQ(static_cast<bool>(unit), held) << text;
+        if (held) {
+            EXPECT_EQ(Written(*unit), Written(Unit({{METER, 2}, {SECOND, -1}}, static_cast<SI_units>(scale))));
+        }
+    }
 }
 
 TEST(Parsing, Keeps_every_bit_of_numbers_and_bounds) {
@@ -183,12 +218,52 @@ TEST(Parsing, Reads_other_numbers_on_request) {
     EXPECT_EQ(Parse_number("+Infinity", all), HUGE_VAL);
     EXPECT_TRUE(std::isnan(Parse_number("nan", all)));
     EXPECT_TRUE(Is(Parse_quantity("1 [-inf, inf] V", all), 1.0, -HUGE_VAL, HUGE_VAL, C_Volts));
+    EXPECT_TRUE(Is(Parse_quantity("1 ± inf V", all), 1.0, -HUGE_VAL, HUGE_VAL, C_Volts));
     for (char const* const text : {"0x", "0x-1", "--1", "+-1", "-", ".", "e5", "", " ", "0x1.8p3p", "in"}) {
         EXPECT_FALSE(Try_parse_number(text, all)) << text;
     }
     for (char const* const text : {"0x1", "inf", "nan", "-Inf", "1e309", "1e-400", "1 V", "1.5.2", "1e5e5"}) {
         EXPECT_FALSE(Try_parse_number(text)) << text;
     }
+}
+
+std::string Parts_of(Decimal_text const& number) {
+    std::string const scale = number.power_of_ten == 0 ? "" : "*10^" + std::to_string(number.power_of_ten);
+    return (number.negative ? "-" : "") + std::string(number.digits) + scale + "=" + Written(number.nearest);
+}
+
+TEST(Parsing, Splits_quantities) {
+    struct Row {
+        char const* text;
+        Quantity_form form;
+        char const* numbers;
+        char const* unit;
+        std::size_t bounds_position;
+        std::size_t unit_position;
+    };
+    Row const rows[] = {
+        {" −5.0 pinch ", Quantity_form::value_alone, "-5.0=-5", "pinch", 0, 8}, // no unit is read
+        {"5.0 ± 0.10 V", Quantity_form::deviation, "5.0=5 0.10=0.1 0.10=0.1", "V", 4, 12},
+        {"(+5 +- 1e-1)", Quantity_form::deviation, "5=5 1e-1=0.1 1e-1=0.1", "", 4, 0},
+        {"5 +0.2/-0.1 Δ°C", Quantity_form::deviations, "5=5 0.1=0.1 0.2=0.2", "Δ°C", 2, 12},
+        {"5 V\u202F[-4.90, 5]", Quantity_form::bounds, "5=5 -4.90=-4.9 5=5", "V", 6, 2},
+        {"-5.00(30)E+2V", Quantity_form::last_digits, "-5.00*10^2=-500 30=30 30=30", "V", 5, 12},
+        {"5.(3)", Quantity_form::last_digits, "5.=5 3=3 3=3", "", 2, 0},
+        {"0.50(3)", Quantity_form::last_digits, "0.50=0.5 3*10^-2=0.03 3*10^-2=0.03", "", 4, 0},
+    };
+    for (Row const& row : rows) {
+        auto const parts = Try_split_quantity(row.text);
+        ASSERT_TRUE(parts) << row.text;
+        EXPECT_EQ(parts->form, row.form) << row.text;
+        bool const alone = row.form == Quantity_form::value_alone;
+        EXPECT_EQ(Parts_of(parts->value) + (alone ? "" : ' ' + Parts_of(parts->lower) + ' ' + Parts_of(parts->upper)), row.numbers);
+        EXPECT_EQ(parts->unit, row.unit) << row.text;
+        EXPECT_EQ(parts->bounds_position, row.bounds_position) << row.text;
+        EXPECT_EQ(parts->unit_position, row.unit_position) << row.text;
+    }
+    EXPECT_EQ(Try_split_quantity("5 ± inf V", {false, true})->upper.digits, "inf");
+    EXPECT_EQ(Try_split_quantity("5 ± 2 percent V").Get_fault().position, 7U);
+    EXPECT_FALSE(Try_split_quantity(std::string(Longest_text + 1, '5')));
 }
 
 TEST(Parsing, Throws_what_it_would_return) {
@@ -204,6 +279,95 @@ TEST(Parsing, Throws_what_it_would_return) {
     EXPECT_EQ(first.Get_fault().position, 2U);
     EXPECT_THROW((void)*Try_parse_number("x"), TextNotValid);
     EXPECT_THROW((void)Try_parse_number("1").Get_fault(), std::bad_variant_access);
+}
+
+// ---- The dialect of instruments
+
+TEST(Scpi, Reads_suffixes_in_any_case) {
+    struct Row {
+        char const* text;
+        char const* unit;
+    };
+    Row const rows[] = {
+        {"DBM", "C_DBmW"},
+        {"dbm", "C_DBmW"},
+        {"DB", "C_DB"},
+        {"DBW", "C_DBW"},
+        {"DBUV", "micro:dB:volts"},
+        {"DBMV", "milli:dB:volts"},
+        {"DBM/HZ", "milli:dB:watts,seconds"},
+        {"DBUV/M", "micro:dB:volts,meters^-1"},
+        {"MV", "C_MilliVolts"},
+        {"MAV", "mega:volts"},
+        {"MW", "C_MilliWatts"}, // as the library prints milliwatts
+        {"MA", "C_MilliAmps"},
+        {"MAA", "mega:amps"},
+        {"MOHM", "C_MegaOhms"}, // M is mega before these two
+        {"MAOHM", "C_MegaOhms"},
+        {"KOHM", "C_KiloOhms"},
+        {"MHZ", "C_MHz"},
+        {"MAHZ", "C_MHz"},
+        {"KHZ", "C_KHz"},
+        {"Ghz", "C_GHz"},
+        {"EXHZ", "exa:seconds^-1"},
+        {"FS", "10^-15:seconds"},
+        {"AS", "10^-18:seconds"},
+        {"NS", "C_NanoSecond"},
+        {"MS", "C_MilliSecond"},
+        {"MIN", "C_Min"},
+        {"HR", "C_Hrs"},
+        {"MM", "C_MilliMeter"},
+        {"M", "C_Meter"},
+        {"KM", "C_KMeter"},
+        {"CEL", "C_DgreeC"},
+        {"FAR", "C_DgreeF"},
+        {"K", "C_Kelvin"},
+        {"PCT", "C_Percent"},
+        {"PPM", "C_PPM"},
+        {"DEG", "C_Degree"},
+        {"KG", "kilo:grams"},
+        {"M/S2", "C_MeterPerSecondSquared"},
+        {"M.S-2", "C_MeterPerSecondSquared"},
+        {"M/S/S", "C_MeterPerSecondSquared"},
+        {"V^2/OHM", "C_Volt2PerOhms"},
+        {"CM2", "10^-4:meters^2"}, // a power belongs to the multiplied suffix
+        {" 1/S ", "C_Hz"},
+        {"KMPH", "C_Kmph"},
+    };
+    for (Row const& row : rows) {
+        EXPECT_EQ(Outcome(Try_parse_unit(row.text, Dialect::scpi)), row.unit) << row.text;
+        EXPECT_EQ(Outcome(Try_parse_quantity("+1.50E+00" + std::string(row.text), {}, Dialect::scpi)).substr(0, 4), "1.5 ") << row.text;
+    }
+    for (char const* const text :
+         {"", "DBC", "DBM/S", "KKTS", "KMMPH", "Ω", "M/", "M..S", "M^", "M-", "M0", "M2147483649", "V 5", "B", "(M)", "DB M"}) {
+        EXPECT_FALSE(Try_parse_unit(text, Dialect::scpi)) << text;
+    }
+    EXPECT_EQ(Parse_unit("km", Dialect::standard), Parse_unit("KM", Dialect::scpi));
+    EXPECT_THROW((void)Parse_quantity("5 KHX", {}, Dialect::scpi), TextNotValid);
+}
+
+// Not so: those of data, which share their letters with others; a prefix alone before a '/'; units run
+// together; and "MOHM", which is a megaohm to instruments.
+TEST(Scpi, Reads_upper_case_texts_back) {
+    std::string others;
+    for (Named_unit const& named : Named_units()) {
+        std::string const text = Units_library::Get_unit_string(named.unit, STR_UPPER_CASE);
+        auto const unit = Try_parse_unit(text, Dialect::scpi);
+        bool const data = Units_library::Get_dimension(named.unit.tuples[0].unit) == DATA_SIZE;
+        if (!data && (!unit || !(*unit == named.unit))) {
+            others += std::string(others.empty() ? "" : " ") + named.constant;
+        }
+    }
+    EXPECT_EQ(others, "C_Empty C_THz C_MilliOhms C_VoltAmps C_Amps2Ohms");
+}
+
+TEST(Scpi, Tells_numbers_that_are_none) {
+    EXPECT_EQ(Scpi_meaning(Parse_number("+9.91E37")), Scpi_number::not_a_number);
+    EXPECT_EQ(Scpi_meaning(Parse_number("9.90000E+37")), Scpi_number::infinity);
+    EXPECT_EQ(Scpi_meaning(Parse_number("-9.9E37")), Scpi_number::negative_infinity);
+    for (double const number : {0.0, -9.91e37, 9.92e37, 1e300, HUGE_VAL}) {
+        EXPECT_EQ(Scpi_meaning(number), Scpi_number::ordinary) << number;
+    }
 }
 
 // ---- Hostile texts
@@ -285,7 +449,7 @@ TEST(Kinds, Know_every_unit) {
         EXPECT_EQ(Named_units()[k].unit, *named_constants[k].unit);
         EXPECT_STREQ(Named_units()[k].constant, named_constants[k].name);
     }
-    EXPECT_EQ(Catalogue_units().size(), static_cast<std::size_t>(SYMBOL));
+    EXPECT_EQ(Catalogue_units().size(), static_cast<std::size_t>(Unit_code_limit - 1));
     EXPECT_EQ(Prefixes().size(), 22U);
 }
 

@@ -2,8 +2,8 @@
 // prepared conversions and arrays all use them. Each is rounded operation by operation, in the
 // order written.
 
-#ifndef VARNIX_VALUE_NUMBER_FORMULAS_H
-#define VARNIX_VALUE_NUMBER_FORMULAS_H
+#ifndef VARNIX_VALUE_CONVERSION_FORMULAS_H
+#define VARNIX_VALUE_CONVERSION_FORMULAS_H
 
 #include <varnix/value/Value_converter.h>
 #include <varnix/value/Value_object.h>
@@ -12,11 +12,12 @@
 
 namespace Varnix::Value {
 
+using detail::Conversion_steps;
 using Formula = Conversion_steps::Formula;
 
 // Calls `use` with the formula, a function of a number, and returns what it returns.
 template <typename Use>
-auto With_formula(Formula formula, Use const& use) {
+[[gnu::always_inline]] inline auto With_formula(Formula formula, Use const& use) {
     constexpr double scale = Value_object<double>::FAHR_TO_CELCIUS_CONV_FACT;
     constexpr double fahrenheit_offset = Value_object<double>::FAHR_CELCIUS_CONST;
     constexpr double kelvin_offset = Value_object<double>::KELVIN_CONST;

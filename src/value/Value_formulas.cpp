@@ -1,11 +1,8 @@
 // The formulas behind the conversions: temperatures, electrical relations and decibels. Each is
 // rounded operation by operation, in the order written.
 
-#ifndef VARNIX_VALUE_VALUE_FORMULAS_H
-#define VARNIX_VALUE_VALUE_FORMULAS_H
-
-#include "conversion/Number_formulas.h"
-#include "conversion/Value_steps.h"
+#include "conversion/Formulas.h"
+#include "conversion/Numbers.h"
 
 #include <cmath>
 
@@ -16,8 +13,8 @@ namespace Varnix::Value {
 namespace {
 
 // A value made by the constructor, which arranges and checks the target.
-inline Value_object<double> Converted_by(Formula formula, Value_object<double> const& source,
-                                         Units const& target) {
+Value_object<double> Converted_by(Formula formula, Value_object<double> const& source,
+                                  Units const& target) {
     return With_formula(formula, [&source, &target](auto const& number) {
         return Value_object<double>(number(source.Get_value()), target,
                                     number(source.Get_minus_err()), number(source.Get_plus_err()));
@@ -138,6 +135,35 @@ Value_object<Number> Value_object<Number>::Apply_DB(Value_object const& source) 
     return Value_numbers::Made(In_decibels(Value_numbers::Of(source), source.unit), source.unit);
 }
 
-} // namespace Varnix::Value
+// ---- The instantiations
 
-#endif
+template Value_object<double>
+Value_object<double>::Convert_degreeC_to_degreeF(Value_object const&, Units const&) noexcept;
+template Value_object<double> Value_object<double>::Convert_degreeF_to_degreeC(Value_object const&,
+                                                                               Units const&);
+template Value_object<double> Value_object<double>::Convert_degreeC_to_kelvin(Value_object const&,
+                                                                              Units const&);
+template Value_object<double> Value_object<double>::Convert_degreeF_to_kelvin(Value_object const&,
+                                                                              Units const&);
+template Value_object<double> Value_object<double>::Convert_kelvin_to_degreeC(Value_object const&,
+                                                                              Units const&);
+template Value_object<double> Value_object<double>::Convert_kelvin_to_degreeF(Value_object const&,
+                                                                              Units const&);
+template Value_object<double> Value_object<double>::Power_conversion(Value_object const&,
+                                                                     Units const&);
+template Value_object<double>
+Value_object<double>::Volt_watt_amp_with_master_watt(Value_object const&, Value_object const&,
+                                                     Units const&);
+template Value_object<double> Value_object<double>::Volt_watt_amp_with_spl_watt(Value_object const&,
+                                                                                Value_object const&,
+                                                                                Units const&);
+template Value_object<double>
+Value_object<double>::Volt_amp_to_watt(Value_object const&, Value_object const&, Units const&);
+template Value_object<double>
+Value_object<double>::Volt_ohm_to_watt(Value_object const&, Value_object const&, Units const&);
+template Value_object<double>
+Value_object<double>::Watt_ohm_to_volt(Value_object const&, Value_object const&, Units const&);
+template Value_object<double> Value_object<double>::Normalize_DB(Value_object const&) noexcept;
+template Value_object<double> Value_object<double>::Apply_DB(Value_object const&) noexcept;
+
+} // namespace Varnix::Value

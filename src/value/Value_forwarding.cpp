@@ -1,8 +1,5 @@
 // The members of value objects that hand a question on to the unit algebra.
 
-#ifndef VARNIX_VALUE_VALUE_FORWARDING_H
-#define VARNIX_VALUE_VALUE_FORWARDING_H
-
 #include <varnix/value/Value_object.h>
 
 namespace Varnix::Value {
@@ -48,6 +45,16 @@ std::string Value_object<Number>::Get_unit_string_name(Unit_string_type const& t
     return Get_unit_string(type);
 }
 
-} // namespace Varnix::Value
+// ---- The instantiations
 
-#endif
+template double Value_object<double>::Get_conversion_factor(Units const&, Units const&);
+template double Value_object<double>::Get_tuple_conversion_factor(Unit_tuple const&,
+                                                                  Unit_tuple const&);
+template Dimension Value_object<double>::Get_dimension(Units_list const&);
+template Units Value_object<double>::Multiply_units(Units const&, Units const&) const;
+template Units Value_object<double>::Divide_units(Units const&, Units const&) const;
+template Units Value_object<double>::Get_base_unit(Units const&) const;
+template std::string Value_object<double>::Get_unit_string(Unit_string_type const&) const;
+template std::string Value_object<double>::Get_unit_string_name(Unit_string_type const&) const;
+
+} // namespace Varnix::Value

@@ -1,13 +1,12 @@
-// What the algorithms of value objects share: value and bounds as they are worked on, and questions
-// about a unit.
+// Value and bounds as they are worked on, and what conversions and arithmetic ask of a unit.
 //
 // Nothing here is kept by anyone: an algorithm takes the numbers out of its operands, works on
 // them, and makes or stores the result at its end.
 
-#ifndef VARNIX_VALUE_VALUE_STEPS_H
-#define VARNIX_VALUE_VALUE_STEPS_H
+#ifndef VARNIX_VALUE_CONVERSION_NUMBERS_H
+#define VARNIX_VALUE_CONVERSION_NUMBERS_H
 
-#include "conversion/Number_formulas.h"
+#include "conversion/Formulas.h"
 #include "errors/Throw.h"
 
 #include <varnix/value/Units_library.h>
@@ -47,14 +46,33 @@ struct Numbers {
         plus_err = step(plus_err);
     }
 
+    // The same for a step that takes long: bounds that equal the value need not go through it.
+    // Zeros of either sign do, since they are equal and their results may not be.
+    template <typename Step>
+    void Transform_equal_ones_once(Step const& step) {
+        double const before = value;
+        bool const reusable = before != 0.0;
+        value = step(value);
+        minus_err = reusable && minus_err == before ? value : step(minus_err);
+        plus_err = reusable && plus_err == before ? value : step(plus_err);
+    }
+
     void Scale(double factor) {
         Transform([factor](double number) { return number * factor; });
     }
 
-    // Puts the larger bound into plus_err, as storing a value does. A bound that is not a number is
-    // not larger, so that ordering twice leaves it where it was.
+    // Puts the larger bound into plus_err, as storing a value does. Where neither is larger, as
+    // where one is not a number, the two are exchanged.
     void Order() {
         if (!(plus_err > minus_err)) {
+            std::swap(minus_err, plus_err);
+        }
+    }
+
+    // As ordering twice, which is what becomes of a value that is made and then stored: two bounds
+    // of which neither is larger are where they were.
+    void Order_as_made_and_copied() {
+        if (minus_err > plus_err) {
             std::swap(minus_err, plus_err);
         }
     }
@@ -83,6 +101,20 @@ struct Value_numbers {
 
     static Value_object<double> Made(Numbers const& numbers, Units const& unit) {
         return Value_object<double>(numbers.value, numbers.minus_err, numbers.plus_err, unit);
+    }
+
+    // As `Set`, with the unit that the object has.
+    static void Store(Value_object<double>& object, Numbers numbers) {
+        numbers.Order();
+        object.value = numbers.value;
+        object.minus_err = numbers.minus_err;
+        object.plus_err = numbers.plus_err;
+    }
+
+    // As `Set`.
+    static void Store(Value_object<double>& object, Numbers const& numbers, Units const& unit) {
+        Store(object, numbers);
+        object.unit = unit;
     }
 
     // The unit itself; Get_unit copies it.
@@ -129,12 +161,13 @@ inline bool Is_bare(Units const& unit) {
 
 // Not in line, as the powers and logarithms are long beside any call.
 [[gnu::noinline]] inline Numbers Made_linear(Numbers numbers, double product) {
-    numbers.Transform([product](double decibels) { return Decibels_to_linear(decibels, product); });
+    numbers.Transform_equal_ones_once(
+        [product](double decibels) { return Decibels_to_linear(decibels, product); });
     return numbers;
 }
 
 [[gnu::noinline]] inline Numbers Made_decibels(Numbers numbers, double multiplier) {
-    numbers.Transform(
+    numbers.Transform_equal_ones_once(
         [multiplier](double linear) { return Linear_to_decibels(linear, multiplier); });
     return numbers;
 }

@@ -1,12 +1,8 @@
 // Construction, setters, getters and predicates of value objects.
 
-#ifndef VARNIX_VALUE_VALUE_CORE_H
-#define VARNIX_VALUE_VALUE_CORE_H
-
 #include <varnix/value/Value_object.h>
 
-#include "conversion/Conversion_plan.h"
-#include "conversion/Value_steps.h"
+#include "conversion/Conversion.h"
 #include "units/Tuples.h"
 #include "units/Unit_facts.h"
 
@@ -21,9 +17,12 @@ Value_object<Number>::Value_object() noexcept
 template <typename Number>
 Value_object<Number>::Value_object(Number const& new_value, Units const& new_unit,
                                    Number const& new_minus_err, Number const& new_plus_err) {
-    Units storage;
-    Units const& arranged = Arranged_source(new_unit, storage);
-    Set(new_value, arranged, new_minus_err, new_plus_err);
+    // Nearly all units are in canonical order already, and need no copy.
+    if (Canonical_dimensions(new_unit) != Not_canonical) {
+        Set(new_value, new_unit, new_minus_err, new_plus_err);
+    } else {
+        Set(new_value, Arranged_and_packed(new_unit), new_minus_err, new_plus_err);
+    }
 }
 
 template <typename Number>
@@ -88,6 +87,10 @@ void Value_object<Number>::Is_value_in_range(Value_object const& v) {
     Require_finite(Value_numbers::Of(v));
 }
 
-} // namespace Varnix::Value
+// ---- The instantiation: of what is defined here and of what the header defines within the class,
+// which a program that is built without optimisation calls in the library. Other members have
+// theirs beside them.
 
-#endif
+template class Value_object<double>;
+
+} // namespace Varnix::Value

@@ -1,0 +1,281 @@
+#include "Unit_traps.h"
+
+#include "Characters.h"
+#include "Powers.h"
+
+#include <varnix/value/Units_library.h>
+
+namespace Varnix::Value {
+
+namespace {
+
+using Kind = Character_kind;
+
+Unit_words const& Words() {
+    return Unit_words::Get();
+}
+
+std::string Symbol(Units_list unit) {
+    return Units_library::Get_unit_string({SPL_NONE, NO_PREFIX, {{unit, 1}}}, STR_SYMBOL);
+}
+
+std::string Power_text(std::int64_t power) {
+    return power == 1 ? "" : '^' + std::to_string(power);
+}
+
+} // namespace
+
+std::string Written(Reading const& reading) {
+    Units const prefix = {SPL_NONE, reading.prefix, {}};
+    std::string const name = Units_library::Get_unit_str_si_map(prefix, STR_NAME);
+    if (reading.count == 1) {
+        std::int64_t const power = reading.units[0].power;
+        std::string const symbol = Symbol(reading.units[0].unit);
+        return (name.empty() ? symbol : name + '(' + symbol + ')') + Power_text(power);
+    }
+    // A power of the first unit raises the prefix as well, which parentheses would not show.
+    bool const apart = reading.first_power != 1;
+    std::string text;
+    for (std::size_t k = 0; k < reading.count; ++k) {
+        std::string const symbol = Symbol(reading.units[k].unit);
+        bool const prefixed = apart && k == 0 && !name.empty();
+        text += k == 0 ? "" : "*";
+        if (prefixed) {
+            text.append(name).append(1, '(').append(symbol).append(1, ')');
+        } else {
+            text += symbol;
+        }
+        text += Power_text(reading.units[k].power);
+    }
+    return name.empty() || apart ? text : name + '(' + text + ')';
+}
+
+bool Is_time(Units_list unit) {
+    return Words().Dimension_of(unit) == TIME;
+}
+
+Text_fault Ambiguous(std::string_view text, std::size_t position, std::string const& first,
+                     std::string const& second) {
+    std::string_view const word = text.substr(position, End_of_letters(text, position) - position);
+    return {position, Quoted(word) + " is ambiguous: write " + first + " or " + second, {}};
+}
+
+// ---- Words
+
+namespace {
+
+struct Trap {
+    std::string_view text;
+    char const* reading;
+    char const* meant;
+};
+
+// clang-format off
+constexpr Trap traps[] = {
+    {"nmi",  "nano(mi)", "n.mi"}, // nautical miles
+    {"gm",   "g*m",      "g"},
+    {"gms",  "g*m*s",    "g"},
+    {"degK", "deg*K",    "K"},
+    {"Min",  "mega(in)", "min"},  // minutes with a capital letter
+};
+// clang-format on
+
+} // namespace
+
+std::optional<Text_fault> Word_fault(std::string_view text, std::size_t position, std::size_t end) {
+    std::string_view const word = text.substr(position, end - position);
+    for (Trap const& trap : traps) {
+        if (word == trap.text) {
+            return Ambiguous(text, position, trap.reading, trap.meant);
+        }
+    }
+    return std::nullopt;
+}
+
+namespace {
+
+// "kms", "kohms", "MBs", "kmh", "mins": a plural or a speed, more often than a product. Of volts,
+// amperes, watts and kelvin it is the product: "Ws" is a watt for a second.
+bool Looks_like_plural_or_speed(Reading const& reading) {
+    if (reading.count != 2 || reading.units[0].power != 1 || reading.units[1].power != 1) {
+        return false;
+    }
+    Dimension const first = Words().Dimension_of(reading.units[0].unit);
+    if (first == LENGTH) {
+        return Is_time(reading.units[1].unit);
+    }
+    bool const has_plural =
+        first == MASS || first == DATA_SIZE || first == DIMENSIONLESS || first == RESISTANCE;
+    return has_plural && reading.units[1].unit == SECOND;
+}
+
+} // namespace
+
+std::optional<Text_fault> Plural_fault(std::string_view text, std::size_t position,
+                                       Reading const& reading) {
+    if (!Looks_like_plural_or_speed(reading)) {
+        return std::nullopt;
+    }
+    std::string_view const word = text.substr(position, reading.end - position);
+    return Text_fault{position,
+                      Quoted(word) + " looks like a plural or a speed: write " + Written(reading) +
+                          " for the product",
+                      {}};
+}
+
+std::optional<Text_fault> Decibel_fault(std::string_view text, std::size_t position) {
+    std::string_view const start = text.substr(position, 2);
+    if (start == "dB") {
+        return Text_fault{position, "'dB' stands first; a tenth of a byte is deci(B)", {}};
+    }
+    if (start == "db") {
+        return Text_fault{position, "decibels are written 'dB', and a tenth of a bit deci(b)",
+                          "dB"};
+    }
+    return std::nullopt;
+}
+
+// ---- Prefixes
+
+namespace {
+
+// "ms^-1" is 1/ms by the rules of powers, and m/s to many.
+std::optional<Text_fault> Metre_fault(std::string_view text, std::size_t position,
+                                      Reading const& reading) {
+    Units_list const unit = reading.units[0].unit;
+    bool const after_metre = unit == SECOND || unit == MINUTE || unit == HOUR || unit == KELVIN;
+    if (!after_metre || reading.first_power > 0) {
+        return std::nullopt;
+    }
+    std::string const symbol = Symbol(unit);
+    std::size_t const end = End_of_letters(text, position);
+    if (text.substr(position + 1, end - position - 1) != symbol) { // "mHz^-1", "msec^-1"
+        return std::nullopt;
+    }
+    std::string const power = Power_text(reading.first_power);
+    return Ambiguous(text, position, "(m" + symbol + ')' + power, "m*" + symbol + power);
+}
+
+// "mB", "mbps": mega with a slip of case.
+std::optional<Text_fault> Data_fault(std::string_view text, std::size_t position,
+                                     Reading const& reading) {
+    Units_list const unit = reading.units[0].unit;
+    if (unit != BIT && unit != BYTE) {
+        return std::nullopt;
+    }
+    std::string const rest(
+        text.substr(position + 1, End_of_letters(text, position) - position - 1));
+    return Text_fault{position,
+                      "a thousandth of a bit or byte is hardly meant, and is written milli(" +
+                          Symbol(unit) + ')',
+                      'M' + rest};
+}
+
+} // namespace
+
+std::optional<Text_fault> Prefix_fault(std::string_view text, std::size_t position,
+                                       Reading const& reading) {
+    bool const by_symbol = text.substr(position, 5) != "milli";
+    if (reading.prefix != MILLI || !by_symbol) {
+        return std::nullopt;
+    }
+    std::optional<Text_fault> fault = Metre_fault(text, position, reading);
+    return fault ? fault : Data_fault(text, position, reading);
+}
+
+namespace {
+
+// What is meant by a prefix alone before a '/'.
+struct Lone_prefix {
+    char const* text;
+    char const* message;
+    char const* unit;
+};
+
+// clang-format off
+constexpr Lone_prefix lone_prefixes[] = {
+    {"c",  "'c' is the prefix centi; cycles per second are hertz",  "Hz"},
+    {"d",  "'d' is the prefix deci; days are 'dy'",                 "dy"},
+    {"Mi", "'Mi' is the prefix mebi; miles are 'mi'",               "mi"},
+};
+// clang-format on
+
+} // namespace
+
+std::optional<Text_fault> Lone_prefix_fault(std::string_view text, std::size_t position,
+                                            std::size_t end) {
+    for (Lone_prefix const& prefix : lone_prefixes) {
+        if (text.substr(position, end - position) == prefix.text) {
+            return Text_fault{position, prefix.message, prefix.unit};
+        }
+    }
+    return std::nullopt;
+}
+
+// ---- Units apart from each other
+
+namespace {
+
+// Units that kilo and milli often stand before, and kelvin and metre hardly ever.
+bool Is_electrical_or_data(Unit_word const& word) {
+    Unit_tuple const& first = word.unit.tuples[0];
+    Dimension const dimension = Words().Dimension_of(first.unit);
+    bool const hertz = first.unit == SECOND && first.exponent < 0;
+    return hertz || dimension == VOLTAGE || dimension == CURRENT || dimension == POWER ||
+           dimension == RESISTANCE || dimension == DATA_SIZE;
+}
+
+// "4.7K ohm", "10m ohm": no kelvin and no metre.
+std::optional<Text_fault> Kilo_fault(std::string_view text, std::size_t first, std::size_t second) {
+    std::size_t const end = End_of_letters(text, second);
+    std::string_view const word = text.substr(second, end - second);
+    Unit_word const* const unit = Words().Find_unit(word);
+    std::optional<Power> const power = Read_power(text, end);
+    if (unit == nullptr || !Is_electrical_or_data(*unit) || (power && power->value < 0)) {
+        return std::nullopt;
+    }
+    bool const kelvin = text[first] == 'K';
+    bool const name = (unit->form & symbol_form) == 0;
+    std::string const prefix = kelvin ? (name ? "kilo" : "k") : name ? "milli" : "m";
+    std::string const joined = prefix + std::string(word);
+    return Text_fault{first,
+                      std::string(kelvin ? "'K' is kelvin" : "'m' is metre") +
+                          " where it stands apart: write " + text[first] + '*' + std::string(word) +
+                          " for the product",
+                      Can_be_suggested(joined) ? joined : std::string()};
+}
+
+// "20 deg K", "degrees celsius".
+std::optional<Text_fault> Degree_fault(std::string_view text, std::size_t first,
+                                       std::size_t second) {
+    std::size_t const end = End_of_letters(text, second);
+    std::string_view const word = text.substr(second, end - second);
+    Unit_word const* const unit = Words().Find_unit(word);
+    Units_list const code = word == "C"       ? DEGREE_C
+                            : word == "F"     ? DEGREE_F
+                            : unit == nullptr ? NO_UNIT
+                                              : unit->unit.tuples[0].unit;
+    if (code == NO_UNIT || Words().Dimension_of(code) != TEMPERATURE) {
+        return std::nullopt;
+    }
+    return Text_fault{first, "degrees of angle stand before a temperature here", Symbol(code)};
+}
+
+} // namespace
+
+std::optional<Text_fault> Apart_fault(std::string_view text, std::size_t first, std::size_t end,
+                                      std::size_t second) {
+    std::string_view const word = text.substr(first, end - first);
+    if (word == "K" || word == "m") {
+        return Kilo_fault(text, first, second);
+    }
+    if (word[0] == 'd' || word == "\u00B0") {
+        Unit_word const* const unit = Words().Find_unit(word);
+        return unit != nullptr && unit->unit.tuples[0].unit == DEGREE
+                   ? Degree_fault(text, first, second)
+                   : std::nullopt;
+    }
+    return std::nullopt;
+}
+
+} // namespace Varnix::Value

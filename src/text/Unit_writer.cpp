@@ -1,0 +1,234 @@
+// Units as text: the nicest spelling that reads back as the same unit.
+//
+// A power belongs to the prefixed unit, as ISO 80000-1 has it, while the prefix of a descriptor
+// scales the whole. So most descriptors have several spellings, of which some mean something else;
+// each candidate is read, and the first that is the unit again is taken.
+
+#include <varnix/value/Text_formatting.h>
+#include <varnix/value/Text_parsing.h>
+#include <varnix/value/Units_library.h>
+
+#include <cstdint>
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+namespace Varnix::Value {
+
+namespace {
+
+std::string Spelled(Units const& unit, Unit_string_type spelling) {
+    return Units_library::Get_unit_string(unit, spelling);
+}
+
+std::string Prefix_text(std::int64_t prefix, Unit_string_type spelling) {
+    Units const unit = {SPL_NONE, static_cast<SI_units>(prefix), {}};
+    return Units_library::Get_unit_str_si_map(unit, spelling);
+}
+
+bool Reads_back(std::string const& text, Units const& unit) {
+    auto const read = Try_parse_unit(text);
+    return read && *read == unit;
+}
+
+Units Without_prefix(Units unit) {
+    unit.si_prefix = NO_PREFIX;
+    return unit;
+}
+
+// ---- Products and quotients
+
+// A unit with a power that is written as it stands.
+std::string Tuple_text(Unit_tuple const& tuple, Unit_string_type spelling) {
+    return Units_library::Get_unit_str_info_map({SPL_NONE, NO_PREFIX, {tuple}}, spelling);
+}
+
+// The tuple as it stands below the line. The one power that has no positive counterpart stays
+// negative, and is not read back.
+Unit_tuple Inverse(Unit_tuple tuple) {
+    tuple.exponent = tuple.exponent != INT32_MIN ? -tuple.exponent : tuple.exponent;
+    return tuple;
+}
+
+// The units with their powers above the line or below it, joined by "*"; `prefix` stands before the
+// one in slot `prefixed`.
+std::string Product(Units const& unit, Unit_string_type spelling, bool denominator,
+                    std::string const& prefix, std::size_t prefixed) {
+    std::string text;
+    for (std::size_t k = 0; k < Tuple_count; ++k) {
+        Unit_tuple const& tuple = unit.tuples[k];
+        if (tuple.unit == NO_UNIT || (tuple.exponent < 0) != denominator) {
+            continue;
+        }
+        text += text.empty() ? "" : "*";
+        text += k == prefixed ? prefix : "";
+        text += Tuple_text(denominator ? Inverse(tuple) : tuple, spelling);
+    }
+    return text;
+}
+
+// The units with every separator written: "m/(s*K)", "1/s", "V/cm".
+std::string Explicit_units(Units const& unit, Unit_string_type spelling,
+                           std::string const& prefix = {}, std::size_t prefixed = Tuple_count) {
+    std::string numerator = Product(unit, spelling, false, prefix, prefixed);
+    std::string const denominator = Product(unit, spelling, true, prefix, prefixed);
+    if (denominator.empty()) {
+        return numerator;
+    }
+    bool const several = denominator.find('*') != std::string::npos;
+    return (numerator.empty() ? "1" : numerator) + '/' +
+           (several ? '(' + denominator + ')' : denominator);
+}
+
+// ---- Linear units
+
+// "(km)^2": one unit with a power, where the prefix is a power of another one.
+std::string Power_of_prefixed(Units const& unit, Unit_string_type spelling) {
+    Unit_tuple const& tuple = unit.tuples[0];
+    bool const alone = tuple.unit != NO_UNIT && unit.tuples[1].unit == NO_UNIT;
+    if (!alone || tuple.exponent < 2 || unit.si_prefix % tuple.exponent != 0) {
+        return {};
+    }
+    std::string const prefix = Prefix_text(unit.si_prefix / tuple.exponent, spelling);
+    return prefix.empty() ? std::string()
+                          : '(' + prefix + Tuple_text({tuple.unit, 1}, spelling) + ")^" +
+                                std::to_string(tuple.exponent);
+}
+
+// "V/cm", "1/cm": the prefix at the first unit whose power lets it be one that has a name.
+std::string Prefix_at_a_unit(Units const& unit, Unit_string_type spelling) {
+    for (std::size_t k = 0; k < Tuple_count && unit.tuples[k].unit != NO_UNIT; ++k) {
+        std::int32_t const power = unit.tuples[k].exponent;
+        if (power == 0 || power == INT32_MIN || unit.si_prefix % power != 0) {
+            continue;
+        }
+        std::string const prefix = Prefix_text(unit.si_prefix / power, spelling);
+        if (!prefix.empty()) {
+            return Explicit_units(unit, spelling, prefix, k);
+        }
+    }
+    return {};
+}
+
+std::string With_power_of_ten(Units const& unit, std::string const& units) {
+    return "(10^" + std::to_string(unit.si_prefix) + ' ' + units + ')';
+}
+
+// "km/h" is prefix and units like any other; the special name of the core is "Km/h".
+bool Has_better_text_than_special_name(Units const& unit, Unit_string_type spelling) {
+    return spelling == STR_SYMBOL && unit == C_Kmph;
+}
+
+bool Is_hertz(Units const& unit) {
+    return Without_prefix(unit) == C_Hz;
+}
+
+// The spellings to try for a linear unit, the nicest first; an empty one is none. A prefix by its
+// name serves where its symbol does not: "min" is the minute, "m(in)" a metre, and "milli(in)" a
+// thousandth of an inch.
+std::vector<std::string> Linear_spellings(Units const& unit, Unit_string_type spelling) {
+    std::string const prefix = Prefix_text(unit.si_prefix, spelling);
+    std::string const units = Explicit_units(unit, spelling);
+    std::vector<std::string> texts;
+    if (Is_hertz(unit)) {
+        texts.push_back(prefix + Spelled(C_Hz, spelling));
+    }
+    if (!Has_better_text_than_special_name(unit, spelling)) {
+        texts.push_back(Spelled(unit, spelling));
+    }
+    texts.push_back(Power_of_prefixed(unit, spelling));
+    if (!prefix.empty() || unit.si_prefix == NO_PREFIX) {
+        texts.push_back(prefix + units);
+        texts.push_back(prefix + '(' + units + ')');
+        texts.push_back(Prefix_text(unit.si_prefix, STR_NAME) + '(' + units + ')');
+    }
+    texts.push_back(Prefix_at_a_unit(unit, spelling));
+    texts.push_back(With_power_of_ten(unit, units));
+    return texts;
+}
+
+// ---- Levels
+
+// The prefixes with which a level per hertz is one of milliwatts per multiple of a hertz.
+struct Bandwidth {
+    SI_units prefix;
+    char const* text;
+};
+constexpr Bandwidth bandwidths_of_milliwatts[] = {
+    {MILLI, "dBm/Hz"},
+    {MICRO, "dBm/kHz"},
+    {NANO, "dBm/MHz"},
+};
+
+// A level per hertz, whose unit has a second above the line: "dBm/kHz", "dBW/Hz".
+std::string Density_text(Units const& unit, Unit_string_type spelling) {
+    Units const watts = {SPL_DB, unit.si_prefix, {{WATT, 1}, {SECOND, 1}}};
+    for (Bandwidth const& bandwidth : bandwidths_of_milliwatts) {
+        if (unit == watts && unit.si_prefix == bandwidth.prefix && spelling == STR_SYMBOL) {
+            return bandwidth.text;
+        }
+    }
+    Units rest = unit;
+    for (Unit_tuple& tuple : rest.tuples) {
+        if (tuple.unit == SECOND && tuple.exponent == 1 && &tuple != rest.tuples) {
+            tuple = {NO_UNIT, 0}; // of the units in canonical order it is the last
+            return Format_unit(rest, spelling) + '/' + Spelled(C_Hz, spelling);
+        }
+    }
+    return {};
+}
+
+// Levels that have a notation of their own: "dB-Hz", "dBsm", "dB/K".
+std::string Conventional_level_text(Units const& unit) {
+    Units linear = unit;
+    linear.spl_conv = SPL_NONE;
+    if (Is_hertz(linear)) {
+        return "dB-" + Format_unit(linear, STR_SYMBOL);
+    }
+    if (linear == Units{SPL_NONE, NO_PREFIX, {{METER, 2}}}) {
+        return "dBsm";
+    }
+    return linear == Units{SPL_NONE, NO_PREFIX, {{KELVIN, -1}}} ? "dB/K" : "";
+}
+
+std::vector<std::string> Level_spellings(Units const& unit, Unit_string_type spelling) {
+    Units linear = unit;
+    linear.spl_conv = SPL_NONE;
+    std::vector<std::string> texts;
+    if (spelling == STR_SYMBOL) {
+        texts.push_back(Conventional_level_text(unit));
+    }
+    texts.push_back(Density_text(unit, spelling));
+    texts.push_back(Spelled(unit, spelling));
+    for (std::string const& text : Linear_spellings(linear, spelling)) {
+        if (!text.empty()) {
+            texts.push_back("dB" + text);
+            texts.push_back("dB(" + text + ')');
+        }
+    }
+    return texts;
+}
+
+} // namespace
+
+std::string Format_unit(Units const& unit, Unit_string_type spelling) {
+    std::string const core_text = Spelled(unit, spelling);
+    if (spelling != STR_NAME && spelling != STR_SYMBOL) {
+        return core_text;
+    }
+    // Nearly all units: nothing else has to be composed.
+    bool const simple = unit.spl_conv != SPL_DB && !Is_hertz(unit) &&
+                        !Has_better_text_than_special_name(unit, spelling);
+    if (simple && Reads_back(core_text, unit)) {
+        return core_text;
+    }
+    for (std::string const& text : unit.spl_conv == SPL_DB ? Level_spellings(unit, spelling)
+                                                           : Linear_spellings(unit, spelling)) {
+        if (!text.empty() && Reads_back(text, unit)) {
+            return text;
+        }
+    }
+    return core_text;
+}
+
+} // namespace Varnix::Value
