@@ -19,6 +19,8 @@ layer_of() {
         varnix/value/Value_object.h | varnix/value/Value_converter.h)  echo 4 ;;
         value/* | Template_instantiations.cpp)                         echo 5 ;; # value objects
         varnix/value/[Tt]ext*.h | varnix/value/Unit_kinds.h | text/*)  echo 6 ;; # texts
+        varnix/value/[Mm]easurement*.h | varnix/value/Levels.h)        echo 7 ;; # measurements
+        varnix/value/Radio_formulas.h | measurement/*)                 echo 7 ;;
         tool/*)                                                        echo 8 ;; # programs
         *) return 1 ;;
     esac
@@ -45,7 +47,7 @@ grep -nE '#include (<boost/|")' include/varnix/value/*.h &&
 grep -nE '#include "' examples/*.cpp &&
     fail 'an example includes only public headers'
 
-for folder in src/text src/tool; do
+for folder in src/text src/measurement src/tool; do
     while IFS='"' read -r source included _; do
         [[ -e $folder/$included ]] || fail "${source%%:*} includes $included, which is not in $folder"
     done < <(grep -E '^#include "' $folder/*.h $folder/*.cpp)

@@ -50,8 +50,8 @@ double Next_below(double number) {
 
 // ---- Errors
 
-// A sum of up to sixteen magnitudes, each rounded, made larger by more than they can have lost. What is
-// not zero stays well away from underflow, so that no product with it vanishes.
+// A sum of up to sixteen magnitudes, each rounded, made larger by more than they can have lost.
+// What is not zero stays well away from underflow, so that no product with it vanishes.
 double Grown(double error) {
     return error == 0.0 ? 0.0 : std::max(error * (1.0 + 0x1p-48), 0x1p-800);
 }
@@ -59,8 +59,8 @@ double Grown(double error) {
 // Smaller parts are counted as an error, so that no product or shift of them underflows.
 constexpr double Least_low = 0x1p-500;
 
-// high + low + [-error, error], times 2^exponent, with its parts where they belong. The error has grown
-// already, if it is a sum.
+// high + low + [-error, error], times 2^exponent, with its parts where they belong. The error has
+// grown already, if it is a sum.
 Enclosed Made(double high, double low, double error, int exponent) {
     Exact_pair sum = Exact_sum(high, low);
     if (sum.rounded == 0.0) {
@@ -101,9 +101,29 @@ Enclosed Shifted(Enclosed const& x, int shift) {
 
 // ---- In and out
 
+namespace {
+
+// Doubles, sizes of units and powers of them stay within 2^18; a root halves the infinite one and a
+// 64th power of it still fits an int.
+constexpr int Infinite_exponent = 1 << 23;
+constexpr int Infinite_limit = 1 << 21;
+
+} // namespace
+
+Enclosed Infinite(bool negative) {
+    return {negative ? -1.0 : 1.0, 0.0, 0.0, Infinite_exponent};
+}
+
+bool Is_infinite(Enclosed const& x) {
+    return x.exponent > Infinite_limit;
+}
+
 Enclosed Enclose(double number) {
     if (number == 0.0) {
         return {};
+    }
+    if (std::isinf(number)) {
+        return Infinite(number < 0.0);
     }
     int exponent = 0;
     if (std::fabs(number) < std::numeric_limits<double>::min()) {
@@ -136,7 +156,8 @@ double Scaled(double number, int exponent) {
     return least * Two_to(own - Least_exponent);
 }
 
-// The greatest double that is not above (number + rest) * 2^exponent; |rest| is at most half a place.
+// The greatest double that is not above (number + rest) * 2^exponent; |rest| is at most half a
+// place.
 double Scaled_down(double number, double rest, int exponent) {
     double const scaled = Scaled(number, exponent);
     if (std::isinf(scaled)) {
@@ -147,9 +168,8 @@ double Scaled_down(double number, double rest, int exponent) {
         // Rounded to fewer places: what was lost counts first. Going back up is exact.
         double const back = Enclose(scaled).high;
         int const back_exponent = Enclose(scaled).exponent;
-        double const lost = scaled == 0.0
-                                ? number
-                                : number - Scaled(back, back_exponent - exponent);
+        double const lost =
+            scaled == 0.0 ? number : number - Scaled(back, back_exponent - exponent);
         above = lost < 0.0 || (lost == 0.0 && rest < 0.0);
     }
     return above ? Next_below(scaled) : scaled;
@@ -158,6 +178,9 @@ double Scaled_down(double number, double rest, int exponent) {
 } // namespace
 
 double Round_down(Enclosed const& x) {
+    if (x.exponent < -Infinite_limit) {
+        return 0.0; // a number over an infinite one
+    }
     Exact_pair const end = Exact_sum(x.low, -x.error);
     // The rest of the rest counts by its sign alone.
     double const low = end.rest < 0.0 ? Next_below(end.rounded) : end.rounded;
@@ -181,6 +204,15 @@ bool Is_positive(Enclosed const& x) {
     return x.high - x.error > 0.0 && x.high > 0.0;
 }
 
+bool Is_small_whole(Enclosed const& x, int& number) {
+    if (!x.Is_exact() || x.low != 0.0 || x.exponent > 13 || x.exponent < -1) {
+        return false;
+    }
+    double const magnitude = x.high * Two_to(x.exponent);
+    number = static_cast<int>(magnitude);
+    return number == magnitude;
+}
+
 // ---- Sums
 
 Enclosed operator-(Enclosed const& x) {
@@ -189,7 +221,8 @@ Enclosed operator-(Enclosed const& x) {
 
 namespace {
 
-// x + y, where y has been brought to the exponent of x. What the two roundings leave out is the error.
+// x + y, where y has been brought to the exponent of x. What the two roundings leave out is the
+// error.
 Enclosed Sum_of_aligned(Enclosed const& x, Enclosed const& y) {
     Exact_pair const highs = Exact_sum(x.high, y.high);
     Exact_pair const lows = Exact_sum(x.low, y.low);
@@ -288,18 +321,22 @@ Enclosed operator/(Enclosed const& x, Enclosed const& y) {
     double const least_divisor = std::fabs(y.high) - std::fabs(y.low) - y.error;
     Enclosed const first = Scaled_double(x.high / y.high, x.exponent - y.exponent);
     Enclosed const residual = x - first * y;
-    Enclosed const second =
-        Scaled_double(residual.high / y.high, residual.exponent - y.exponent);
+    Enclosed const second = Scaled_double(residual.high / y.high, residual.exponent - y.exponent);
     Enclosed const rest = residual - second * y;
     Enclosed const quotient = first + second;
     return With_error(quotient,
                       Magnitude_over(rest, least_divisor, y.exponent + quotient.exponent));
 }
 
+Enclosed Hull(Enclosed const& x, Enclosed const& y) {
+    return With_error(x, Magnitude_over(x - y, 1.0, x.exponent));
+}
+
 // ---- Roots
 
-// The root of the high part, and one step of Newton's from there. What then remains of the radicand, over
-// twice the root, is the error, and a little more, as the root itself is not known better.
+// The root of the high part, and one step of Newton's from there. What then remains of the
+// radicand, over twice the root, is the error, and a little more, as the root itself is not known
+// better.
 Enclosed Square_root(Enclosed const& x) {
     if (x.high == 0.0) {
         // From zero to the root of the error.
@@ -313,12 +350,12 @@ Enclosed Square_root(Enclosed const& x) {
     if (residual.Is_zero()) {
         return root;
     }
-    Enclosed const step = Scaled_double(residual.high / (2.0 * root.high),
-                                        residual.exponent - root.exponent);
+    Enclosed const step =
+        Scaled_double(residual.high / (2.0 * root.high), residual.exponent - root.exponent);
     Enclosed const better = root + step;
     Enclosed const rest = x - better * better;
-    return With_error(better, Magnitude_over(rest, 1.5 * std::fabs(better.high),
-                                             2 * better.exponent));
+    return With_error(better,
+                      Magnitude_over(rest, 1.5 * std::fabs(better.high), 2 * better.exponent));
 }
 
 // ---- Powers
@@ -435,7 +472,9 @@ bool Is_product(Enclosed const& from, Exact_factor const& factor, Enclosed const
 
 Prepared_factor::Prepared_factor(Exact_factor const& factor)
     : ratio(factor), numerator(Odd_part(factor, 1)), denominator(Odd_part(factor, -1)) {
-    auto const one = [](Enclosed const& part) { return part.high == 1.0 && part.Is_exact() && part.low == 0.0 && part.exponent == 0; };
+    auto const one = [](Enclosed const& part) {
+        return part.high == 1.0 && part.Is_exact() && part.low == 0.0 && part.exponent == 0;
+    };
     multiplies = !one(numerator);
     divides = !one(denominator);
 }
@@ -445,8 +484,7 @@ Enclosed Prepared_factor::operator()(Enclosed const& x) const {
     product = divides ? product / denominator : product;
     product.exponent += product.high == 0.0 && product.error == 0.0 ? 0 : ratio.Power_of_two();
     bool const may_be_double = !product.Is_exact() && x.low == 0.0 && x.Is_exact() &&
-                               ratio.Power_of_pi() == 0 &&
-                               std::fabs(product.low) <= product.error;
+                               ratio.Power_of_pi() == 0 && std::fabs(product.low) <= product.error;
     if (may_be_double && product.high != 0.0) {
         Enclosed const candidate = {product.high, 0.0, 0.0, product.exponent};
         return Is_product(x, ratio, candidate) ? candidate : product;
@@ -499,8 +537,9 @@ Enclosed With_absolute_error(Enclosed const& x, double error) {
     return With_error(x, x.exponent > 0 ? error : error * Two_to(-x.exponent));
 }
 
-// e^x - 1 over x, less 1, for |x| <= 1/128, by its Taylor series. The terms from x^5 / 720 on are computed in
-// doubles: they are less than 2^-44 and their error less than 2^-93, that of the terms left out less than 2^-118.
+// e^x - 1 over x, less 1, for |x| <= 1/128, by its Taylor series. The terms from x^5 / 720 on are
+// computed in doubles: they are less than 2^-44 and their error less than 2^-93, that of the terms
+// left out less than 2^-118.
 Enclosed Exponential_series(Enclosed const& x) {
     double const y = Value_of(x);
     double const tail =
@@ -520,8 +559,9 @@ Enclosed Exponential(Enclosed const& x) {
     return entry * (one + rest * (one + Exponential_series(rest)));
 }
 
-// Beyond every double, whatever it is multiplied with.
-constexpr int Beyond_exponent = 1 << 24;
+// 10^x of |x| >= 2^17 is beyond every double, whatever unit it goes to; how far does not matter
+// then.
+constexpr int Beyond_exponent = 1 << 18;
 
 } // namespace
 
@@ -530,7 +570,10 @@ Enclosed Power_of_ten(Enclosed const& x) {
     if (x.Is_zero()) {
         return Enclose(1.0);
     }
-    if (x.exponent >= 20) {
+    if (Is_infinite(x)) {
+        return x.high < 0.0 ? Enclosed{} : x;
+    }
+    if (x.exponent >= 17) {
         return {1.0, 0.0, 0.0, x.high < 0.0 ? -Beyond_exponent : Beyond_exponent};
     }
     double const approximate = Value_of(x);
@@ -560,16 +603,17 @@ bool Is_whole_power_of_ten(Enclosed const& x, int& power) {
            static_cast<double>(number.odd) == powers_of_five[static_cast<std::size_t>(power)];
 }
 
-// artanh(s) over s, less 1, over s^2, for |s| <= 2^-8. The terms from s^6 / 7 on are computed in doubles: they
-// are less than 2^-50 and their error less than 2^-102, as is that of the terms left out.
+// artanh(s) over s, less 1, over s^2, for |s| <= 2^-8. The terms from s^6 / 7 on are computed in
+// doubles: they are less than 2^-50 and their error less than 2^-102, as is that of the terms left
+// out.
 Enclosed Area_tangent_series(Enclosed const& square) {
     double const y = Value_of(square);
     double const tail = y * (1.0 / 7 + y * (1.0 / 9 + y * (1.0 / 11 + y * (1.0 / 13 + y / 15))));
     return one_third + square * With_absolute_error(one_fifth + Enclose(tail), 0x1p-69);
 }
 
-// log10 of a number from 90/128 to 182/128: that of the table's number beside it, and 2 artanh(z / (2 + z))
-// for the rest 1 + z.
+// log10 of a number from 90/128 to 182/128: that of the table's number beside it, and 2 artanh(z /
+// (2 + z)) for the rest 1 + z.
 Enclosed Logarithm_near_one(Enclosed const& x) {
     Logarithm_entry const& entry =
         logarithms[static_cast<int>(Value_of(x) * 128.0) - First_logarithm];
@@ -582,6 +626,9 @@ Enclosed Logarithm_near_one(Enclosed const& x) {
 } // namespace
 
 Enclosed Logarithm(Enclosed const& x) {
+    if (x.high == 0.0 || Is_infinite(x)) {
+        return Infinite(x.high == 0.0);
+    }
     int power = 0;
     if (Is_whole_power_of_ten(x, power)) {
         return Enclose(power);

@@ -38,10 +38,9 @@ inline Exact_pair Exact_product(double a, double b) {
     double const product = a * b;
     Exact_pair const left = Split(a);
     Exact_pair const right = Split(b);
-    double const rest =
-        ((left.rounded * right.rounded - product) + left.rounded * right.rest +
-         left.rest * right.rounded) +
-        left.rest * right.rest;
+    double const rest = ((left.rounded * right.rounded - product) + left.rounded * right.rest +
+                         left.rest * right.rounded) +
+                        left.rest * right.rest;
     return {product, rest};
 }
 

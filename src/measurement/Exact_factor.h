@@ -1,5 +1,5 @@
-// The exact ratio of two units: a product of integer powers of the primes that the units are made of,
-// and of pi. Products, quotients and powers of such ratios are exact, whatever the powers.
+// The exact ratio of two units: a product of integer powers of the primes that the units are made
+// of, and of pi. Products, quotients and powers of such ratios are exact, whatever the powers.
 
 #ifndef VARNIX_VALUE_MEASUREMENT_EXACT_FACTOR_H
 #define VARNIX_VALUE_MEASUREMENT_EXACT_FACTOR_H
@@ -44,6 +44,10 @@ inline Exact_factor operator*(Exact_factor const& first, Exact_factor const& sec
 
 inline Exact_factor operator/(Exact_factor const& first, Exact_factor const& second) {
     return first * Power(second, -1);
+}
+
+inline Exact_factor Powers_of_ten(int exponent) {
+    return Exact_factor{{exponent, 0, exponent}};
 }
 
 } // namespace Varnix::Value::Physics

@@ -76,7 +76,7 @@ constexpr Row rows[] = {
 // clang-format on
 
 // By the codes of the units, so that finding a row takes no search.
-constexpr std::size_t Row_limit = SYMBOL + 1;
+constexpr std::size_t Row_limit = Unit_code_limit;
 static_assert(sizeof rows / sizeof rows[0] == Row_limit - 1, "every unit has its row");
 
 struct Index {
@@ -134,7 +134,7 @@ bool Is_known_prefix(SI_units prefix) {
 }
 
 Exact_factor Size_of(SI_units prefix) {
-    return Is_binary_prefix(prefix) ? Exact_factor{{prefix}} : Exact_factor{{prefix, 0, prefix}};
+    return Is_binary_prefix(prefix) ? Exact_factor{{prefix}} : Powers_of_ten(prefix);
 }
 
 } // namespace Varnix::Value::Physics

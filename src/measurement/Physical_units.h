@@ -1,9 +1,10 @@
-// What a unit is to physics: the kind of quantity that it measures, and its size as an exact number.
+// What a unit is to physics: the kind of quantity that it measures, and its size as an exact
+// number.
 //
-// The size is a product of powers of a few primes and of pi, so that units multiply, divide and cancel
-// without rounding; only Enclosing arithmetic turns it into numbers. It does not always agree with the
-// catalogue, which keeps a mile, a radian and a degree rounded: no enclosure that starts from
-// 1609.34 m would contain the mile.
+// The size is a product of powers of a few primes and of pi, so that units multiply, divide and
+// cancel without rounding; only Enclosing arithmetic turns it into numbers. It does not always
+// agree with the catalogue, which keeps a mile, a radian and a degree rounded: no enclosure that
+// starts from 1609.34 m would contain the mile.
 
 #ifndef VARNIX_VALUE_MEASUREMENT_PHYSICAL_UNITS_H
 #define VARNIX_VALUE_MEASUREMENT_PHYSICAL_UNITS_H
@@ -17,8 +18,8 @@
 
 namespace Varnix::Value::Physics {
 
-// What quantities are measured in. Power is voltage times current and resistance voltage over current;
-// ratios are plain numbers and have none.
+// What quantities are measured in. Power is voltage times current and resistance voltage over
+// current; ratios are plain numbers and have none.
 enum class Base : std::size_t {
     voltage,     // V
     current,     // A
@@ -49,8 +50,8 @@ struct Kind {
 // The kind of a unit whose codes are in the catalogue; prefix and marker do not count.
 Kind Kind_of(Units const& unit);
 
-// One of the unit in volts, amperes, grams ... of its kind, its prefix included. A temperature counts
-// as a difference.
+// One of the unit in volts, amperes, grams ... of its kind, its prefix included. A temperature
+// counts as a difference.
 Exact_factor Size_of(Units const& unit);
 
 // The scale of a prefix.

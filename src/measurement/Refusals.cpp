@@ -87,11 +87,18 @@ std::string Described(Units const& unit) {
     return text.empty() ? Kind_name(unit) : In_parentheses(text, unit);
 }
 
+std::string Described(double value, double lower, double upper, Units const& unit) {
+    std::string text = Format_number(value);
+    std::string const unit_text = Format_unit(unit);
+    text += unit_text.empty() ? "" : ' ' + unit_text;
+    if (lower != value || upper != value) {
+        text += " [" + Format_number(lower) + ", " + Format_number(upper) + ']';
+    }
+    return In_parentheses(text, unit);
+}
+
 std::string Described(Measurement const& x) {
-    Units const unit = x.Get_unit();
-    Value_object<double> quantity;
-    quantity.Set(x.Get_value(), unit, x.Get_lower(), x.Get_upper());
-    return In_parentheses(Format(quantity), unit);
+    return Described(x.Get_value(), x.Get_lower(), x.Get_upper(), x.Get_unit());
 }
 
 void Refuse(Refusal reason, std::string const& what) {

@@ -11,6 +11,7 @@ namespace Varnix::Value::Physics {
 
 // "10 dBm (power)", "5 m [4, 6] (length)", "3 (plain number)".
 std::string Described(Measurement const& x);
+std::string Described(double value, double lower, double upper, Units const& unit);
 
 // "km/h (length/time)".
 std::string Described(Units const& unit);

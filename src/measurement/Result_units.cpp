@@ -1,4 +1,5 @@
-// A unit is taken apart into one tuple a dimension, worked on there, and put together in canonical order.
+// A unit is taken apart into one tuple a dimension, worked on there, and put together in canonical
+// order.
 
 #include "Result_units.h"
 
@@ -13,10 +14,11 @@ namespace Varnix::Value::Physics {
 
 namespace {
 
-constexpr std::size_t Slot_count = TIME + 1;
+constexpr std::size_t Slot_count = Dimension_limit;
 constexpr int Largest_power = 64;
 
-// A tuple for each dimension; NO_UNIT where there is none. The order of the dimensions is canonical.
+// A tuple for each dimension; NO_UNIT where there is none. The order of the dimensions is
+// canonical.
 using Slots = std::array<Unit_tuple, Slot_count>;
 
 Slots Taken_apart(Units const& unit) {

@@ -1,8 +1,9 @@
 // ValueObject measurements: quantities with bounds that are certain.
 //
-// A `Measurement` is a number, a lower and an upper bound, and a unit of the catalogue. Every operation
-// gives the physically right quantity, with bounds that are certain to enclose it, or refuses. A bound
-// is a limit that is meant, as an instrument's data sheet states it, and no standard deviation.
+// A `Measurement` is a number, a lower and an upper bound, and a unit of the catalogue. Every
+// operation gives the physically right quantity, with bounds that are certain to enclose it, or
+// refuses. A bound is a limit that is meant, as an instrument's data sheet states it, and no
+// standard deviation.
 //
 //     #include <varnix/value/Measurement.h>
 //     #include <varnix/value/Measurement_text.h>
@@ -11,31 +12,36 @@
 //
 //     Measurement const voltage(10.0, C_Volts, 9.9, 10.1);
 //     Measurement const resistance(50.0, C_Ohms, 49.0, 51.0);
-//     std::cout << voltage.Convert_to(C_Watts, resistance) << '\n'; // 2 W, at least 1.92 and at most 2.09
-//     std::cout << Measurement(60.0, C_Mph) * Measurement(2.0, C_Sec) << '\n'; // 0.0333 mi
+//     std::cout << voltage.Convert_to(C_Watts, resistance) << '\n'; // 2 W, at least 1.92 and at
+//     most 2.09 std::cout << Measurement(60.0, C_Mph) * Measurement(2.0, C_Sec) << '\n'; // 0.0333
+//     mi
 //
-// What is promised of every operation, in the default floating-point environment: take the doubles that
-// come in as exact numbers, and the operands as free to be any of the numbers between their bounds. Then
-// no result lies outside the bounds that come out; each bound is at most one unit in the last place beyond
-// the nearest double outside; a bound that is itself a double is returned as it is, where it follows by
-// + - * /, integer powers, square roots of squares, rational factors of units, or powers of ten with whole
-// exponents; and lower <= value <= upper. Results that need a logarithm may be 2^-80 dB wider, and sums and
-// differences that cancel 2^-90 of the largest operand. The bits are the same on every processor.
+// What is promised of every operation, in the default floating-point environment: take the doubles
+// that come in as exact numbers, and the operands as free to be any of the numbers between their
+// bounds. Then no result lies outside the bounds that come out; each bound is at most one unit in
+// the last place beyond the nearest double outside; a bound that is itself a double is returned as
+// it is, where it follows by
+// + - * /, integer powers, square roots of squares, rational factors of units, or powers of ten
+// with whole exponents; and lower <= value <= upper. Results that need a logarithm may be 2^-80 dB
+// wider, and sums and differences that cancel 2^-90 of the largest operand. The bits are the same
+// on every processor.
 //
-// Dependence is not tracked: x - x is not 0, and x / x is not 1. Write an expression so that each quantity
-// occurs once (1 / (1/a + 1/b) for parallel resistors), or use `Pow`, `Abs` and the functions of
-// <varnix/value/Levels.h> and <varnix/value/Radio_formulas.h>, each of which is tight for its own formula.
+// Dependence is not tracked: x - x is not 0, and x / x is not 1. Write an expression so that each
+// quantity occurs once (1 / (1/a + 1/b) for parallel resistors), or use `Pow`, `Abs` and the
+// functions of <varnix/value/Levels.h> and <varnix/value/Radio_formulas.h>, each of which is tight
+// for its own formula.
 //
-// How this differs from `Value_object`, whose rules stay what they are: levels of volts and amperes are
-// 20 log10, points and differences of temperatures are told apart, 5 m is no speed, and a mile is exactly
-// 1609.344 m (radian and degree are exact as well), where the catalogue keeps rounded factors.
+// How this differs from `Value_object`, whose rules stay what they are: levels of volts and amperes
+// are 20 log10, points and differences of temperatures are told apart, 5 m is no speed, and a mile
+// is exactly 1609.344 m (radian and degree are exact as well), where the catalogue keeps rounded
+// factors.
 //
-// Failures are `MeasurementRefused` throughout (and for malformed unit descriptors what `Value_object`
-// throws for them); whatever throws leaves its object and its arguments unchanged. Nothing allocates
-// memory but a refusal.
+// Failures are `MeasurementRefused` throughout (and for malformed unit descriptors what
+// `Value_object` throws for them); whatever throws leaves its object and its arguments unchanged.
+// Nothing allocates memory but a refusal.
 //
-// Threads: there is no shared state. Any number of threads may use different objects, or read one; an
-// object that one thread writes must not be used by another at the same time.
+// Threads: there is no shared state. Any number of threads may use different objects, or read one;
+// an object that one thread writes must not be used by another at the same time.
 
 #ifndef VARNIX_VALUE_MEASUREMENT_H
 #define VARNIX_VALUE_MEASUREMENT_H
@@ -51,48 +57,48 @@ namespace Varnix::Value {
 
 /// Why an operation on measurements was refused.
 enum class Refusal {
-    not_finite,                 ///< a value that is not finite, a bound that cannot be one
-    bounds_inverted,            ///< a lower bound above the upper one
-    value_outside_bounds,       ///< a value that does not lie within its bounds
-    kinds_differ,               ///< length and time, speed and length
-    needs_impedance,            ///< volts or amperes to watts or back: `Convert_to` with a resistance
-    no_fixed_length,            ///< months or years to days
-    units_do_not_mix,           ///< an angle, a symbol or a month in a product with what it has no unit with
-    too_many_units,             ///< a result of six units
-    prefix_on_temperature,      ///< a prefix on a point in °C or °F
-    temperature_role,           ///< a point where a difference is meant, or a difference for a point
-    temperature_points_add,     ///< 20 °C + 20 °C
+    not_finite,           ///< a value that is not finite, a bound that cannot be one
+    bounds_inverted,      ///< a lower bound above the upper one
+    value_outside_bounds, ///< a value that does not lie within its bounds
+    kinds_differ,         ///< length and time, speed and length
+    needs_impedance,      ///< volts or amperes to watts or back: `Convert_to` with a resistance
+    no_fixed_length,      ///< months or years to days
+    units_do_not_mix, ///< an angle, a symbol or a month in a product with what it has no unit with
+    too_many_units,   ///< a result of six units
+    prefix_on_temperature,  ///< a prefix on a point in °C or °F
+    temperature_role,       ///< a point where a difference is meant, or a difference for a point
+    temperature_points_add, ///< 20 °C + 20 °C
     temperature_point_as_factor, ///< 20 °C * 2
-    level_and_linear,           ///< 10 dBm + 1 mW
-    levels_do_not_add,          ///< 10 dBm + 10 dBm
-    level_as_factor,            ///< 10 dBm * 2
-    gain_minus_level,           ///< 3 dB - 10 dBm
-    gain_is_no_quantity,        ///< a gain where a quantity is meant
-    gain_is_ambiguous,          ///< 20 dB as a plain number: 10 of voltages, 100 of powers
-    not_a_level,                ///< a linear quantity where a level is meant
-    not_a_gain,                 ///< a quantity where a gain is meant
-    not_a_density,              ///< a quantity that is not per hertz
-    no_level_convention,        ///< decibels of ohms, metres, grams ...
-    no_level_of_zero,           ///< the level of zero or of a negative quantity
-    no_negative,                ///< a quantity that must not be negative
-    not_passive,                ///< a reflection above 1, a VSWR below 1
-    negative_quantity,          ///< a temperature below 0 K or a bandwidth below 0 Hz in a formula
-    division_by_zero,           ///< a divisor that may be zero
-    root_of_negative,           ///< a radicand that may be negative
-    odd_power,                  ///< the root of a unit with an odd power
-    exponent_out_of_range,      ///< a power beyond 64
-    no_electrical_relation,     ///< three units of which no law of Ohm or Joule makes sense
-    nothing_to_sum,             ///< no measurement at all
-    contradiction,              ///< an intersection of what does not meet
-    levels_disagree,            ///< a level whose number means another quantity to `Value_object`
-    difference_has_no_unit,     ///< a temperature difference for `Value_object`
-    unit_not_valid,             ///< a prefix that no measurement has
-    out_of_range,               ///< a value too large for a double
+    level_and_linear,            ///< 10 dBm + 1 mW
+    levels_do_not_add,           ///< 10 dBm + 10 dBm
+    level_as_factor,             ///< 10 dBm * 2
+    gain_minus_level,            ///< 3 dB - 10 dBm
+    gain_is_no_quantity,         ///< a gain where a quantity is meant
+    gain_is_ambiguous,           ///< 20 dB as a plain number: 10 of voltages, 100 of powers
+    not_a_level,                 ///< a linear quantity where a level is meant
+    not_a_gain,                  ///< a quantity where a gain is meant
+    not_a_density,               ///< a quantity that is not per hertz
+    no_level_convention,         ///< decibels of ohms, metres, grams ...
+    no_level_of_zero,            ///< the level of zero or of a negative quantity
+    no_negative,                 ///< a quantity that must not be negative
+    not_passive,                 ///< a reflection above 1, a VSWR below 1
+    negative_quantity,           ///< a temperature below 0 K or a bandwidth below 0 Hz in a formula
+    division_by_zero,            ///< a divisor that may be zero
+    root_of_negative,            ///< a radicand that may be negative
+    odd_power,                   ///< the root of a unit with an odd power
+    exponent_out_of_range,       ///< a power beyond 64
+    no_electrical_relation,      ///< three units of which no law of Ohm or Joule makes sense
+    nothing_to_sum,              ///< no measurement at all
+    contradiction,               ///< an intersection of what does not meet
+    levels_disagree,             ///< a level whose number means another quantity to `Value_object`
+    difference_has_no_unit,      ///< a temperature difference for `Value_object`
+    unit_not_valid,              ///< a prefix that no measurement has
+    out_of_range,                ///< a value too large for a double
 };
 
-/// An operation on measurements that has no physically right result. `what()` names the operation, both
-/// units with their kinds, the numbers that were in the way, and the way out: "cannot add 10 dBm (power)
-/// and 10 dBm (power): levels do not add; Power_sum adds the powers".
+/// An operation on measurements that has no physically right result. `what()` names the operation,
+/// both units with their kinds, the numbers that were in the way, and the way out: "cannot add 10
+/// dBm (power) and 10 dBm (power): levels do not add; Power_sum adds the powers".
 class VARNIX_VALUE_MEASUREMENT_EXPORT MeasurementRefused final : public virtual OperationNotValid {
   public:
     /// A refusal for `reason`; the message ends in `detail`.
@@ -109,8 +115,8 @@ class VARNIX_VALUE_MEASUREMENT_EXPORT MeasurementRefused final : public virtual 
 
 /// How the number of a level goes to a `Value_object` and back.
 enum class Levels {
-    same_meaning, ///< levels that stand for another quantity there are refused: those with 20 log10, and
-                  ///< those whose powers multiply to another number than 1
+    same_meaning, ///< levels that stand for another quantity there are refused: those with 20
+                  ///< log10, and those whose powers multiply to another number than 1
     as_displayed, ///< the number as an instrument shows it, whatever the core takes it for
 };
 
@@ -119,9 +125,11 @@ class VARNIX_VALUE_MEASUREMENT_EXPORT Measurement {
   public:
     // ---- Construction
 
-    /// `value` in `unit`, exactly: both bounds equal the value. The unit is brought into canonical order.
+    /// `value` in `unit`, exactly: both bounds equal the value. The unit is brought into canonical
+    /// order.
     /// @throws MeasurementRefused not_finite for a value that is infinite or not a number.
-    /// @throws MeasurementRefused unit_not_valid for a prefix that is neither the catalogue's nor a power
+    /// @throws MeasurementRefused unit_not_valid for a prefix that is neither the catalogue's nor a
+    /// power
     ///         of ten from 10^-40 to 10^40; exponent_out_of_range for a power beyond 64;
     ///         no_level_convention for decibels of what has no convention;
     ///         prefix_on_temperature for a prefix on °C or °F.
@@ -129,34 +137,43 @@ class VARNIX_VALUE_MEASUREMENT_EXPORT Measurement {
     ///         `Value_object` for a malformed descriptor.
     Measurement(double value, Units const& unit);
 
-    /// `value` in `unit`, between `lower` and `upper`, which are numbers in that unit and not distances.
-    /// A lower bound may be -inf and an upper one +inf.
-    /// @throws as above, and MeasurementRefused bounds_inverted for a lower bound above the upper one,
-    ///         value_outside_bounds for a value outside the two, not_finite for any other number that is
-    ///         infinite or none.
+    /// `value` in `unit`, between `lower` and `upper`, which are numbers in that unit and not
+    /// distances. A lower bound may be -inf and an upper one +inf.
+    /// @throws as above, and MeasurementRefused bounds_inverted for a lower bound above the upper
+    /// one,
+    ///         value_outside_bounds for a value outside the two, not_finite for any other number
+    ///         that is infinite or none.
     Measurement(double value, Units const& unit, double lower, double upper);
 
-    /// What lies between `lower` and `upper`, in `unit`; the value is the double nearest to the middle, or
-    /// the finite bound.
-    /// @throws as the constructor, and MeasurementRefused not_finite where both bounds are infinite.
+    /// What lies between `lower` and `upper`, in `unit`; the value is the double nearest to the
+    /// middle, or the finite bound.
+    /// @throws as the constructor, and MeasurementRefused not_finite where both bounds are
+    /// infinite.
     static Measurement Between(double lower, double upper, Units const& unit);
 
     /// The numbers and the unit of `quantity`, nothing converted.
-    /// @throws as the constructor; MeasurementRefused levels_disagree for a level that stands for another
+    /// @throws as the constructor; MeasurementRefused levels_disagree for a level that stands for
+    /// another
     ///         quantity there, unless `levels` lets it pass.
-    static Measurement From(Value_object<double> const& quantity, Levels levels = Levels::same_meaning);
+    static Measurement From(Value_object<double> const& quantity,
+                            Levels levels = Levels::same_meaning);
 
     /// The same numbers and unit as a `Value_object`, nothing converted.
-    /// @throws MeasurementRefused difference_has_no_unit for a difference in °C or °F; levels_disagree as
+    /// @throws MeasurementRefused difference_has_no_unit for a difference in °C or °F;
+    /// levels_disagree as
     ///         in `From`.
     Value_object<double> To_value_object(Levels levels = Levels::same_meaning) const;
 
     // ---- The parts
 
     double Get_value() const noexcept { return value; } ///< in the unit; finite, within the bounds
-    double Get_lower() const noexcept { return lower; } ///< in the unit; -inf where nothing is known
-    double Get_upper() const noexcept { return upper; } ///< in the unit; +inf where nothing is known
-    Units Get_unit() const noexcept { return unit; }    ///< a copy, in canonical order
+    double Get_lower() const noexcept {
+        return lower;
+    } ///< in the unit; -inf where nothing is known
+    double Get_upper() const noexcept {
+        return upper;
+    }                                                ///< in the unit; +inf where nothing is known
+    Units Get_unit() const noexcept { return unit; } ///< a copy, in canonical order
 
     /// Whether it is a difference of temperatures, and not a point of a scale. Only what has one
     /// temperature to the first power as its unit can be one.
@@ -172,14 +189,16 @@ class VARNIX_VALUE_MEASUREMENT_EXPORT Measurement {
     // ---- Conversion
 
     /// The same quantity in `target`. A temperature keeps its mark.
-    /// @throws MeasurementRefused kinds_differ, needs_impedance, no_fixed_length, gain_is_ambiguous,
+    /// @throws MeasurementRefused kinds_differ, needs_impedance, no_fixed_length,
+    /// gain_is_ambiguous,
     ///         no_level_convention, no_level_of_zero, prefix_on_temperature, out_of_range.
     /// @throws what the constructor throws for a unit that is not valid.
     Measurement Convert_to(Units const& target) const;
 
-    /// What an electrical relation makes of this and `with`: of volts, amperes, watts and ohms any two give
-    /// any third, as levels or linear.
-    /// @throws MeasurementRefused no_electrical_relation for any other three units; division_by_zero,
+    /// What an electrical relation makes of this and `with`: of volts, amperes, watts and ohms any
+    /// two give any third, as levels or linear.
+    /// @throws MeasurementRefused no_electrical_relation for any other three units;
+    /// division_by_zero,
     ///         root_of_negative, no_level_of_zero, out_of_range.
     Measurement Convert_to(Units const& target, Measurement const& with) const;
 
@@ -199,54 +218,66 @@ static_assert(sizeof(Measurement) == 80, "measurements have a fixed size");
 
 // ---- Arithmetic on linear quantities, and on levels and gains where it has one meaning only
 
-/// The sum, in the unit of `x`. Bounds: lower with lower, upper with upper. A level plus a gain is a level; a
-/// point of a temperature scale plus a difference is a point; 50 K + 75 K is 125 K.
+/// The sum, in the unit of `x`. Bounds: lower with lower, upper with upper. A level plus a gain is
+/// a level; a point of a temperature scale plus a difference is a point; 50 K + 75 K is 125 K.
 /// @throws MeasurementRefused kinds_differ, needs_impedance, no_fixed_length, level_and_linear,
 ///         levels_do_not_add, temperature_role, temperature_points_add, out_of_range.
 VARNIX_VALUE_MEASUREMENT_EXPORT Measurement operator+(Measurement const& x, Measurement const& y);
 
-/// The difference, in the unit of `x`. Bounds: lower with upper, upper with lower. Two points of temperature
-/// scales give a difference; two levels of one kind give a gain.
+/// The difference, in the unit of `x`. Bounds: lower with upper, upper with lower. Two points of
+/// temperature scales give a difference; two levels of one kind give a gain.
 /// @throws as the sum, and MeasurementRefused gain_minus_level.
 VARNIX_VALUE_MEASUREMENT_EXPORT Measurement operator-(Measurement const& x, Measurement const& y);
 
-/// The product. A dimension on both sides goes by the unit of `x`, and there is no prefix (60 mph * 2 s is
-/// 1/30 mi); a plain number, per cent and ppm included, keeps unit and prefix of the other. A gain amplifies
+/// The product. A dimension on both sides goes by the unit of `x`, and there is no prefix (60 mph *
+/// 2 s is 1/30 mi); a plain number, per cent and ppm included, keeps unit and prefix of the other.
+/// A gain amplifies
 /// (`Amplify`), a density times a bandwidth is the total power.
-/// @throws MeasurementRefused temperature_point_as_factor, level_as_factor, units_do_not_mix, no_fixed_length,
+/// @throws MeasurementRefused temperature_point_as_factor, level_as_factor, units_do_not_mix,
+/// no_fixed_length,
 ///         too_many_units, exponent_out_of_range, out_of_range.
 VARNIX_VALUE_MEASUREMENT_EXPORT Measurement operator*(Measurement const& x, Measurement const& y);
 
 /// The quotient, with the units of the product.
-/// @throws as the product, and MeasurementRefused division_by_zero where `y` may be zero, a bound of zero
+/// @throws as the product, and MeasurementRefused division_by_zero where `y` may be zero, a bound
+/// of zero
 ///         included.
 VARNIX_VALUE_MEASUREMENT_EXPORT Measurement operator/(Measurement const& x, Measurement const& y);
 
 /// The same with a plain number, which is exact. A gain in decibels is multiplied as its number.
 /// @throws MeasurementRefused not_finite for a factor that is not, and as the product and quotient.
 VARNIX_VALUE_MEASUREMENT_EXPORT Measurement operator*(Measurement const& x, double factor);
-VARNIX_VALUE_MEASUREMENT_EXPORT Measurement operator*(double factor, Measurement const& x); ///< as above
-VARNIX_VALUE_MEASUREMENT_EXPORT Measurement operator/(Measurement const& x, double divisor); ///< as above
-VARNIX_VALUE_MEASUREMENT_EXPORT Measurement operator/(double number, Measurement const& x); ///< as above
+VARNIX_VALUE_MEASUREMENT_EXPORT Measurement operator*(double factor,
+                                                      Measurement const& x); ///< as above
+VARNIX_VALUE_MEASUREMENT_EXPORT Measurement operator/(Measurement const& x,
+                                                      double divisor); ///< as above
+VARNIX_VALUE_MEASUREMENT_EXPORT Measurement operator/(double number,
+                                                      Measurement const& x); ///< as above
 
 /// The negative. @throws MeasurementRefused temperature_point_as_factor, level_as_factor.
 VARNIX_VALUE_MEASUREMENT_EXPORT Measurement operator-(Measurement const& x);
 
 /// `x` replaced by the result; unchanged where that is refused. @throws as the operators above
 VARNIX_VALUE_MEASUREMENT_EXPORT Measurement& operator+=(Measurement& x, Measurement const& y);
-VARNIX_VALUE_MEASUREMENT_EXPORT Measurement& operator-=(Measurement& x, Measurement const& y); ///< as above
-VARNIX_VALUE_MEASUREMENT_EXPORT Measurement& operator*=(Measurement& x, Measurement const& y); ///< as above
-VARNIX_VALUE_MEASUREMENT_EXPORT Measurement& operator/=(Measurement& x, Measurement const& y); ///< as above
-VARNIX_VALUE_MEASUREMENT_EXPORT Measurement& operator*=(Measurement& x, double factor);  ///< as above
-VARNIX_VALUE_MEASUREMENT_EXPORT Measurement& operator/=(Measurement& x, double divisor); ///< as above
+VARNIX_VALUE_MEASUREMENT_EXPORT Measurement& operator-=(Measurement& x,
+                                                        Measurement const& y); ///< as above
+VARNIX_VALUE_MEASUREMENT_EXPORT Measurement& operator*=(Measurement& x,
+                                                        Measurement const& y); ///< as above
+VARNIX_VALUE_MEASUREMENT_EXPORT Measurement& operator/=(Measurement& x,
+                                                        Measurement const& y); ///< as above
+VARNIX_VALUE_MEASUREMENT_EXPORT Measurement& operator*=(Measurement& x,
+                                                        double factor); ///< as above
+VARNIX_VALUE_MEASUREMENT_EXPORT Measurement& operator/=(Measurement& x,
+                                                        double divisor); ///< as above
 
 /// `x` raised to a power from -64 to 64, tight: the square of -1 to 2 is 0 to 4.
-/// @throws MeasurementRefused exponent_out_of_range; division_by_zero for a negative power of what may be
+/// @throws MeasurementRefused exponent_out_of_range; division_by_zero for a negative power of what
+/// may be
 ///         zero; and as the product.
 VARNIX_VALUE_MEASUREMENT_EXPORT Measurement Pow(Measurement const& x, int exponent);
 
-/// The square root. @throws MeasurementRefused root_of_negative where `x` may be negative; odd_power where
-/// the unit has no root; and as the product.
+/// The square root. @throws MeasurementRefused root_of_negative where `x` may be negative;
+/// odd_power where the unit has no root; and as the product.
 VARNIX_VALUE_MEASUREMENT_EXPORT Measurement Sqrt(Measurement const& x);
 
 /// The absolute value. @throws as the negative
@@ -258,7 +289,8 @@ VARNIX_VALUE_MEASUREMENT_EXPORT Measurement Hull(Measurement const& x, Measureme
 
 /// What both allow, in the unit of `x`; its value, moved inside where it is outside.
 /// @throws MeasurementRefused contradiction where the two do not meet, and as a comparison
-VARNIX_VALUE_MEASUREMENT_EXPORT Measurement Intersection(Measurement const& x, Measurement const& y);
+VARNIX_VALUE_MEASUREMENT_EXPORT Measurement Intersection(Measurement const& x,
+                                                         Measurement const& y);
 
 // ---- Order. A level compares with a linear quantity of its kind.
 
@@ -276,9 +308,12 @@ VARNIX_VALUE_MEASUREMENT_EXPORT Order Compare(Measurement const& x, Measurement 
 
 /// Whether x < y (x = y) for all numbers within the bounds, or for some. @throws as `Compare`
 VARNIX_VALUE_MEASUREMENT_EXPORT bool Certainly_less(Measurement const& x, Measurement const& y);
-VARNIX_VALUE_MEASUREMENT_EXPORT bool Possibly_less(Measurement const& x, Measurement const& y);   ///< as above
-VARNIX_VALUE_MEASUREMENT_EXPORT bool Certainly_equal(Measurement const& x, Measurement const& y); ///< as above
-VARNIX_VALUE_MEASUREMENT_EXPORT bool Possibly_equal(Measurement const& x, Measurement const& y);  ///< as above
+VARNIX_VALUE_MEASUREMENT_EXPORT bool Possibly_less(Measurement const& x,
+                                                   Measurement const& y); ///< as above
+VARNIX_VALUE_MEASUREMENT_EXPORT bool Certainly_equal(Measurement const& x,
+                                                     Measurement const& y); ///< as above
+VARNIX_VALUE_MEASUREMENT_EXPORT bool Possibly_equal(Measurement const& x,
+                                                    Measurement const& y); ///< as above
 
 /// Whether a measurement keeps its limits.
 enum class Verdict {
@@ -292,8 +327,8 @@ enum class Verdict {
 VARNIX_VALUE_MEASUREMENT_EXPORT Verdict Check_limits(Measurement const& x, Measurement const& low,
                                                      Measurement const& high);
 
-/// Not provided: half of the callers would mean "certainly", the other half "possibly". Use `Compare` and its
-/// kin.
+/// Not provided: half of the callers would mean "certainly", the other half "possibly". Use
+/// `Compare` and its kin.
 bool operator==(Measurement const&, Measurement const&) = delete;
 bool operator!=(Measurement const&, Measurement const&) = delete; ///< as above
 bool operator<(Measurement const&, Measurement const&) = delete;  ///< as above

@@ -1,0 +1,322 @@
+// Sums, products, powers and roots of measurements.
+
+#include "Conversions.h"
+#include "Level_arithmetic.h"
+#include "Measurement_parts.h"
+#include "Refusals.h"
+#include "Result_units.h"
+
+#include <varnix/value/Levels.h>
+#include <varnix/value/Measurement.h>
+
+#include <cmath>
+#include <utility>
+
+namespace Varnix::Value {
+
+using namespace Physics;
+
+// ---- Sums and differences
+
+namespace {
+
+// What the sum or difference of two temperatures is, or why there is none.
+struct Temperature_sum {
+    bool is_difference;    // the result
+    bool second_as_points; // whether the second is converted as a point of the scale of the first
+};
+
+Temperature_sum Temperatures_added(Measurement const& x, Measurement const& y) {
+    bool const both_kelvin = Is_kelvin(x.Get_unit()) && Is_kelvin(y.Get_unit());
+    if (x.Is_difference() && y.Is_difference()) {
+        return {true, false};
+    }
+    if (x.Is_difference() || y.Is_difference()) {
+        return {false, x.Is_difference()};
+    }
+    if (!both_kelvin) {
+        throw Refusal::temperature_points_add;
+    }
+    return {false, false};
+}
+
+Temperature_sum Temperatures_subtracted(Measurement const& x, Measurement const& y) {
+    bool const both_kelvin = Is_kelvin(x.Get_unit()) && Is_kelvin(y.Get_unit());
+    if (x.Is_difference() && !y.Is_difference() && !both_kelvin) {
+        throw Refusal::temperature_role;
+    }
+    bool const both_points = !x.Is_difference() && !y.Is_difference();
+    return {both_points || x.Is_difference(), both_points};
+}
+
+Measurement Temperature_sum_of(Measurement const& x, int sign, Measurement const& y) {
+    Units const unit = x.Get_unit();
+    Temperature_sum const roles =
+        sign > 0 ? Temperatures_added(x, y) : Temperatures_subtracted(x, y);
+    bool const to_point = !roles.is_difference && x.Is_difference();
+    if (to_point && !Is_kelvin(unit) && unit.si_prefix != NO_PREFIX) {
+        throw Refusal::prefix_on_temperature;
+    }
+    Band const second = Converted(Band_of(y), y.Get_unit(), !roles.second_as_points, unit);
+    return Rounded(Band_of(x) + (sign > 0 ? second : -second), unit, roles.is_difference);
+}
+
+Measurement Linear_sum(Measurement const& x, int sign, Measurement const& y) {
+    Units const& unit = Measurement_parts::Unit_of(x);
+    Units const& other = Measurement_parts::Unit_of(y);
+    if (Is_temperature(unit) && Is_temperature(other)) {
+        return Temperature_sum_of(x, sign, y);
+    }
+    Band const second = unit == other ? Band_of(y) : Converted(y, unit);
+    return Rounded(Band_of(x) + (sign > 0 ? second : -second), unit, x.Is_difference());
+}
+
+Measurement Sum(Measurement const& x, int sign, Measurement const& y) {
+    bool const x_in_decibels = Is_decibel(Measurement_parts::Unit_of(x));
+    bool const y_in_decibels = Is_decibel(Measurement_parts::Unit_of(y));
+    if (x_in_decibels != y_in_decibels) {
+        throw Refusal::level_and_linear;
+    }
+    return x_in_decibels ? Decibel_sum(x, sign, y) : Linear_sum(x, sign, y);
+}
+
+} // namespace
+
+Measurement operator+(Measurement const& x, Measurement const& y) {
+    try {
+        return Sum(x, 1, y);
+    } catch (Refusal reason) {
+        Refuse(reason, "add", x, "and", y);
+    }
+}
+
+Measurement operator-(Measurement const& x, Measurement const& y) {
+    try {
+        return Sum(x, -1, y);
+    } catch (Refusal reason) {
+        Refuse(reason, "take", y, "from", x);
+    }
+}
+
+// ---- Products and quotients
+
+namespace {
+
+void Check_factor(Measurement const& x) {
+    switch (Form_of(x)) {
+    case Form::linear:
+        return;
+    case Form::scale_point:
+        throw Refusal::temperature_point_as_factor;
+    case Form::level:
+        throw Refusal::level_as_factor;
+    case Form::gain:
+        throw Refusal::gain_is_no_quantity;
+    }
+}
+
+bool Is_plain(Measurement const& x) {
+    return !Is_decibel(x.Get_unit()) && Kind_of(x.Get_unit()) == Kind();
+}
+
+// Whether a product is a temperature difference: what comes of other units is one, and what is only
+// counted keeps its mark.
+bool Product_is_difference(Measurement const& x, Measurement const& y, Units const& unit) {
+    if (!Is_temperature(unit)) {
+        return false;
+    }
+    return Is_plain(y) ? x.Is_difference() : !Is_plain(x) || y.Is_difference();
+}
+
+Measurement Linear_product(Measurement const& x, int sign, Measurement const& y) {
+    Check_factor(x);
+    Check_factor(y);
+    Units const& left = Measurement_parts::Unit_of(x);
+    Units const& right = Measurement_parts::Unit_of(y);
+    Result_unit const result = Unit_of_product(left, sign, right);
+    if (result.refusal) {
+        throw *result.refusal;
+    }
+    Exact_factor const factor =
+        Size_of(left) * Physics::Power(Size_of(right), sign) / Size_of(result.unit);
+    Band const band = sign > 0 ? Band_of(x) * Band_of(y) : Band_of(x) / Band_of(y);
+    return Rounded(band * factor, result.unit, Product_is_difference(x, y, result.unit));
+}
+
+// A gain counted: 0.2 dB * 12.5.
+Measurement Counted_gain(Measurement const& gain, int sign, Measurement const& number) {
+    Band const count = Converted(number, C_Empty);
+    Band const decibels = Band_of(gain);
+    return Rounded(sign > 0 ? decibels * count : decibels / count, C_DB);
+}
+
+Measurement Product(Measurement const& x, Measurement const& y) {
+    Form const left = Form_of(x);
+    Form const right = Form_of(y);
+    if (left == Form::gain && Is_plain(y)) {
+        return Counted_gain(x, 1, y);
+    }
+    if (right == Form::gain && Is_plain(x)) {
+        return Counted_gain(y, 1, x);
+    }
+    if (right == Form::gain && left == Form::linear) {
+        return Amplified(x, 1, y);
+    }
+    if (left == Form::gain && right == Form::linear) {
+        return Amplified(y, 1, x);
+    }
+    if (left == Form::level && Is_frequency(y)) {
+        return Widened(x, 1, y);
+    }
+    return right == Form::level && Is_frequency(x) ? Widened(y, 1, x) : Linear_product(x, 1, y);
+}
+
+Measurement Quotient(Measurement const& x, Measurement const& y) {
+    Form const left = Form_of(x);
+    if (left == Form::gain && Is_plain(y)) {
+        return Counted_gain(x, -1, y);
+    }
+    if (left == Form::linear && Form_of(y) == Form::gain && !Is_plain(x)) {
+        return Amplified(x, -1, y);
+    }
+    return left == Form::level && Is_frequency(y) ? Widened(x, -1, y) : Linear_product(x, -1, y);
+}
+
+Measurement Plain(double number) {
+    return {number, C_Empty};
+}
+
+} // namespace
+
+Measurement operator*(Measurement const& x, Measurement const& y) {
+    try {
+        return Product(x, y);
+    } catch (Refusal reason) {
+        Refuse(reason, "multiply", x, "by", y);
+    }
+}
+
+Measurement operator/(Measurement const& x, Measurement const& y) {
+    try {
+        return Quotient(x, y);
+    } catch (Refusal reason) {
+        Refuse(reason, "divide", x, "by", y);
+    }
+}
+
+Measurement operator*(Measurement const& x, double factor) {
+    return x * Plain(factor);
+}
+
+Measurement operator*(double factor, Measurement const& x) {
+    return Plain(factor) * x;
+}
+
+Measurement operator/(Measurement const& x, double divisor) {
+    return x / Plain(divisor);
+}
+
+Measurement operator/(double number, Measurement const& x) {
+    return Plain(number) / x;
+}
+
+Measurement& operator+=(Measurement& x, Measurement const& y) {
+    return x = x + y;
+}
+
+Measurement& operator-=(Measurement& x, Measurement const& y) {
+    return x = x - y;
+}
+
+Measurement& operator*=(Measurement& x, Measurement const& y) {
+    return x = x * y;
+}
+
+Measurement& operator/=(Measurement& x, Measurement const& y) {
+    return x = x / y;
+}
+
+Measurement& operator*=(Measurement& x, double factor) {
+    return x = x * factor;
+}
+
+Measurement& operator/=(Measurement& x, double divisor) {
+    return x = x / divisor;
+}
+
+// ---- Functions of one measurement
+
+namespace {
+
+// Of gains the sign can be turned, as of linear quantities.
+void Check_sign_counts(Measurement const& x) {
+    if (Form_of(x) != Form::gain) {
+        Check_factor(x);
+    }
+}
+
+constexpr int Largest_exponent = 64;
+
+Measurement Raised(Measurement const& x, int exponent) {
+    if (exponent < -Largest_exponent || exponent > Largest_exponent) {
+        throw Refusal::exponent_out_of_range;
+    }
+    Check_factor(x);
+    Units const unit = x.Get_unit();
+    Result_unit const result = Unit_of_power(unit, exponent);
+    if (result.refusal) {
+        throw *result.refusal;
+    }
+    Exact_factor const factor = Physics::Power(Size_of(unit), exponent) / Size_of(result.unit);
+    bool const is_difference = Is_temperature(result.unit) && (exponent != 1 || x.Is_difference());
+    return Rounded(Power(Band_of(x), exponent) * factor, result.unit, is_difference);
+}
+
+Measurement Root(Measurement const& x) {
+    Check_factor(x);
+    Units const unit = x.Get_unit();
+    Result_unit const result = Unit_of_root(unit);
+    if (result.refusal) {
+        throw *result.refusal;
+    }
+    Exact_factor const factor = Size_of(unit) / Physics::Power(Size_of(result.unit), 2);
+    return Rounded(Square_root(Band_of(x) * factor), result.unit, Is_temperature(result.unit));
+}
+
+} // namespace
+
+Measurement operator-(Measurement const& x) {
+    try {
+        Check_sign_counts(x);
+        return Rounded(-Band_of(x), x.Get_unit(), x.Is_difference());
+    } catch (Refusal reason) {
+        Refuse(reason, "negate", x);
+    }
+}
+
+Measurement Abs(Measurement const& x) {
+    try {
+        Check_sign_counts(x);
+        return Rounded(Absolute(Band_of(x)), x.Get_unit(), x.Is_difference());
+    } catch (Refusal reason) {
+        Refuse(reason, "take the absolute value of", x);
+    }
+}
+
+Measurement Pow(Measurement const& x, int exponent) {
+    try {
+        return Raised(x, exponent);
+    } catch (Refusal reason) {
+        Refuse(reason, "raise", x, "to", Plain(exponent));
+    }
+}
+
+Measurement Sqrt(Measurement const& x) {
+    try {
+        return Root(x);
+    } catch (Refusal reason) {
+        Refuse(reason, "take the square root of", x);
+    }
+}
+
+} // namespace Varnix::Value

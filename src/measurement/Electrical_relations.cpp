@@ -1,0 +1,162 @@
+// Of volts, amperes, watts and ohms any two give any third.
+
+#include "Conversions.h"
+#include "Measurement_parts.h"
+#include "Refusals.h"
+
+#include <varnix/value/Measurement.h>
+
+namespace Varnix::Value {
+
+using namespace Physics;
+
+namespace {
+
+enum Quantity { voltage, current, power, resistance, none };
+
+Quantity Quantity_of(Kind kind) {
+    int const volts = kind[Base::voltage];
+    int const amperes = kind[Base::current];
+    kind[Base::voltage] = kind[Base::current] = 0;
+    if (kind != Kind()) {
+        return none;
+    }
+    return volts == 1 && amperes == 0    ? voltage
+           : volts == 0 && amperes == 1  ? current
+           : volts == 1 && amperes == 1  ? power
+           : volts == 1 && amperes == -1 ? resistance
+                                         : none;
+}
+
+// target^2 = first^a * second^b. Of a target that takes no root, a and b are even.
+struct Relation {
+    Quantity target;
+    Quantity first;
+    Quantity second;
+    int first_power;
+    int second_power;
+};
+
+// clang-format off
+constexpr Relation relations[] = {
+    // target    first    second       a   b
+    {voltage,    power,   current,     2, -2}, // W / A
+    {voltage,    current, resistance,  2,  2}, // A ohm
+    {voltage,    power,   resistance,  1,  1}, // sqrt(W ohm)
+    {current,    power,   voltage,     2, -2}, // W / V
+    {current,    voltage, resistance,  2, -2}, // V / ohm
+    {current,    power,   resistance,  1, -1}, // sqrt(W / ohm)
+    {power,      voltage, current,     2,  2}, // V A
+    {power,      voltage, resistance,  4, -2}, // V^2 / ohm
+    {power,      current, resistance,  4,  2}, // A^2 ohm
+    {resistance, voltage, current,     2, -2}, // V / A
+    {resistance, voltage, power,       4, -2}, // V^2 / W
+    {resistance, power,   current,     2, -4}, // W / A^2
+};
+// clang-format on
+
+// A relation with its operands in its order.
+struct Ordered_relation {
+    Relation relation;
+    Measurement const& first;
+    Measurement const& second;
+};
+
+Ordered_relation Relation_of(Units const& target, Measurement const& x, Measurement const& y) {
+    Quantity const wanted = Quantity_of(Kind_of(target));
+    Quantity const left = Quantity_of(Kind_of(x.Get_unit()));
+    Quantity const right = Quantity_of(Kind_of(y.Get_unit()));
+    for (Relation const& row : relations) {
+        if (row.target == wanted && row.first == left && row.second == right) {
+            return {row, x, y};
+        }
+        if (row.target == wanted && row.first == right && row.second == left) {
+            return {row, y, x};
+        }
+    }
+    throw Refusal::no_electrical_relation;
+}
+
+// ---- By the quantities themselves
+
+Units Linear(Units unit) {
+    unit.spl_conv = SPL_NONE;
+    return unit;
+}
+
+Band Linear_band(Measurement const& x) {
+    return Is_decibel(x.Get_unit()) ? Converted(x, Linear(x.Get_unit())) : Band_of(x);
+}
+
+// In the target's unit without decibels. The sizes of the units go in before the root is taken.
+Band Related(Ordered_relation const& of, Units const& target) {
+    int const a = of.relation.first_power;
+    int const b = of.relation.second_power;
+    bool const is_root = a % 2 != 0;
+    int const share = is_root ? 1 : 2;
+    Exact_factor const sizes = Physics::Power(Size_of(of.first.Get_unit()), a / share) *
+                               Physics::Power(Size_of(of.second.Get_unit()), b / share) /
+                               Physics::Power(Size_of(target), is_root ? 2 : 1);
+    Band const numerator = Power(Linear_band(of.first), a / share);
+    Band const other = Linear_band(of.second);
+    Band const related =
+        b > 0 ? numerator * Power(other, b / share) : numerator / Power(other, -b / share);
+    return is_root ? Square_root(related * sizes) : related * sizes;
+}
+
+// ---- By levels, whose numbers add
+
+// 20 log10 of a quantity in V, A, W or ohm.
+Band Twenty_log(Measurement const& x) {
+    Units const unit = x.Get_unit();
+    if (!Is_decibel(unit)) {
+        return Scaled_logarithm(20, Band_of(x), Size_of(unit));
+    }
+    Band const shift = Single(Enclose(20.0) * Logarithm(Size_of(unit)));
+    bool const of_power = Level_factor(Kind_of(unit)) == 10;
+    return Band_of(x) * (of_power ? Exact_factor{{1}} : Exact_factor{}) + shift;
+}
+
+// times power over 2, which is a power of two or twice one.
+Band Times_half(Band const& x, int half_powers) {
+    Exact_factor const magnitude = {{half_powers % 4 == 0 ? 1 : half_powers % 2 == 0 ? 0 : -1}};
+    return half_powers < 0 ? -(x * magnitude) : x * magnitude;
+}
+
+Band Related_level(Ordered_relation const& of, Units const& target) {
+    Band const twenty_log = Times_half(Twenty_log(of.first), of.relation.first_power) +
+                            Times_half(Twenty_log(of.second), of.relation.second_power);
+    Band const of_units = Single(Enclose(20.0) * Logarithm(Size_of(target)));
+    Band const level = twenty_log - of_units;
+    return Level_factor(Kind_of(target)) == 10 ? level * Exact_factor{{-1}} : level;
+}
+
+Measurement By_relation(Measurement const& x, Measurement const& with, Units const& target) {
+    Ordered_relation const of = Relation_of(target, x, with);
+    bool const from_level = Is_decibel(x.Get_unit()) || Is_decibel(with.Get_unit());
+    if (!Is_decibel(target)) {
+        return Rounded(Related(of, target), target);
+    }
+    Measurement const& divisor = of.second;
+    if (of.relation.second_power < 0 && !Is_decibel(divisor.Get_unit()) &&
+        May_be_zero(Band_of(divisor))) {
+        throw Refusal::division_by_zero;
+    }
+    return Rounded(from_level ? Related_level(of, target)
+                              : Scaled_logarithm(Level_factor(Kind_of(target)),
+                                                 Related(of, Linear(target)), {}),
+                   target);
+}
+
+} // namespace
+
+Measurement Measurement::Convert_to(Units const& target, Measurement const& with) const {
+    try {
+        return By_relation(*this, with, Valid_unit(target));
+    } catch (Refusal reason) {
+        Refuse(reason, "cannot convert " + Described(*this) + " with " + Described(with) + " to " +
+                           Described(target));
+    }
+}
+
+} // namespace Varnix::Value

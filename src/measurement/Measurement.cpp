@@ -1,0 +1,135 @@
+// Construction, the parts, and conversion within a kind.
+
+#include <varnix/value/Measurement.h>
+
+#include "Conversions.h"
+#include "Measurement_parts.h"
+#include "Refusals.h"
+
+#include <cmath>
+#include <limits>
+
+namespace Varnix::Value {
+
+using namespace Physics;
+
+namespace {
+
+constexpr double infinity = std::numeric_limits<double>::infinity();
+
+Units Checked_unit(Units const& unit) {
+    try {
+        return Valid_unit(unit);
+    } catch (Refusal reason) {
+        Refuse(reason, "cannot measure in " + Described(unit));
+    }
+}
+
+void Check_numbers(double value, double lower, double upper) {
+    bool const bounds_can_be =
+        !std::isnan(lower) && !std::isnan(upper) && lower != infinity && upper != -infinity;
+    if (!std::isfinite(value) || !bounds_can_be) {
+        throw Refusal::not_finite;
+    }
+    if (lower > upper) {
+        throw Refusal::bounds_inverted;
+    }
+    if (value < lower || value > upper) {
+        throw Refusal::value_outside_bounds;
+    }
+}
+
+// The double nearest to the middle, or the finite bound.
+double Middle(double lower, double upper) {
+    if (std::isinf(lower) || std::isinf(upper)) {
+        return std::isinf(lower) ? upper : lower;
+    }
+    return Round_to_nearest((Enclose(lower) + Enclose(upper)) / Enclose(2.0));
+}
+
+// Levels whose number stands for another quantity in the core: it takes all of them as 10 log10,
+// and where the powers of a unit do not multiply to 1, as those of another power.
+bool Is_level_of_another_meaning(Units const& unit) {
+    if (Form_of(unit, false) != Form::level) {
+        return false;
+    }
+    int product = 1;
+    for (Unit_tuple const& tuple : unit.tuples) {
+        product *= tuple.unit == NO_UNIT ? 1 : tuple.exponent;
+    }
+    return product != 1 || Level_factor(Kind_of(unit)) != 10;
+}
+
+void Check_level_meaning(Units const& unit, Levels levels, char const* direction) {
+    if (levels == Levels::same_meaning && Is_level_of_another_meaning(unit)) {
+        Refuse(Refusal::levels_disagree, direction + Described(unit));
+    }
+}
+
+} // namespace
+
+// ---- Construction
+
+Measurement::Measurement(double value_, Units const& unit_)
+    : Measurement(value_, unit_, value_, value_) {}
+
+Measurement::Measurement(double value_, Units const& unit_, double lower_, double upper_)
+    : value(value_ + 0.0), lower(lower_ + 0.0), upper(upper_ + 0.0), unit(Checked_unit(unit_)),
+      difference(false) {
+    try {
+        Check_numbers(value, lower, upper);
+    } catch (Refusal reason) {
+        Refuse(reason, "cannot measure " + Described(value, lower, upper, unit));
+    }
+}
+
+Measurement Measurement::Between(double lower, double upper, Units const& unit) {
+    bool const can_be = !std::isnan(lower) && !std::isnan(upper) && lower <= upper;
+    return {can_be ? Middle(lower, upper) : lower, unit, lower, upper};
+}
+
+Measurement Measurement::From(Value_object<double> const& quantity, Levels levels) {
+    Units const unit = quantity.Get_unit();
+    Measurement const result(quantity.Get_value(), unit, quantity.Get_minus_err(),
+                             quantity.Get_plus_err());
+    Check_level_meaning(result.unit, levels, "cannot take over ");
+    return result;
+}
+
+Value_object<double> Measurement::To_value_object(Levels levels) const {
+    Check_level_meaning(unit, levels, "cannot hand over ");
+    if (difference && !Is_kelvin(unit)) {
+        Refuse(Refusal::difference_has_no_unit, "hand over", *this);
+    }
+    return {value, unit, lower, upper};
+}
+
+// ---- Marks
+
+Measurement Measurement::As_difference() const {
+    Measurement result = *this;
+    result.difference = Is_temperature(unit);
+    return result;
+}
+
+Measurement Measurement::As_point() const {
+    if (difference && !Is_kelvin(unit) && unit.si_prefix != NO_PREFIX) {
+        Refuse(Refusal::prefix_on_temperature, "take for a point", *this);
+    }
+    Measurement result = *this;
+    result.difference = false;
+    return result;
+}
+
+// ---- Conversion
+
+Measurement Measurement::Convert_to(Units const& target) const {
+    try {
+        Units const valid = Valid_unit(target, difference);
+        return Rounded(Converted(*this, valid), valid, difference);
+    } catch (Refusal reason) {
+        Refuse(reason, "convert", *this, "to", target);
+    }
+}
+
+} // namespace Varnix::Value

@@ -1,0 +1,158 @@
+// Measurements read from texts: the notation is that of quantities, and the numbers are enclosed.
+
+#include <varnix/value/Measurement_text.h>
+
+#include "Decimals.h"
+#include "Measurement_parts.h"
+
+#include <optional>
+#include <utility>
+#include <variant>
+
+namespace Varnix::Value {
+
+using namespace Physics;
+
+namespace {
+
+// ---- The unit
+
+struct Difference_word {
+    std::string_view word;
+    Units unit;
+};
+
+Units Temperature_unit(Units_list unit) {
+    return {
+        SPL_NONE, NO_PREFIX, {{unit, 1}, {NO_UNIT, 0}, {NO_UNIT, 0}, {NO_UNIT, 0}, {NO_UNIT, 0}}};
+}
+
+// "Δ°C" and its kin; the mark may be the Greek letter or the sign of the increment.
+std::optional<Units> Difference_unit(std::string_view text) {
+    for (std::string_view const mark : {"\u0394", "\u2206", "delta_"}) {
+        if (text.substr(0, mark.size()) != mark) {
+            continue;
+        }
+        std::string_view const scale = text.substr(mark.size());
+        if (scale == "°C" || scale == "degC") {
+            return Temperature_unit(DEGREE_C);
+        }
+        if (scale == "°F" || scale == "degF") {
+            return Temperature_unit(DEGREE_F);
+        }
+        if (scale == "K") {
+            return Temperature_unit(KELVIN);
+        }
+    }
+    return std::nullopt;
+}
+
+struct Read_unit {
+    Units unit;
+    bool is_difference;
+};
+
+Parse_result<Read_unit> Unit_of(Quantity_parts const& parts) {
+    if (parts.unit.empty()) {
+        return Read_unit{C_Empty, false};
+    }
+    if (std::optional<Units> const difference = Difference_unit(parts.unit)) {
+        return Read_unit{*difference, true};
+    }
+    Parse_result<Units> const unit = Try_parse_unit(parts.unit);
+    if (!unit) {
+        Text_fault fault = unit.Get_fault();
+        fault.position += parts.unit_position;
+        return fault;
+    }
+    return Read_unit{*unit, false};
+}
+
+// ---- The numbers
+
+struct Read_numbers {
+    double value;
+    double lower;
+    double upper;
+};
+
+Read_numbers Numbers_of(Quantity_parts const& parts) {
+    Enclosed lower;
+    Enclosed upper;
+    switch (parts.form) {
+    case Quantity_form::value_alone:
+        lower = upper = Number_of(parts.value);
+        break;
+    case Quantity_form::bounds:
+        lower = Number_of(parts.lower);
+        upper = Number_of(parts.upper);
+        break;
+    default:
+        lower = Sum_of(parts.value, -1, parts.lower);
+        upper = Sum_of(parts.value, 1, parts.upper);
+        break;
+    }
+    return {parts.value.nearest, Round_down(lower), Round_up(upper)};
+}
+
+// ---- The whole
+
+using Failure = std::variant<Text_fault, MeasurementRefused>;
+
+// What was refused, and where it stands in the text.
+struct Refused_at {
+    MeasurementRefused refused;
+    std::size_t position;
+};
+
+bool Is_about_unit(Refusal reason) {
+    return reason != Refusal::not_finite && reason != Refusal::bounds_inverted &&
+           reason != Refusal::value_outside_bounds;
+}
+
+using Read = std::variant<Measurement, Text_fault, Refused_at>;
+
+Read Read_measurement(std::string_view text) {
+    Parse_result<Quantity_parts> const parts = Try_split_quantity(text, {true, true});
+    if (!parts) {
+        return parts.Get_fault();
+    }
+    Parse_result<Read_unit> const unit = Unit_of(*parts);
+    if (!unit) {
+        return unit.Get_fault();
+    }
+    Read_numbers const numbers = Numbers_of(*parts);
+    try {
+        Measurement const read(numbers.value, unit->unit, numbers.lower, numbers.upper);
+        return unit->is_difference ? read.As_difference() : read;
+    } catch (MeasurementRefused const& refused) {
+        return Refused_at{refused, Is_about_unit(refused.Get_reason()) ? parts->unit_position
+                                                                       : parts->bounds_position};
+    }
+}
+
+} // namespace
+
+Measurement Parse_measurement(std::string_view text) {
+    Read const read = Read_measurement(text);
+    if (auto const* fault = std::get_if<Text_fault>(&read)) {
+        Throw_text_not_valid(*fault);
+    }
+    if (auto const* refused = std::get_if<Refused_at>(&read)) {
+        throw MeasurementRefused(refused->refused);
+    }
+    return std::get<Measurement>(read);
+}
+
+Parse_result<Measurement> Try_parse_measurement(std::string_view text) {
+    Read read = Read_measurement(text);
+    if (auto* fault = std::get_if<Text_fault>(&read)) {
+        return std::move(*fault);
+    }
+    if (auto const* refused = std::get_if<Refused_at>(&read)) {
+        return Text_fault{refused->position, refused->refused.what(), ""};
+    }
+    return std::get<Measurement>(read);
+}
+
+} // namespace Varnix::Value
