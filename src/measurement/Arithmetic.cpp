@@ -61,11 +61,20 @@ Measurement Temperature_sum_of(Measurement const& x, int sign, Measurement const
     return Rounded(Band_of(x) + (sign > 0 ? second : -second), unit, roles.is_difference);
 }
 
+Numbers Negated(Numbers const& x) {
+    return {-x.upper, -x.value, -x.lower};
+}
+
 Measurement Linear_sum(Measurement const& x, int sign, Measurement const& y) {
     Units const& unit = Measurement_parts::Unit_of(x);
     Units const& other = Measurement_parts::Unit_of(y);
     if (Is_temperature(unit) && Is_temperature(other)) {
         return Temperature_sum_of(x, sign, y);
+    }
+    Numbers numbers{};
+    if (unit == other &&
+        Short_sum(Numbers_of(x), sign > 0 ? Numbers_of(y) : Negated(Numbers_of(y)), numbers)) {
+        return Made_of(numbers, unit, x.Is_difference());
     }
     Band const second = unit == other ? Band_of(y) : Converted(y, unit);
     return Rounded(Band_of(x) + (sign > 0 ? second : -second), unit, x.Is_difference());
@@ -116,7 +125,8 @@ void Check_factor(Measurement const& x) {
 }
 
 bool Is_plain(Measurement const& x) {
-    return !Is_decibel(x.Get_unit()) && Kind_of(x.Get_unit()) == Kind();
+    Units const& unit = Measurement_parts::Unit_of(x);
+    return !Is_decibel(unit) && Kind_of(unit) == Kind();
 }
 
 // Whether a product is a temperature difference: what comes of other units is one, and what is only
@@ -128,6 +138,18 @@ bool Product_is_difference(Measurement const& x, Measurement const& y, Units con
     return Is_plain(y) ? x.Is_difference() : !Is_plain(x) || y.Is_difference();
 }
 
+// Units of one size, or of one that is only divided by.
+bool Short_product_of(Measurement const& x, int sign, Measurement const& y,
+                      Prepared_factor const& factor, Numbers& numbers) {
+    double above = 0.0;
+    double below = 0.0;
+    if (!factor.As_whole_numbers(above, below) || above != 1.0) {
+        return false;
+    }
+    return sign > 0 ? Short_product(Numbers_of(x), Numbers_of(y), below, numbers)
+                    : below == 1.0 && Short_quotient(Numbers_of(x), Numbers_of(y), numbers);
+}
+
 Measurement Linear_product(Measurement const& x, int sign, Measurement const& y) {
     Check_factor(x);
     Check_factor(y);
@@ -137,10 +159,15 @@ Measurement Linear_product(Measurement const& x, int sign, Measurement const& y)
     if (result.refusal) {
         throw *result.refusal;
     }
-    Exact_factor const factor =
-        Size_of(left) * Physics::Power(Size_of(right), sign) / Size_of(result.unit);
+    bool const is_difference = Product_is_difference(x, y, result.unit);
+    Prepared_factor const factor(Size_of(left) * Physics::Power(Size_of(right), sign) /
+                                 Size_of(result.unit));
+    Numbers numbers{};
+    if (Short_product_of(x, sign, y, factor, numbers)) {
+        return Made_of(numbers, result.unit, is_difference);
+    }
     Band const band = sign > 0 ? Band_of(x) * Band_of(y) : Band_of(x) / Band_of(y);
-    return Rounded(band * factor, result.unit, Product_is_difference(x, y, result.unit));
+    return Rounded(Increasing(band, factor), result.unit, is_difference);
 }
 
 // A gain counted: 0.2 dB * 12.5.
@@ -151,6 +178,9 @@ Measurement Counted_gain(Measurement const& gain, int sign, Measurement const& n
 }
 
 Measurement Product(Measurement const& x, Measurement const& y) {
+    if (!Is_decibel(Measurement_parts::Unit_of(x)) && !Is_decibel(Measurement_parts::Unit_of(y))) {
+        return Linear_product(x, 1, y);
+    }
     Form const left = Form_of(x);
     Form const right = Form_of(y);
     if (left == Form::gain && Is_plain(y)) {
@@ -172,6 +202,9 @@ Measurement Product(Measurement const& x, Measurement const& y) {
 }
 
 Measurement Quotient(Measurement const& x, Measurement const& y) {
+    if (!Is_decibel(Measurement_parts::Unit_of(x)) && !Is_decibel(Measurement_parts::Unit_of(y))) {
+        return Linear_product(x, -1, y);
+    }
     Form const left = Form_of(x);
     if (left == Form::gain && Is_plain(y)) {
         return Counted_gain(x, -1, y);

@@ -24,18 +24,20 @@ bool Is_normal_double(Enclosed const& x) {
 
 } // namespace
 
-Measurement Rounded(Band const& band, Units const& unit, bool is_difference) {
-    double const nearest = Round_to_nearest(band.value);
-    if (std::isinf(nearest)) {
+Measurement Made_of(Numbers const& numbers, Units const& unit, bool is_difference) {
+    if (std::isinf(numbers.value)) {
         throw Refusal::out_of_range;
     }
+    double const value = std::min(std::max(numbers.value, numbers.lower), numbers.upper);
+    return Measurement_parts::Made(value, numbers.lower, numbers.upper, unit, is_difference);
+}
+
+Measurement Rounded(Band const& band, Units const& unit, bool is_difference) {
+    double const nearest = Round_to_nearest(band.value);
     if (band.is_single && Is_normal_double(band.value)) {
-        return Measurement_parts::Made(nearest, nearest, nearest, unit, is_difference);
+        return Made_of({nearest, nearest, nearest}, unit, is_difference);
     }
-    double const lower = Round_down(band.lower);
-    double const upper = Round_up(band.upper);
-    double const value = std::min(std::max(nearest, lower), upper);
-    return Measurement_parts::Made(value, lower, upper, unit, is_difference);
+    return Made_of({Round_down(band.lower), nearest, Round_up(band.upper)}, unit, is_difference);
 }
 
 bool Is_below_zero(Enclosed const& x) {
@@ -172,16 +174,19 @@ Band Scaled_logarithm(int step, Band const& x, Exact_factor const& factor) {
         throw Refusal::no_level_of_zero;
     }
     Enclosed const steps = Enclose(step);
-    return Increasing(x, [&](Enclosed const& number) { return steps * Logarithm(number, factor); });
+    Enclosed const tens = Enclose(Tens_in(factor));
+    Prepared_factor const rest(factor / Powers_of_ten(Tens_in(factor)));
+    return Increasing(x, [&](Enclosed const& number) { return steps * (Logarithm(rest(number)) + tens); });
 }
 
 Band Scaled_power_of_ten(Band const& x, int step, Exact_factor const& factor) {
     Enclosed const steps = Enclose(step);
+    Prepared_factor const prepared(factor);
     return Increasing(x, [&](Enclosed const& number) {
         Enclosed const exponent = number / steps;
         int tens = 0;
         return Is_small_whole(exponent, tens) ? Enclose(1.0) * (factor * Powers_of_ten(tens))
-                                              : Power_of_ten(exponent) * factor;
+                                              : prepared(Power_of_ten(exponent));
     });
 }
 

@@ -9,6 +9,7 @@
 
 #include "Enclosed.h"
 #include "Exact_factor.h"
+#include "Short_ways.h"
 
 #include <varnix/value/Measurement.h>
 
@@ -30,6 +31,9 @@ Band Band_of(Measurement const& x);
 
 // The measurement, each bound rounded outward. @throws Refusal::out_of_range
 Measurement Rounded(Band const& band, Units const& unit, bool is_difference = false);
+
+// The measurement with numbers that are rounded already. @throws as above
+Measurement Made_of(Numbers const& numbers, Units const& unit, bool is_difference = false);
 
 // The band of a function that goes up, or down, throughout.
 template <typename Function>

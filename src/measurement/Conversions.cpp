@@ -22,7 +22,8 @@ Refusal Why_kinds_differ(Kind const& first, Kind const& second) {
     Kind joined_first = first;
     Kind joined_second = second;
     for (Kind* kind : {&joined_first, &joined_second}) {
-        (*kind)[Base::time] += (*kind)[Base::calendar];
+        (*kind)[Base::time] =
+            static_cast<std::int16_t>((*kind)[Base::time] + (*kind)[Base::calendar]);
         (*kind)[Base::calendar] = 0;
     }
     return joined_first == joined_second ? Refusal::no_fixed_length : Refusal::kinds_differ;

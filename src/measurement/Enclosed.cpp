@@ -492,6 +492,18 @@ Enclosed Prepared_factor::operator()(Enclosed const& x) const {
     return product;
 }
 
+bool Prepared_factor::As_whole_numbers(double& above, double& below) const {
+    int const twos = ratio.Power_of_two();
+    bool const are_doubles = numerator.low == 0.0 && numerator.Is_exact() &&
+                             denominator.low == 0.0 && denominator.Is_exact() &&
+                             ratio.Power_of_pi() == 0 && twos > -300 && twos < 300;
+    if (are_doubles) {
+        above = numerator.high * Two_to(numerator.exponent + (twos > 0 ? twos : 0));
+        below = denominator.high * Two_to(denominator.exponent - (twos < 0 ? twos : 0));
+    }
+    return are_doubles;
+}
+
 Enclosed operator*(Enclosed const& x, Exact_factor const& factor) {
     return Prepared_factor(factor)(x);
 }
@@ -638,30 +650,9 @@ Enclosed Logarithm(Enclosed const& x) {
     return Logarithm_near_one(mantissa) + Enclose(exponent) * log10_2;
 }
 
-namespace {
-
-// The power of ten in a ratio of units.
-int Power_of_ten_in(Exact_factor const& factor) {
-    int const twos = factor.powers[0];
-    int const fives = factor.powers[2];
-    if (twos > 0 && fives > 0) {
-        return std::min(twos, fives);
-    }
-    return twos < 0 && fives < 0 ? std::max(twos, fives) : 0;
-}
-
-} // namespace
-
-Enclosed Logarithm(Enclosed const& x, Exact_factor const& factor) {
-    int const tens = Power_of_ten_in(factor);
-    Exact_factor rest = factor;
-    rest.powers[0] -= tens;
-    rest.powers[2] -= tens;
-    return Logarithm(rest.Is_one() ? x : x * rest) + Enclose(tens);
-}
-
 Enclosed Logarithm(Exact_factor const& factor) {
-    return Logarithm(Enclose(1.0), factor);
+    int const tens = Tens_in(factor);
+    return Logarithm(Enclose(1.0) * (factor / Powers_of_ten(tens))) + Enclose(tens);
 }
 
 } // namespace Varnix::Value::Physics

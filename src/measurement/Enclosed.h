@@ -84,6 +84,9 @@ class Prepared_factor {
     // denominators of up to 128 bits.
     Enclosed operator()(Enclosed const& x) const;
 
+    // The ratio of two whole numbers, where it is one and both are doubles.
+    bool As_whole_numbers(double& above, double& below) const;
+
   private:
     Exact_factor ratio;
     Enclosed numerator;   // without powers of two; with those of pi
@@ -101,9 +104,6 @@ Enclosed Logarithm(Enclosed const& x); // log10 x of x >= 0; exact for powers of
 
 // log10 of a ratio of units; exact for powers of ten.
 Enclosed Logarithm(Exact_factor const& factor);
-
-// log10 (x * factor) of x >= 0.
-Enclosed Logarithm(Enclosed const& x, Exact_factor const& factor);
 
 } // namespace Varnix::Value::Physics
 

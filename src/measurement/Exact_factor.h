@@ -4,6 +4,7 @@
 #ifndef VARNIX_VALUE_MEASUREMENT_EXACT_FACTOR_H
 #define VARNIX_VALUE_MEASUREMENT_EXACT_FACTOR_H
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 
@@ -48,6 +49,16 @@ inline Exact_factor operator/(Exact_factor const& first, Exact_factor const& sec
 
 inline Exact_factor Powers_of_ten(int exponent) {
     return Exact_factor{{exponent, 0, exponent}};
+}
+
+// How many whole powers of ten a ratio has, above or below the line.
+inline int Tens_in(Exact_factor const& factor) {
+    int const twos = factor.powers[0];
+    int const fives = factor.powers[2];
+    if (twos > 0 && fives > 0) {
+        return std::min(twos, fives);
+    }
+    return twos < 0 && fives < 0 ? std::max(twos, fives) : 0;
 }
 
 } // namespace Varnix::Value::Physics

@@ -1,5 +1,7 @@
 #include "Forms.h"
 
+#include "Measurement_parts.h"
+
 #include <varnix/value/Value_object.h>
 
 #include <cstdlib>
@@ -15,7 +17,7 @@ Form Form_of(Units const& unit, bool is_difference) {
 }
 
 Form Form_of(Measurement const& x) {
-    return Form_of(x.Get_unit(), x.Is_difference());
+    return Form_of(Measurement_parts::Unit_of(x), x.Is_difference());
 }
 
 bool Is_temperature(Units const& unit) {

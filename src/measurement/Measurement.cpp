@@ -123,10 +123,35 @@ Measurement Measurement::As_point() const {
 
 // ---- Conversion
 
+namespace {
+
+// A linear quantity by a factor: the usual case.
+bool Short_conversion(Measurement const& x, Units const& target, Numbers& numbers) {
+    Units const& unit = Measurement_parts::Unit_of(x);
+    bool const by_factor =
+        Form_of(x) == Form::linear && Form_of(target, x.Is_difference()) == Form::linear;
+    if (!by_factor || Kind_of(unit) != Kind_of(target)) {
+        return false;
+    }
+    double above = 0.0;
+    double below = 0.0;
+    return Prepared_factor(Size_of(unit) / Size_of(target)).As_whole_numbers(above, below) &&
+           Short_multiple(Numbers_of(x), above, below, numbers);
+}
+
+Measurement Converted_to(Measurement const& x, Units const& target) {
+    Numbers numbers{};
+    return Short_conversion(x, target, numbers)
+               ? Made_of(numbers, target, x.Is_difference())
+               : Rounded(Converted(x, target), target, x.Is_difference());
+}
+
+} // namespace
+
 Measurement Measurement::Convert_to(Units const& target) const {
     try {
         Units const valid = Valid_unit(target, difference);
-        return Rounded(Converted(*this, valid), valid, difference);
+        return Converted_to(*this, valid);
     } catch (Refusal reason) {
         Refuse(reason, "convert", *this, "to", target);
     }

@@ -11,8 +11,9 @@ namespace {
 
 struct Row {
     Units_list unit;
-    Kind kind;
-    Exact_factor size; // in what the kind is measured in
+    Dimension dimension; // the catalogue's
+    Kind kind;           // what it measures: a month is not so much time
+    Exact_factor size;   // in what the kind is measured in
 };
 
 constexpr Kind Of(Base base) {
@@ -23,54 +24,54 @@ constexpr Kind Of(Base base) {
 
 constexpr Kind Of(int volts, int amperes) {
     Kind kind;
-    kind.powers[static_cast<std::size_t>(Base::voltage)] = volts;
-    kind.powers[static_cast<std::size_t>(Base::current)] = amperes;
+    kind.powers[static_cast<std::size_t>(Base::voltage)] = static_cast<std::int16_t>(volts);
+    kind.powers[static_cast<std::size_t>(Base::current)] = static_cast<std::int16_t>(amperes);
     return kind;
 }
 
 // clang-format off
 
 constexpr Row rows[] = {
-    // unit         kind                    size: powers of 2   3   5   7  11 127 463  pi
-    {METER,         Of(Base::length),      {{             0,  0,  0,  0,  0,  0,  0,  0}}},
-    {INCH,          Of(Base::length),      {{            -3,  0, -4,  0,  0,  1,  0,  0}}}, // 0.0254
-    {FOOT,          Of(Base::length),      {{            -1,  1, -4,  0,  0,  1,  0,  0}}}, // 12 in
-    {YARD,          Of(Base::length),      {{            -1,  2, -4,  0,  0,  1,  0,  0}}}, // 3 ft
-    {MILE,          Of(Base::length),      {{             4,  2, -3,  0,  1,  1,  0,  0}}}, // 5280 ft: 1609.344 m, where the catalogue has 1609.34
-    {NAUTICAL_MILE, Of(Base::length),      {{             2,  0,  0,  0,  0,  0,  1,  0}}}, // 1852
+    // unit         dimension      kind                    size: powers of 2   3   5   7  11 127 463  pi
+    {METER,         LENGTH,         Of(Base::length),      {{             0,  0,  0,  0,  0,  0,  0,  0}}},
+    {INCH,          LENGTH,         Of(Base::length),      {{            -3,  0, -4,  0,  0,  1,  0,  0}}}, // 0.0254
+    {FOOT,          LENGTH,         Of(Base::length),      {{            -1,  1, -4,  0,  0,  1,  0,  0}}}, // 12 in
+    {YARD,          LENGTH,         Of(Base::length),      {{            -1,  2, -4,  0,  0,  1,  0,  0}}}, // 3 ft
+    {MILE,          LENGTH,         Of(Base::length),      {{             4,  2, -3,  0,  1,  1,  0,  0}}}, // 5280 ft: 1609.344 m, where the catalogue has 1609.34
+    {NAUTICAL_MILE, LENGTH,         Of(Base::length),      {{             2,  0,  0,  0,  0,  0,  1,  0}}}, // 1852
 
-    {SECOND,        Of(Base::time),        {{             0,  0,  0,  0,  0,  0,  0,  0}}},
-    {MINUTE,        Of(Base::time),        {{             2,  1,  1,  0,  0,  0,  0,  0}}},
-    {HOUR,          Of(Base::time),        {{             4,  2,  2,  0,  0,  0,  0,  0}}},
-    {DAY,           Of(Base::time),        {{             7,  3,  2,  0,  0,  0,  0,  0}}},
-    {WEEK,          Of(Base::time),        {{             7,  3,  2,  1,  0,  0,  0,  0}}},
-    {MONTH,         Of(Base::calendar),    {{             0,  0,  0,  0,  0,  0,  0,  0}}}, // 28 to 31 days
-    {YEAR,          Of(Base::calendar),    {{             2,  1,  0,  0,  0,  0,  0,  0}}}, // 12 months
+    {SECOND,        TIME,           Of(Base::time),        {{             0,  0,  0,  0,  0,  0,  0,  0}}},
+    {MINUTE,        TIME,           Of(Base::time),        {{             2,  1,  1,  0,  0,  0,  0,  0}}},
+    {HOUR,          TIME,           Of(Base::time),        {{             4,  2,  2,  0,  0,  0,  0,  0}}},
+    {DAY,           TIME,           Of(Base::time),        {{             7,  3,  2,  0,  0,  0,  0,  0}}},
+    {WEEK,          TIME,           Of(Base::time),        {{             7,  3,  2,  1,  0,  0,  0,  0}}},
+    {MONTH,         TIME,           Of(Base::calendar),    {{             0,  0,  0,  0,  0,  0,  0,  0}}}, // 28 to 31 days
+    {YEAR,          TIME,           Of(Base::calendar),    {{             2,  1,  0,  0,  0,  0,  0,  0}}}, // 12 months
 
-    {RADIAN,        Of(Base::angle),       {{            -1,  0,  0,  0,  0,  0,  0, -1}}}, // 1 / 2 pi
-    {DEGREE,        Of(Base::angle),       {{            -3, -2, -1,  0,  0,  0,  0,  0}}}, // 1 / 360
+    {RADIAN,        DIMENSIONLESS,  Of(Base::angle),       {{            -1,  0,  0,  0,  0,  0,  0, -1}}}, // 1 / 2 pi
+    {DEGREE,        DIMENSIONLESS,  Of(Base::angle),       {{            -3, -2, -1,  0,  0,  0,  0,  0}}}, // 1 / 360
 
-    {DEGREE_C,      Of(Base::temperature), {{             0,  0,  0,  0,  0,  0,  0,  0}}},
-    {DEGREE_F,      Of(Base::temperature), {{             0, -2,  1,  0,  0,  0,  0,  0}}}, // 5 / 9
-    {KELVIN,        Of(Base::temperature), {{             0,  0,  0,  0,  0,  0,  0,  0}}},
+    {DEGREE_C,      TEMPERATURE,    Of(Base::temperature), {{             0,  0,  0,  0,  0,  0,  0,  0}}},
+    {DEGREE_F,      TEMPERATURE,    Of(Base::temperature), {{             0, -2,  1,  0,  0,  0,  0,  0}}}, // 5 / 9
+    {KELVIN,        TEMPERATURE,    Of(Base::temperature), {{             0,  0,  0,  0,  0,  0,  0,  0}}},
 
-    {PERCENT,       Kind(),                {{            -2,  0, -2,  0,  0,  0,  0,  0}}},
-    {PPM,           Kind(),                {{            -6,  0, -6,  0,  0,  0,  0,  0}}},
-    {PPB,           Kind(),                {{            -9,  0, -9,  0,  0,  0,  0,  0}}},
-    {SYMBOL,        Of(Base::symbols),     {{             0,  0,  0,  0,  0,  0,  0,  0}}},
+    {PERCENT,       DIMENSIONLESS,  Kind(),                {{            -2,  0, -2,  0,  0,  0,  0,  0}}},
+    {PPM,           DIMENSIONLESS,  Kind(),                {{            -6,  0, -6,  0,  0,  0,  0,  0}}},
+    {PPB,           DIMENSIONLESS,  Kind(),                {{            -9,  0, -9,  0,  0,  0,  0,  0}}},
+    {SYMBOL,        DIMENSIONLESS,  Of(Base::symbols),     {{             0,  0,  0,  0,  0,  0,  0,  0}}},
 
-    {GRAM,          Of(Base::mass),        {{             0,  0,  0,  0,  0,  0,  0,  0}}},
-    {VOLT,          Of(1, 0),              {{             0,  0,  0,  0,  0,  0,  0,  0}}},
-    {AMP,           Of(0, 1),              {{             0,  0,  0,  0,  0,  0,  0,  0}}},
-    {WATT,          Of(1, 1),              {{             0,  0,  0,  0,  0,  0,  0,  0}}},
-    {OHM,           Of(1, -1),             {{             0,  0,  0,  0,  0,  0,  0,  0}}},
+    {GRAM,          MASS,           Of(Base::mass),        {{             0,  0,  0,  0,  0,  0,  0,  0}}},
+    {VOLT,          VOLTAGE,        Of(1, 0),              {{             0,  0,  0,  0,  0,  0,  0,  0}}},
+    {AMP,           CURRENT,        Of(0, 1),              {{             0,  0,  0,  0,  0,  0,  0,  0}}},
+    {WATT,          POWER,          Of(1, 1),              {{             0,  0,  0,  0,  0,  0,  0,  0}}},
+    {OHM,           RESISTANCE,     Of(1, -1),             {{             0,  0,  0,  0,  0,  0,  0,  0}}},
 
-    {BIT,           Of(Base::data),        {{             0,  0,  0,  0,  0,  0,  0,  0}}},
-    {NYBBLE,        Of(Base::data),        {{             2,  0,  0,  0,  0,  0,  0,  0}}},
-    {BYTE,          Of(Base::data),        {{             3,  0,  0,  0,  0,  0,  0,  0}}},
-    {OCTET,         Of(Base::data),        {{             3,  0,  0,  0,  0,  0,  0,  0}}},
-    {WORD,          Of(Base::data),        {{             4,  0,  0,  0,  0,  0,  0,  0}}},
-    {DWORD,         Of(Base::data),        {{             5,  0,  0,  0,  0,  0,  0,  0}}},
+    {BIT,           DATA_SIZE,      Of(Base::data),        {{             0,  0,  0,  0,  0,  0,  0,  0}}},
+    {NYBBLE,        DATA_SIZE,      Of(Base::data),        {{             2,  0,  0,  0,  0,  0,  0,  0}}},
+    {BYTE,          DATA_SIZE,      Of(Base::data),        {{             3,  0,  0,  0,  0,  0,  0,  0}}},
+    {OCTET,         DATA_SIZE,      Of(Base::data),        {{             3,  0,  0,  0,  0,  0,  0,  0}}},
+    {WORD,          DATA_SIZE,      Of(Base::data),        {{             4,  0,  0,  0,  0,  0,  0,  0}}},
+    {DWORD,         DATA_SIZE,      Of(Base::data),        {{             5,  0,  0,  0,  0,  0,  0,  0}}},
 };
 
 // clang-format on
@@ -100,22 +101,40 @@ Row const& Row_of(Units_list unit) {
 
 } // namespace
 
+Dimension Dimension_of(Units_list unit) {
+    return Row_of(unit).dimension;
+}
+
+namespace {
+
+// kind times another to a power.
+void Multiply(Kind& kind, Kind const& other, int power) {
+    auto const factor = static_cast<std::int16_t>(power);
+    for (std::size_t k = 0; k < kind.powers.size(); ++k) {
+        kind.powers[k] = static_cast<std::int16_t>(kind.powers[k] + other.powers[k] * factor);
+    }
+}
+
+} // namespace
+
 Kind Kind_of(Units const& unit) {
     Kind kind;
     for (Unit_tuple const& tuple : unit.tuples) {
         if (tuple.unit == NO_UNIT) {
             break;
         }
-        Row const& row = Row_of(tuple.unit);
-        for (std::size_t k = 0; k < Base_count; ++k) {
-            kind.powers[k] += row.kind.powers[k] * tuple.exponent;
-        }
+        Multiply(kind, Row_of(tuple.unit).kind, tuple.exponent);
     }
     return kind;
 }
 
+Kind Combined(Kind left, int sign, Kind const& right) {
+    Multiply(left, right, sign);
+    return left;
+}
+
 Exact_factor Size_of(Units const& unit) {
-    Exact_factor size = Size_of(unit.si_prefix);
+    Exact_factor size = unit.si_prefix == NO_PREFIX ? Exact_factor() : Size_of(unit.si_prefix);
     for (Unit_tuple const& tuple : unit.tuples) {
         if (tuple.unit == NO_UNIT) {
             break;

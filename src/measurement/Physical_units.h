@@ -15,6 +15,7 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 
 namespace Varnix::Value::Physics {
 
@@ -32,13 +33,13 @@ enum class Base : std::size_t {
     angle,       // revolutions
     symbols,     // sym
 };
-constexpr std::size_t Base_count = 10;
 
-// A kind of quantity: the powers of what it is measured in.
+// A kind of quantity: the powers of what it is measured in. There is room for sixteen, so that
+// compilers take eight of them in one step.
 struct Kind {
-    std::array<int, Base_count> powers{};
+    std::array<std::int16_t, 16> powers{};
 
-    int& operator[](Base base) { return powers[static_cast<std::size_t>(base)]; }
+    std::int16_t& operator[](Base base) { return powers[static_cast<std::size_t>(base)]; }
     int operator[](Base base) const { return powers[static_cast<std::size_t>(base)]; }
 
     friend bool operator==(Kind const& first, Kind const& second) {
@@ -46,6 +47,12 @@ struct Kind {
     }
     friend bool operator!=(Kind const& first, Kind const& second) { return !(first == second); }
 };
+
+// left times right, or left over right for sign -1.
+Kind Combined(Kind left, int sign, Kind const& right);
+
+// The dimension that the catalogue has for a unit.
+Dimension Dimension_of(Units_list unit);
 
 // The kind of a unit whose codes are in the catalogue; prefix and marker do not count.
 Kind Kind_of(Units const& unit);

@@ -5,8 +5,6 @@
 
 #include "Physical_units.h"
 
-#include <varnix/value/Units_library.h>
-
 #include <array>
 #include <cstdlib>
 
@@ -27,7 +25,7 @@ Slots Taken_apart(Units const& unit) {
         if (tuple.unit == NO_UNIT) {
             break;
         }
-        slots[static_cast<std::size_t>(Units_library::Get_dimension(tuple.unit))] = tuple;
+        slots[static_cast<std::size_t>(Dimension_of(tuple.unit))] = tuple;
     }
     return slots;
 }
@@ -98,13 +96,6 @@ void Drop_ratios(Slots& slots) {
     }
 }
 
-Kind Combined(Kind left, int sign, Kind const& right) {
-    for (std::size_t k = 0; k < Base_count; ++k) {
-        left.powers[k] += sign * right.powers[k];
-    }
-    return left;
-}
-
 // Why two units of one dimension do not go into one.
 Refusal Why_not_joined(Kind const& left, Kind const& right) {
     return left[Base::calendar] != 0 || right[Base::calendar] != 0 ? Refusal::no_fixed_length
@@ -123,10 +114,12 @@ Units Without_prefix(Units unit) {
 } // namespace
 
 Result_unit Unit_of_product(Units const& left, int sign, Units const& right) {
-    if (Kind_of(right) == Kind() && (!Is_plain(left) || Is_plain(right))) {
+    Kind const left_kind = Kind_of(left);
+    Kind const right_kind = Kind_of(right);
+    if (right_kind == Kind() && (!Is_plain(left) || Is_plain(right))) {
         return {left, std::nullopt};
     }
-    if (Kind_of(left) == Kind() && sign > 0) {
+    if (left_kind == Kind() && sign > 0) {
         return {right, std::nullopt};
     }
     Slots slots = Taken_apart(left);
@@ -138,13 +131,13 @@ Result_unit Unit_of_product(Units const& left, int sign, Units const& right) {
         slots[k].unit = slots[k].unit == NO_UNIT ? others[k].unit : slots[k].unit;
         slots[k].exponent += sign * others[k].exponent;
     }
-    Kind const kind = Combined(Kind_of(left), sign, Kind_of(right));
+    Kind const kind = Combined(left_kind, sign, right_kind);
     if (electrical) {
         Write_electrical(slots, kind);
     }
     Result_unit result = Put_together(slots);
     if (!result.refusal && Kind_of(result.unit) != kind) {
-        result.refusal = Why_not_joined(Kind_of(left), Kind_of(right));
+        result.refusal = Why_not_joined(left_kind, right_kind);
     }
     return result;
 }
