@@ -69,6 +69,8 @@ TEST(Core, Takes_arguments_from_itself) {
     EXPECT_TRUE(Is(object, 3.0, 1.0, 2.0, C_Meter));
     object.Set_plus_minus_err(object.Get_plus_err(), object.Get_minus_err());
     EXPECT_TRUE(Is(object, 3.0, 1.0, 2.0, C_Meter));
+    object.Set_plus_minus_err(object.Get_minus_err(), object.Get_plus_err());
+    EXPECT_TRUE(Is(object, 3.0, 1.0, 2.0, C_Meter));
     Quantity const& same = object;
     object = same;
     EXPECT_TRUE(Is(object, 3.0, 1.0, 2.0, C_Meter));
