@@ -277,6 +277,10 @@ TEST(Parsing, Throws_what_it_would_return) {
     TextNotValid first(Try_parse_unit("").Get_fault());
     first = TextNotValid(Try_parse_unit("m/").Get_fault());
     EXPECT_EQ(first.Get_fault().position, 2U);
+    TextNotValid const copy(first);
+    EXPECT_EQ(copy.Get_fault().position, 2U);
+    EXPECT_EQ(Try_parse_unit(std::string(Longest_text + 1, 'm')).Get_fault().position, Longest_text);
+    EXPECT_FALSE(Try_parse_unit(std::string(Longest_text + 1, 'M'), Dialect::scpi));
     EXPECT_THROW((void)*Try_parse_number("x"), TextNotValid);
     EXPECT_THROW((void)Try_parse_number("1").Get_fault(), std::bad_variant_access);
 }

@@ -60,6 +60,7 @@ TEST(Core, Orders_the_bounds) {
     EXPECT_TRUE(Is(Quantity(unordered), 5.0, 4.0, 6.0, C_Meter));
     Quantity assigned;
     EXPECT_TRUE(Is(assigned = unordered, 5.0, 4.0, 6.0, C_Meter));
+    EXPECT_TRUE(Is(unordered.Convert_to(C_MilliMeter), 5000.0, 4000.0, 6000.0, C_MilliMeter));
     EXPECT_TRUE(Is(Quantity(std::move(unordered)), 5.0, 6.0, 4.0, C_Meter));
 }
 
