@@ -152,7 +152,7 @@ bool Is_catalogue_ready() {
         return Units_library::Get_dimension(METER) == LENGTH;
     } catch (UnitNotDefined const&) { // GCOV_EXCL_START: by programs that link statically, which
         return false;                 // tests/install/consumers/early_texts.cpp is
-    } // GCOV_EXCL_STOP
+    }                                 // GCOV_EXCL_STOP
 }
 
 } // namespace
