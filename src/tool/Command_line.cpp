@@ -99,10 +99,8 @@ CLI::Option& Add_option(CLI::App& command, char const* name, Value& value, char 
 
 // Instruments write suffixes in which the case of letters carries no meaning.
 CLI::Option& Add_dialect_option(CLI::App& command, Arguments& arguments) {
-    return *command.add_flag(
-        "--scpi", arguments.scpi,
-        "Read units as instruments write them (DBM, KHZ, MV; SCPI-99); the unit "
-        "to convert to is as ever");
+    return *command.add_flag("--scpi", arguments.scpi,
+                             "Read units as instruments write them: DBM, KHZ, MV (SCPI-99)");
 }
 
 void Add_output_options(CLI::App& command, Arguments& arguments) {
