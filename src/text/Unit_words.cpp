@@ -70,8 +70,8 @@ Alias const aliases[] = {
     {"\u03A9",          &C_Ohms,          symbol_form, true},   // Greek capital omega
     {"\u2126",          &C_Ohms,          symbol_form, true},   // ohm sign
     {"\u00B0",          &C_Degree,        symbol_form},
-    {"degC",            &C_DgreeC,        symbol_form},
-    {"degF",            &C_DgreeF,        symbol_form},
+    {"degC",            &C_DgreeC,        symbol_form, true},
+    {"degF",            &C_DgreeF,        symbol_form, true},
     {"\u2103",          &C_DgreeC,        symbol_form, true},   // one character for °C
     {"\u2109",          &C_DgreeF,        symbol_form, true},
     {"\u212A",          &C_Kelvin,        symbol_form, true},   // kelvin sign
