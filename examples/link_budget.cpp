@@ -1,6 +1,7 @@
 // A radio link: a transmitter's power, the gains and losses on the way, and the margin that is left
 // at the receiver. Levels are decibels with a unit (dBm); gains and losses are plain decibels.
 
+#include <varnix/value/Text_formatting.h>
 #include <varnix/value/Value_object.h>
 
 #include <cstdio>
@@ -13,7 +14,7 @@ using Quantity = Value_object<double>;
 
 void Print(char const* what, Quantity const& quantity) {
     std::printf("%-22s %9.3f %-4s  [%.3f, %.3f]\n", what, quantity.Get_value(),
-                quantity.Get_unit_string(STR_SYMBOL).c_str(), quantity.Get_minus_err(),
+                Format_unit(quantity.Get_unit()).c_str(), quantity.Get_minus_err(),
                 quantity.Get_plus_err());
 }
 

@@ -1,6 +1,7 @@
 // Readings from sensors of different make, each in its own unit, brought to one unit and compared
 // with a limit. A reading of another kind is refused, and the log goes on.
 
+#include <varnix/value/Text_formatting.h>
 #include <varnix/value/Value_object.h>
 
 #include <cstdio>
@@ -25,11 +26,11 @@ int main() {
         try {
             Quantity const celsius = reading.quantity.Convert_to(C_DgreeC);
             std::printf("%-8s %6.2f %s  [%.2f, %.2f]%s\n", reading.sensor, celsius.Get_value(),
-                        celsius.Get_unit_string(STR_SYMBOL).c_str(), celsius.Get_minus_err(),
+                        Format_unit(celsius.Get_unit()).c_str(), celsius.Get_minus_err(),
                         celsius.Get_plus_err(), celsius > limit ? "  too hot" : "");
         } catch (Value_exception const& failure) {
             std::printf("%-8s %s: %s\n", reading.sensor,
-                        reading.quantity.Get_unit_string(STR_SYMBOL).c_str(), failure.what());
+                        Format_unit(reading.quantity.Get_unit()).c_str(), failure.what());
         }
     }
 }

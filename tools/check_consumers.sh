@@ -36,7 +36,7 @@ expect_output() {
 cmake_consumer() {
     local way=$1
     shift
-    cmake -S "tests/install/consumers/$way" -B "$place/$way" -G Ninja -DPROGRAM="$source/examples/readme.cpp" \
+    cmake -S "tests/install/consumers/$way" -B "$place/$way" -G Ninja -DPROGRAM="$source/tests/install/consumers/core_consumer.cpp" \
         -DTEXT_PROGRAM="$source/tests/install/consumers/text_consumer.cpp" -DBUILD_SHARED_LIBS="$shared" "$@" > /dev/null
     cmake --build "$place/$way" > /dev/null
     expect_output "$place/$way"
@@ -48,7 +48,7 @@ cmake_consumer add_subdirectory -DVALUE_OBJECT="$source"
 export PKG_CONFIG_PATH=$libraries/pkgconfig
 mkdir "$place/pkg_config"
 read -ra flags < <(pkg-config --cflags --libs ValueObject)
-g++ -std=c++17 examples/readme.cpp "${flags[@]}" -o "$place/pkg_config/consumer"
+g++ -std=c++17 tests/install/consumers/core_consumer.cpp "${flags[@]}" -o "$place/pkg_config/consumer"
 read -ra flags < <(pkg-config --cflags --libs ValueObjectText)
 g++ -std=c++17 tests/install/consumers/text_consumer.cpp "${flags[@]}" -o "$place/pkg_config/text_consumer"
 expect_output "$place/pkg_config"

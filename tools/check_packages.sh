@@ -43,7 +43,7 @@ lintian --allow-root --fail-on error build/packages/*.deb
 expect_program_below() {
     local folder=$1 triplet=$2 compiler=$3
     shift 3
-    "$compiler" -std=c++17 examples/readme.cpp -I"$folder/usr/include" -L"$folder/usr/lib/$triplet" -lValueObject \
+    "$compiler" -std=c++17 tests/install/consumers/core_consumer.cpp -I"$folder/usr/include" -L"$folder/usr/lib/$triplet" -lValueObject \
         -o "$place/program"
     "$@" "$place/program" | diff -u examples/expected/readme.txt -
     "$compiler" -std=c++17 tests/install/consumers/text_consumer.cpp -I"$folder/usr/include" -L"$folder/usr/lib/$triplet" \

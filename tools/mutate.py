@@ -19,9 +19,43 @@ import sys
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 WORK = ROOT / 'build' / 'mutate'
 EQUIVALENT = ROOT / 'tools' / 'equivalent_mutants.txt'
-TESTS = ['value_object_tests', 'value_object_inside_tests', 'replay_units', 'replay_operations']
-COPIED = ['CMakeLists.txt', 'cmake', 'include', 'src', 'tests', 'docs', 'tools', 'LICENSE']
+COPIED = ['CMakeLists.txt', 'cmake', 'include', 'src', 'tests', 'docs', 'tools', 'examples', 'README.md', 'LICENSE']
 REQUIRED_SHARE = 0.95
+# The slow ones come last, and those that take minutes without a compiler's help are left out.
+TOOL_CASES = ['convert', 'strict', 'compute', 'lines', 'tables', 'units', 'usage']
+
+
+class Layer:
+    """What is built for a fault in a part of the sources, and which programs hold that part."""
+
+    def __init__(self, targets, tests):
+        self.targets = targets
+        self.tests = tests
+
+
+def replayed(fuzzer):
+    return [f'tests/replay_{fuzzer}', f'@tests/fuzz/corpus/{fuzzer}']
+
+
+def of_tool(script, *arguments):
+    return [sys.executable, f'@tests/tool/{script}', *arguments, 'value-object']
+
+
+RUN_CASES = [of_tool('run_cases.py', f'@tests/tool/cases/{name}.txt', '--') for name in TOOL_CASES]
+LAYERS = {
+    'src/tool/': Layer(['value-object'], [*RUN_CASES, of_tool('streams_test.py'), of_tool('documents_test.py')]),
+    'src/text/': Layer(['ValueObjectText', 'value-object'],
+                       [['tests/value_object_text_tests', '--gtest_fail_fast'],
+                        ['tests/text_formatting_tests', '--gtest_fail_fast'],
+                        replayed('parsing'), replayed('printing'), *RUN_CASES]),
+    'src/': Layer(['ValueObject', 'value_object_inside_tests'],
+                  [['tests/value_object_tests', '--gtest_fail_fast'], ['tests/value_object_inside_tests'],
+                   replayed('units'), replayed('operations')]),
+}
+
+
+def layer_of(path):
+    return next(layer for folder, layer in LAYERS.items() if path.startswith(folder))
 
 # What one token becomes: a pattern, and the text in its place.
 TOKENS = [
@@ -107,26 +141,31 @@ class Workshop:
         self.run(['cmake', '-G', 'Ninja', '-S', self.sources, '-B', self.build, '-DCMAKE_BUILD_TYPE=Debug',
                   f'-DCMAKE_CXX_COMPILER={compiler}', f'-DCMAKE_CXX_FLAGS=-g0 -w {options}',
                   '-DCMAKE_GTEST_DISCOVER_TESTS_DISCOVERY_MODE=PRE_TEST', '-DVALUE_OBJECT_EXAMPLES=OFF'], check=True)
-        self.run(['cmake', '--build', self.build, '--target', 'ValueObject', *TESTS], check=True)
-        if self.failing_test():
-            sys.exit(f'{self.failing_test()} fails without a fault')
+        self.run(['cmake', '--build', self.build], check=True, timeout=1800)
+        for layer in LAYERS.values():
+            if self.failing_test(layer):
+                sys.exit(f'{self.failing_test(layer)} fails without a fault')
 
     @staticmethod
     def run(command, check=False, timeout=600, **options):
         return subprocess.run(command, check=check, timeout=timeout, stdout=subprocess.DEVNULL,
                               stderr=subprocess.DEVNULL, **options)
 
-    def failing_test(self):
-        """The first test program that fails, crashes or hangs."""
-        corpus = self.sources / 'tests' / 'fuzz' / 'corpus'
-        options = [['--gtest_fail_fast'], [], [corpus / 'units'], [corpus / 'operations']]
-        for test, arguments in zip(TESTS, options):
+    def place_of(self, word):
+        """A word of a command: with @ a file of the sources, otherwise one of the build if there is one."""
+        if word.startswith('@'):
+            return self.sources / word[1:]
+        return self.build / word if (self.build / word).is_file() else word
+
+    def failing_test(self, layer):
+        """The first test program of a layer that fails, crashes or hangs."""
+        for test in layer.tests:
             try:
-                failed = self.run([self.build / 'tests' / test, *arguments], timeout=60).returncode != 0
+                failed = self.run([self.place_of(word) for word in test], timeout=120).returncode != 0
             except subprocess.TimeoutExpired:
                 failed = True
             if failed:
-                return test
+                return ' '.join(test)
         return None
 
     def try_fault(self, fault):
@@ -138,10 +177,10 @@ class Workshop:
         lines[number] = changed
         source.write_text('\n'.join(lines) + '\n')
         try:
-            built = self.run(['cmake', '--build', self.build, '--target', 'ValueObject', 'value_object_inside_tests'])
+            built = self.run(['cmake', '--build', self.build, '--target', *layer_of(path).targets])
             if built.returncode != 0:
                 return 'not code'
-            return 'caught' if self.failing_test() else 'survived'
+            return 'caught' if self.failing_test(layer_of(path)) else 'survived'
         finally:
             source.write_text(original)
 
@@ -151,10 +190,11 @@ def main():
     parser.add_argument('--sample', type=int, default=300, help='how many faults are tried (300); 0 for all')
     parser.add_argument('--seed', type=int, default=1, help='which sample of that size (1)')
     parser.add_argument('--jobs', type=int, default=2, help='how many are tried at once (2)')
-    parser.add_argument('--only', default='', help='try only faults of sources whose names contain this')
+    parser.add_argument('--only', default='', help='try only faults of sources whose paths contain this')
     arguments = parser.parse_args()
 
-    faults = [fault for path in sorted((ROOT / 'src').glob('*.*')) for fault in faults_of(path) if arguments.only in path.name]
+    faults = [fault for path in sorted((ROOT / 'src').rglob('*.*')) if path.suffix in ('.h', '.cpp')
+              for fault in faults_of(path) if arguments.only in path.as_posix()]
     total = len(faults)
     known = read_equivalent()
     for path, _, line, changed in known - {key for fault in faults for key in keys_of(fault)} if not arguments.only else ():

@@ -126,7 +126,7 @@ inline std::optional<Factors_of_both_ways> Try_factors_of_both_ways(Units const&
 static_assert(DEGREE_F == DEGREE_C + 1 && KELVIN == DEGREE_C + 2, "the table goes by these codes");
 
 // By the codes of the two temperatures, from DEGREE_C. On the diagonal there is no rule.
-constexpr Formula temperature_formulas[3][3] = {
+inline constexpr Formula temperature_formulas[3][3] = {
     // to    °C                              °F                              K
     {Formula::identity, Formula::celsius_to_fahrenheit, Formula::celsius_to_kelvin},    // from °C
     {Formula::fahrenheit_to_celsius, Formula::identity, Formula::fahrenheit_to_kelvin}, // from °F

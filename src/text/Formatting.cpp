@@ -31,15 +31,11 @@ bool Same_bits(double left, double right) {
     return left == right && std::signbit(left) == std::signbit(right);
 }
 
-// The three numbers with the bounds in ascending order.
+// The three numbers of a quantity, whose bounds a copy has put into ascending order.
 struct Shown_numbers {
     explicit Shown_numbers(Quantity const& quantity)
         : value(quantity.Get_value()), lower(quantity.Get_minus_err()),
-          upper(quantity.Get_plus_err()) {
-        if (lower > upper) {
-            std::swap(lower, upper);
-        }
-    }
+          upper(quantity.Get_plus_err()) {}
 
     double value;
     double lower;
@@ -69,9 +65,6 @@ std::string Shortest(double number) {
 }
 
 std::string Written(double number, std::chars_format notation, int decimals) {
-    if (!std::isfinite(number)) {
-        return Shortest(number);
-    }
     Number_text text;
     return {text.data(), std::to_chars(text.data(), text.data() + text.size(), number, notation,
                                        std::clamp(decimals, 0, count_limit))
@@ -117,9 +110,6 @@ std::string Written_with_exponent(double number, int place) {
 }
 
 std::string Written(double number, Ending const& ending) {
-    if (!std::isfinite(number)) {
-        return Shortest(number);
-    }
     if (ending.with_exponent) {
         return Written_with_exponent(number, ending.place);
     }

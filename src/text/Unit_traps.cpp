@@ -68,25 +68,32 @@ struct Trap {
     std::string_view text;
     char const* reading;
     char const* meant;
+    bool with_power; // also before a power: "gm^2" is a gram times a square metre to everybody
 };
 
 // clang-format off
 constexpr Trap traps[] = {
-    {"nmi",  "nano(mi)", "n.mi"}, // nautical miles
-    {"gm",   "g*m",      "g"},
-    {"gms",  "g*m*s",    "g"},
-    {"degK", "deg*K",    "K"},
-    {"Min",  "mega(in)", "min"},  // minutes with a capital letter
+    {"nmi",  "nano(mi)", "n.mi", true}, // nautical miles
+    {"gm",   "g*m",      "g",    false},
+    {"gms",  "g*m*s",    "g",    false},
+    {"degK", "deg*K",    "K",    true},
+    {"Min",  "mega(in)", "min",  true}, // minutes with a capital letter
 };
 // clang-format on
 
 } // namespace
 
 std::optional<Text_fault> Word_fault(std::string_view text, std::size_t position, std::size_t end) {
-    std::string_view const word = text.substr(position, end - position);
+    std::string_view const group = text.substr(position, end - position);
     for (Trap const& trap : traps) {
-        if (word == trap.text) {
-            return Ambiguous(text, position, trap.reading, trap.meant);
+        if (!Begins_with(group, trap.text)) {
+            continue;
+        }
+        std::size_t const behind = position + trap.text.size();
+        std::optional<Power> const power = Read_power(text, behind);
+        if (behind == end || (power && trap.with_power)) {
+            std::string const own = Power_text(power ? power->value : 1);
+            return Ambiguous(text, position, trap.reading + own, trap.meant + own);
         }
     }
     return std::nullopt;

@@ -22,7 +22,8 @@ Text_fault Ambiguous(std::string_view text, std::size_t position, std::string co
 // Why the decibels that begin at `position` cannot stand there; nothing if none do.
 std::optional<Text_fault> Decibel_fault(std::string_view text, std::size_t position);
 
-// Why the text from `position` to `end` is refused as a whole: "nmi", "gm", "Min".
+// Why the text from `position` to `end` is refused as a whole: "nmi", "gm", "Min",
+// "nmi^2".
 std::optional<Text_fault> Word_fault(std::string_view text, std::size_t position, std::size_t end);
 
 // Why a prefix with one unit is refused: "ms^-1", "mB".

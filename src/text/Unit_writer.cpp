@@ -212,7 +212,7 @@ std::vector<std::string> Level_spellings(Units const& unit, Unit_string_type spe
 } // namespace
 
 std::string Format_unit(Units const& unit, Unit_string_type spelling) {
-    std::string const core_text = Spelled(unit, spelling);
+    std::string core_text = Spelled(unit, spelling);
     if (spelling != STR_NAME && spelling != STR_SYMBOL) {
         return core_text;
     }

@@ -97,6 +97,12 @@ CLI::Option& Add_option(CLI::App& command, char const* name, Value& value, char 
                 ->check(Refuse_empty, "", "not empty");
 }
 
+// Instruments write suffixes in which the case of letters carries no meaning.
+CLI::Option& Add_dialect_option(CLI::App& command, Arguments& arguments) {
+    return *command.add_flag("--scpi", arguments.scpi,
+                             "Read units as instruments write them: DBM, KHZ, MV (SCPI-99)");
+}
+
 void Add_output_options(CLI::App& command, Arguments& arguments) {
     command.add_flag("--json", arguments.options.json, "One JSON object a line");
     command.add_flag("--by-the-rules", arguments.by_the_rules,
@@ -131,13 +137,14 @@ void Add_convert(CLI::App& tool, Arguments& arguments) {
                                         "The tables have no header; columns go by their numbers");
     command.add_flag("--keep-going", arguments.options.keep_going,
                      "Report what is refused, pass it on unchanged, and go on");
+    auto& scpi = Add_dialect_option(command, arguments);
     Add_output_options(command, arguments);
     from.needs(&to)->excludes(&with);
     column.allow_extra_args(false)->needs(&csv);
     delimiter.needs(&csv);
     rename.needs(&csv);
     no_header.needs(&csv)->excludes(&rename)->excludes(command.get_option("--json"));
-    csv.needs(&column)->excludes(&from)->excludes(&to)->excludes(&with);
+    csv.needs(&column)->excludes(&from)->excludes(&to)->excludes(&with)->excludes(&scpi);
     Remove_protections(command);
 }
 
@@ -147,6 +154,7 @@ void Add_compute(CLI::App& tool, Arguments& arguments) {
     command.add_option("expression", arguments.expression, "Two quantities and an operator")
         ->type_name("EXPRESSION")
         ->required();
+    Add_dialect_option(command, arguments);
     Add_output_options(command, arguments);
     Remove_protections(command);
 }

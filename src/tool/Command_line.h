@@ -17,6 +17,7 @@ struct Arguments {
     Options options;
     std::string format;
     bool by_the_rules = false;
+    bool scpi = false;
     bool names = false;
     bool csv = false;
     std::string delimiter = ",";

@@ -9,6 +9,7 @@
 #include "Strict_rules.h"
 
 #include <varnix/value/Text_formatting.h>
+#include <varnix/value/Text_parsing.h>
 
 #include <string>
 #include <vector>
@@ -18,10 +19,11 @@ namespace Varnix::Value::Tool {
 // What the options of the commands say.
 struct Options {
     Rules rules = Rules::strict;
-    bool json = false;       // one JSON object a line
-    bool keep_going = false; // go on after an input that is refused
-    bool formatted = false;  // with a format of the user's own
-    Text_format format;      // of the results
+    bool json = false;                   // one JSON object a line
+    bool keep_going = false;             // go on after an input that is refused
+    bool formatted = false;              // with a format of the user's own
+    Text_format format;                  // of the results
+    Dialect dialect = Dialect::standard; // of what is read; targets are always in the standard one
 };
 
 // What `convert` converts. Texts are empty where they are not given; "-" among the files is

@@ -82,8 +82,8 @@ Found_operator Find_operator(std::string_view text, bool unquoted) {
 }
 
 // The quantity in [first, last) of `text`; a fault is shown in the whole text.
-Quantity Read_operand(std::string_view text, std::size_t first, std::size_t last) {
-    auto const quantity = Try_parse_quantity(text.substr(first, last - first));
+Quantity Read_operand(std::string_view text, std::size_t first, std::size_t last, Dialect dialect) {
+    auto const quantity = Try_parse_quantity(text.substr(first, last - first), {}, dialect);
     if (!quantity) {
         Text_fault fault = quantity.Get_fault();
         fault.position += first;
@@ -108,9 +108,10 @@ Exit_status Compute(std::vector<std::string> const& words, Options const& option
     std::string const expression = Joined(words);
     auto const [place, row] = Find_operator(expression, words.size() > 1);
     std::size_t const left_end = expression.find_last_not_of(' ', place - 1) + 1;
-    Quantity const left = Read_operand(expression, 0, left_end);
+    Quantity const left = Read_operand(expression, 0, left_end, options.dialect);
     std::size_t const right_start = expression.find_first_not_of(' ', place + row.sign.size());
-    Quantity const right = Read_operand(expression, right_start, expression.size());
+    Quantity const right =
+        Read_operand(expression, right_start, expression.size(), options.dialect);
     if (row.operation >= Operation::less) {
         return Write_comparison(expression, Compare(left, row.operation, right, options.rules),
                                 options, output);

@@ -18,20 +18,20 @@ using Words = std::vector<std::string>;
 
 enum class Form { other, number, quantity };
 
-Form Form_of(std::string const& text) {
-    auto const quantity = Try_parse_quantity(text);
+Form Form_of(std::string const& text, Dialect dialect) {
+    auto const quantity = Try_parse_quantity(text, {}, dialect);
     return !quantity                                        ? Form::other
            : Same_descriptor(quantity->Get_unit(), C_Empty) ? Form::number
                                                             : Form::quantity;
 }
 
 // The longest quantity that the words from `first` on make together; empty where they make none.
-std::string Quantity_in_pieces(Words const& words, std::size_t first) {
+std::string Quantity_in_pieces(Words const& words, std::size_t first, Dialect dialect) {
     for (std::size_t last = words.size(); last > first + 1; --last) {
         auto const begin = words.begin();
         std::string joined = Joined(Words(begin + static_cast<std::ptrdiff_t>(first),
                                           begin + static_cast<std::ptrdiff_t>(last)));
-        if (Form_of(joined) == Form::quantity) {
+        if (Form_of(joined, dialect) == Form::quantity) {
             return joined;
         }
     }
@@ -46,28 +46,29 @@ std::string Quantity_in_pieces(Words const& words, std::size_t first) {
 void Check_quotes(Conversion_request const& request, Options const& options) {
     Words const& words = request.quantities;
     for (std::size_t k = 0; k < words.size(); ++k) {
-        std::string const pieces =
-            Form_of(words[k]) == Form::number ? Quantity_in_pieces(words, k) : "";
+        std::string const pieces = Form_of(words[k], options.dialect) == Form::number
+                                       ? Quantity_in_pieces(words, k, options.dialect)
+                                       : "";
         if (!pieces.empty()) {
             Refuse_pieces(pieces);
         }
     }
     bool const strict = options.rules == Rules::strict;
-    if (strict && !words.empty() && Form_of(words.back()) == Form::number &&
+    if (strict && !words.empty() && Form_of(words.back(), options.dialect) == Form::number &&
         Has_units(Read_unit(request.to))) {
         throw Refusal("'" + words.back() +
                       "' has no unit: write number and unit in quotes, as in '" + words.back() +
                       ' ' + request.to + "', and then the unit to convert to");
     }
-    if (strict && Form_of(request.with) == Form::number) {
+    if (strict && Form_of(request.with, options.dialect) == Form::number) {
         throw Refusal("--with '" + request.with + "' has no unit: write number and unit in quotes");
     }
 }
 
 // A text that is no quantity may be the name of a file of quantities.
-void Check_no_file(Conversion_request const& request) {
+void Check_no_file(Conversion_request const& request, Dialect dialect) {
     for (std::string const& text : request.quantities) {
-        if (Form_of(text) == Form::other && access(text.c_str(), F_OK) == 0) {
+        if (Form_of(text, dialect) == Form::other && access(text.c_str(), F_OK) == 0) {
             std::string message = "'" + text + "' is a file and no quantity: write --to ";
             message += request.to + " < " + text;
             throw Refusal(message + ", or name the unit of its numbers with --from");
@@ -80,7 +81,7 @@ void Check_no_file(Conversion_request const& request) {
 Exit_status Convert_quantities(Conversion_request const& request, Options const& options,
                                Output& output) {
     Check_quotes(request, options);
-    Check_no_file(request);
+    Check_no_file(request, options.dialect);
     Quantity_converter converter(request, options);
     Exit_status status = exit_done;
     for (std::string const& text : request.quantities) {

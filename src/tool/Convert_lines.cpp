@@ -134,7 +134,8 @@ Exit_status Convert_quantity_lines(Conversion_request const& request, Options co
 // Lines that are numbers in one unit.
 Exit_status Convert_number_lines(Conversion_request const& request, Options const& options,
                                  Output& output) {
-    Number_cells const cells(Read_unit(request.from), Read_unit(request.to), options);
+    Number_cells const cells(Read_unit(request.from, options.dialect), Read_unit(request.to),
+                             options);
     std::string const unit = Format_unit(cells.Target(), options.format.unit);
     auto const convert = [&](std::string_view line) {
         double const result = cells.Convert(line);

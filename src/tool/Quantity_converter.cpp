@@ -17,11 +17,12 @@ constexpr std::size_t prepared_limit = 16;
 
 Quantity_converter::Quantity_converter(Conversion_request const& request, Options const& options_)
     : to(Read_unit(request.to)),
-      with(request.with.empty() ? std::nullopt : std::optional(Read_quantity(request.with))),
+      with(request.with.empty() ? std::nullopt
+                                : std::optional(Read_quantity(request.with, options_.dialect))),
       options(options_) {}
 
 Quantity Quantity_converter::Convert(std::string_view text) {
-    Quantity const quantity = Read_quantity(text);
+    Quantity const quantity = Read_quantity(text, options.dialect);
     if (with) {
         std::string note;
         Quantity result = Convert_with(quantity, to, *with, options.rules, note);

@@ -7,16 +7,16 @@
 
 namespace Varnix::Value::Tool {
 
-Units Read_unit(std::string_view text) {
-    auto const unit = Try_parse_unit(text);
+Units Read_unit(std::string_view text, Dialect dialect) {
+    auto const unit = Try_parse_unit(text, dialect);
     if (!unit) {
         throw Refusal(unit.Get_fault(), text);
     }
     return *unit;
 }
 
-Quantity Read_quantity(std::string_view text) {
-    auto const quantity = Try_parse_quantity(text);
+Quantity Read_quantity(std::string_view text, Dialect dialect) {
+    auto const quantity = Try_parse_quantity(text, {}, dialect);
     if (!quantity) {
         throw Refusal(quantity.Get_fault(), text);
     }

@@ -16,8 +16,8 @@ namespace Varnix::Value::Tool {
 using Json = nlohmann::ordered_json;
 
 // The unit or the quantity that `text` is. @throws Refusal with an excerpt
-Units Read_unit(std::string_view text);
-Quantity Read_quantity(std::string_view text);
+Units Read_unit(std::string_view text, Dialect dialect = Dialect::standard);
+Quantity Read_quantity(std::string_view text, Dialect dialect);
 
 // A number; a string ("inf", "-inf", "nan") where JSON has no number for it.
 Json Json_number(double number);

@@ -15,6 +15,7 @@ namespace {
 
 void Complete(Arguments& arguments) {
     Options& options = arguments.options;
+    options.dialect = arguments.scpi ? Dialect::scpi : Dialect::standard;
     options.rules = arguments.by_the_rules ? Rules::as_the_library : Rules::strict;
     options.formatted = !arguments.format.empty();
     if (!Try_read_text_format(arguments.format, options.format)) {

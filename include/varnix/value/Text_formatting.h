@@ -88,10 +88,11 @@ VARNIX_VALUE_TEXT_EXPORT std::string Format(Value_object<double> const& quantity
 /// `number` alone, with the digits of `format` (`by_bounds`: shortest).
 VARNIX_VALUE_TEXT_EXPORT std::string Format_number(double number, Text_format const& format = {});
 
-/// The text of `unit`. In the name and the symbol spelling it is that of
-/// `Units_library::Get_unit_string` where `Parse_unit` takes it for the same unit, and otherwise an
-/// explicit one: "m/(s*K)", "k(m^2)", "dB(m)". What no text stands for (units without a catalogue
-/// row, tuples out of order) is written as `Get_unit_string` writes it.
+/// The text of `unit`. A power belongs to the prefixed unit (ISO 80000-1), as every reader takes
+/// it: (km)^2 is "(km)^2", and a thousand square metres are "k(m^2)". In the name and the symbol
+/// spelling it is that of `Units_library::Get_unit_string` where `Parse_unit` takes it for the same
+/// unit, and otherwise an explicit one: "m/(s*K)", "k(m^2)", "dB(m)". What no text stands for
+/// (units without a catalogue row, tuples out of order) is written as `Get_unit_string` writes it.
 VARNIX_VALUE_TEXT_EXPORT std::string Format_unit(Units const& unit,
                                                  Unit_string_type spelling = STR_SYMBOL);
 

@@ -116,8 +116,12 @@ class VARNIX_VALUE_EXPORT Units_library {
     // functions throw nothing of their own (std::bad_alloc apart): what the catalogue does not know
     // leaves no text.
 
-    /// The text of a descriptor: its special name if it has one ("Mph", "kHz", "dBm"), otherwise
-    /// "dB" if it is marked, its prefix, and its units: "km", "dBW", "m/s^2".
+    /// The text of a descriptor, for display alone: a prefix stands for the whole unit, so that a
+    /// thousand square metres are "km^2", which every reader takes for a million, (km)^2 is "Mm^2",
+    /// and a prefix without a name is not shown: 5 cm^2 prints as "5 m^2". `Format_unit` of
+    /// <varnix/value/Text_formatting.h> writes what is read back. It is the unit's special name if
+    /// it has one ("Mph", "kHz", "dBm"), otherwise "dB" if it is marked, its prefix, and its units:
+    /// "km", "dBW", "m/s^2".
     static std::string Get_unit_string(Units const& unit, Unit_string_type const& type);
 
     /// The same as `Get_unit_string`.

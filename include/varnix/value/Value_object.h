@@ -289,7 +289,8 @@ class Value_object {
     Units
     Get_base_unit(Units const& descriptor) const; ///< forwards: of its argument, not of the object
 
-    /// The text of this object's unit, as `Units_library::Get_unit_string` gives it.
+    /// The text of this object's unit, for display alone: as `Units_library::Get_unit_string` gives
+    /// it, which see, "km^2" for a thousand square metres and no prefix that has no name.
     std::string Get_unit_string(Unit_string_type const& type) const;
 
     /// The same as `Get_unit_string`.

@@ -110,6 +110,23 @@ TEST(Converter, Agrees_for_random_units) {
 
 // ---- What is its own
 
+TEST(Converter, Takes_arrays_of_any_length) {
+    for (auto const& [from, to] : {std::pair(C_Ft, C_Meter), std::pair(C_DgreeC, C_DgreeF), std::pair(C_DBmW, C_Watts)}) {
+        Converter const converter(from, to);
+        std::vector<double> numbers(100000);
+        for (std::size_t k = 0; k < numbers.size(); ++k) {
+            numbers[k] = static_cast<double>(k) / 1000.0;
+        }
+        std::vector<double> converted = numbers;
+        converter.Convert(converted.data(), converted.data(), 0);
+        EXPECT_EQ(converted, numbers);
+        converter.Convert(converted.data(), converted.data(), converted.size());
+        for (std::size_t k = 0; k < numbers.size(); ++k) {
+            ASSERT_TRUE(Same_bits(converted[k], converter.Convert(numbers[k]))) << k;
+        }
+    }
+}
+
 TEST(Converter, Refuses_values_in_another_unit) {
     Converter const converter(C_Ft, C_Meter);
     for (Units const& unit : {C_Meter, Unit({{FOOT, 1}}, KILO), Unit({{FOOT, 1}}, NO_PREFIX, SPL_DB), Unit({{FOOT, 1}, {NO_UNIT, 1}})}) {

@@ -207,5 +207,15 @@ TEST(Streams, Write_the_same_in_every_locale) {
     EXPECT_EQ(stream.str(), "12345.678 m [12345, 12346]");
 }
 
+TEST(Formats, Print_bounds_in_ascending_order) {
+    Quantity const power(10.0, C_Watts, 9.0, 11.0);
+    EXPECT_EQ(Format(power.Convert_to_with_value(C_Volts, Quantity(2.0, C_Amps, 1.0, 4.0))), "5 V [2.75, 9]");
+}
+
+TEST(Formats, Print_numbers_that_are_not_finite) {
+    EXPECT_EQ(Format_number(HUGE_VAL, Read_text_format(".3")), "inf");
+    EXPECT_EQ(Format(Quantity(-HUGE_VAL, C_Volts, -HUGE_VAL, 1.0), Read_text_format(".2f")), "-inf V [-inf, 1.00]");
+}
+
 } // namespace
 } // namespace Varnix::Value::Tests

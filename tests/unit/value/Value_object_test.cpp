@@ -60,6 +60,7 @@ TEST(Core, Orders_the_bounds) {
     EXPECT_TRUE(Is(Quantity(unordered), 5.0, 4.0, 6.0, C_Meter));
     Quantity assigned;
     EXPECT_TRUE(Is(assigned = unordered, 5.0, 4.0, 6.0, C_Meter));
+    EXPECT_TRUE(Is(unordered.Convert_to(C_MilliMeter), 5000.0, 4000.0, 6000.0, C_MilliMeter));
     EXPECT_TRUE(Is(Quantity(std::move(unordered)), 5.0, 6.0, 4.0, C_Meter));
 }
 
@@ -68,6 +69,8 @@ TEST(Core, Takes_arguments_from_itself) {
     object.Set(object.Get_plus_err(), object.Get_unit(), object.Get_value(), object.Get_minus_err());
     EXPECT_TRUE(Is(object, 3.0, 1.0, 2.0, C_Meter));
     object.Set_plus_minus_err(object.Get_plus_err(), object.Get_minus_err());
+    EXPECT_TRUE(Is(object, 3.0, 1.0, 2.0, C_Meter));
+    object.Set_plus_minus_err(object.Get_minus_err(), object.Get_plus_err());
     EXPECT_TRUE(Is(object, 3.0, 1.0, 2.0, C_Meter));
     Quantity const& same = object;
     object = same;
