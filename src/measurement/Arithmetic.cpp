@@ -150,6 +150,10 @@ bool Short_product_of(Measurement const& x, int sign, Measurement const& y,
                     : below == 1.0 && Short_quotient(Numbers_of(x), Numbers_of(y), numbers);
 }
 
+Band Times(Band const& x, Enclosed const& factor) {
+    return Increasing(x, [&](Enclosed const& number) { return number * factor; });
+}
+
 Measurement Linear_product(Measurement const& x, int sign, Measurement const& y) {
     Check_factor(x);
     Check_factor(y);
@@ -166,8 +170,10 @@ Measurement Linear_product(Measurement const& x, int sign, Measurement const& y)
     if (Short_product_of(x, sign, y, factor, numbers)) {
         return Made_of(numbers, result.unit, is_difference);
     }
-    Band const band = sign > 0 ? Band_of(x) * Band_of(y) : Band_of(x) / Band_of(y);
-    return Rounded(Increasing(band, factor), result.unit, is_difference);
+    Band const dividend = Times(Band_of(x), factor.Above());
+    Band const divided = sign > 0 ? dividend * Band_of(y) / Single(factor.Below())
+                                  : dividend / Times(Band_of(y), factor.Below());
+    return Rounded(divided, result.unit, is_difference);
 }
 
 // A gain counted: 0.2 dB * 12.5.

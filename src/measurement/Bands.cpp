@@ -176,7 +176,8 @@ Band Scaled_logarithm(int step, Band const& x, Exact_factor const& factor) {
     Enclosed const steps = Enclose(step);
     Enclosed const tens = Enclose(Tens_in(factor));
     Prepared_factor const rest(factor / Powers_of_ten(Tens_in(factor)));
-    return Increasing(x, [&](Enclosed const& number) { return steps * (Logarithm(rest(number)) + tens); });
+    return Increasing(
+        x, [&](Enclosed const& number) { return steps * (Logarithm(rest(number)) + tens); });
 }
 
 Band Scaled_power_of_ten(Band const& x, int step, Exact_factor const& factor) {

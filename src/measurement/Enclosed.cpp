@@ -492,6 +492,18 @@ Enclosed Prepared_factor::operator()(Enclosed const& x) const {
     return product;
 }
 
+Enclosed Prepared_factor::Above() const {
+    Enclosed above = numerator;
+    above.exponent += std::max(ratio.Power_of_two(), 0);
+    return above;
+}
+
+Enclosed Prepared_factor::Below() const {
+    Enclosed below = denominator;
+    below.exponent -= std::min(ratio.Power_of_two(), 0);
+    return below;
+}
+
 bool Prepared_factor::As_whole_numbers(double& above, double& below) const {
     int const twos = ratio.Power_of_two();
     bool const are_doubles = numerator.low == 0.0 && numerator.Is_exact() &&

@@ -84,6 +84,11 @@ class Prepared_factor {
     // denominators of up to 128 bits.
     Enclosed operator()(Enclosed const& x) const;
 
+    // The numbers above and below the line, to be multiplied with apart: what is divided once is
+    // exact more often than what is divided twice.
+    Enclosed Above() const;
+    Enclosed Below() const;
+
     // The ratio of two whole numbers, where it is one and both are doubles.
     bool As_whole_numbers(double& above, double& below) const;
 
