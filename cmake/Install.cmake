@@ -1,5 +1,5 @@
-# What is installed, and where: the library ("runtime"), its companion for texts ("text_runtime"), what
-# building against them takes ("development"), and the command-line tool ("tool"). No installed file
+# What is installed, and where: the library ("runtime"), its companions for texts
+# ("text_runtime") and measurements ("measurement_runtime"), what building against them takes ("development"), and the command-line tool ("tool"). No installed file
 # holds a path of the machine that built it.
 
 include(GNUInstallDirs)
@@ -32,8 +32,10 @@ function(value_object_install_library target component)
 endfunction()
 value_object_install_library(ValueObject runtime)
 value_object_install_library(ValueObjectText text_runtime)
+value_object_install_library(ValueObjectMeasurement measurement_runtime)
 
-# find_package(ValueObject 1 CONFIG) gives ValueObject::ValueObject and ValueObject::Text.
+# find_package(ValueObject 1 CONFIG) gives ValueObject::ValueObject, ValueObject::Text and
+# ValueObject::Measurement.
 set(package_config_dir ${CMAKE_INSTALL_LIBDIR}/cmake/ValueObject)
 install(EXPORT ValueObjectTargets
     NAMESPACE ValueObject::
@@ -54,9 +56,11 @@ file(RELATIVE_PATH prefix_from_pc_file
 string(REGEX REPLACE "/$" "" prefix_from_pc_file "${prefix_from_pc_file}")
 configure_file(cmake/ValueObject.pc.in ValueObject.pc @ONLY)
 configure_file(cmake/ValueObjectText.pc.in ValueObjectText.pc @ONLY)
+configure_file(cmake/ValueObjectMeasurement.pc.in ValueObjectMeasurement.pc @ONLY)
 install(FILES
         ${CMAKE_CURRENT_BINARY_DIR}/ValueObject.pc
         ${CMAKE_CURRENT_BINARY_DIR}/ValueObjectText.pc
+        ${CMAKE_CURRENT_BINARY_DIR}/ValueObjectMeasurement.pc
     DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig
     COMPONENT development)
 
@@ -76,6 +80,7 @@ function(value_object_manual name section component)
         COMPONENT ${component})
 endfunction()
 value_object_manual(ValueObject 3 development)
+value_object_manual(ValueObjectMeasurement 3 development)
 
 if(VALUE_OBJECT_TOOL)
     set_target_properties(value-object PROPERTIES INSTALL_RPATH "${VALUE_OBJECT_PROGRAM_RPATH}")

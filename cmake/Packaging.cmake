@@ -1,5 +1,5 @@
-# Debian packages: libvalueobject1, the library; libvalueobjecttext1, its companion for texts;
-# libvalueobject-dev, what building against them takes; and value-object, the command-line tool.
+# Debian packages: libvalueobject1, the library; libvalueobjecttext1 and
+# libvalueobjectmeasurement1, its companions for texts and for measurements; libvalueobject-dev, what building against them takes; and value-object, the command-line tool.
 # tools/make_packages.sh makes them, and works out what libraries and tool depend on: dpkg-shlibdeps, which
 # debhelper would ask, knows the C library of another processor only where it is installed as a package.
 
@@ -11,7 +11,7 @@ set(CPACK_PACKAGE_DESCRIPTION_SUMMARY ${PROJECT_DESCRIPTION})
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_DEB_COMPONENT_INSTALL ON)
-set(CPACK_COMPONENTS_ALL runtime text_runtime development)
+set(CPACK_COMPONENTS_ALL runtime text_runtime measurement_runtime development)
 if(VALUE_OBJECT_TOOL)
     list(APPEND CPACK_COMPONENTS_ALL tool)
 endif()
@@ -41,11 +41,19 @@ set(CPACK_COMPONENT_TEXT_RUNTIME_DESCRIPTION "${long_description}
 
 This package holds the shared library that reads and prints them as text.")
 
+set(CPACK_DEBIAN_MEASUREMENT_RUNTIME_PACKAGE_NAME libvalueobjectmeasurement${PROJECT_VERSION_MAJOR})
+set(CPACK_DEBIAN_MEASUREMENT_RUNTIME_PACKAGE_SECTION libs)
+set(CPACK_COMPONENT_MEASUREMENT_RUNTIME_DESCRIPTION "${long_description}
+
+This package holds the shared library of measurements, whose bounds are certain
+to enclose the truth.")
+
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libvalueobject-dev)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
     "libvalueobject${PROJECT_VERSION_MAJOR} (= ${PROJECT_VERSION}), \
-libvalueobjecttext${PROJECT_VERSION_MAJOR} (= ${PROJECT_VERSION})")
+libvalueobjecttext${PROJECT_VERSION_MAJOR} (= ${PROJECT_VERSION}), \
+libvalueobjectmeasurement${PROJECT_VERSION_MAJOR} (= ${PROJECT_VERSION})")
 set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION "${long_description}
 
 This package holds the headers and what CMake and pkg-config need.")
@@ -69,6 +77,7 @@ function(value_object_shlibs component library)
 endfunction()
 value_object_shlibs(RUNTIME libValueObject)
 value_object_shlibs(TEXT_RUNTIME libValueObjectText)
+value_object_shlibs(MEASUREMENT_RUNTIME libValueObjectMeasurement)
 
 # The files that Debian wants in every package.
 if(VALUE_OBJECT_DEBIAN_PACKAGES)

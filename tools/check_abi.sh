@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # check_abi.sh check|accept BUILD LIBRARY BASELINE: the binary interface is what programs were linked
-# against. LIBRARY is libValueObject or libValueObjectText.
+# against. LIBRARY is libValueObject, libValueObjectText or libValueObjectMeasurement.
 #
 # The baseline records the exported functions, variables and types. `check` fails when one is gone or
 # changed, or when a name outside Varnix::Value is exported; `accept` records the interface anew.

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # check_consumers.sh BUILD SHARED: projects of other people build and run against the library.
 #
-# They are the README's program and one that reads texts, built outside this tree: by find_package and by pkg-config from what
+# They are a program on each library, built outside this tree: by find_package and by pkg-config from what
 # BUILD installs, moved to another place first, and by add_subdirectory from the sources. SHARED is ON
 # or OFF, as BUILD was configured.
 set -euo pipefail
@@ -21,7 +21,7 @@ if grep -rIl -e "$source" -e "$place" "$installed"; then
     echo 'check_consumers: these installed files hold a path of this machine'
     exit 1
 fi
-for library in libValueObject.so libValueObjectText.so; do
+for library in libValueObject.so libValueObjectText.so libValueObjectMeasurement.so; do
     if [[ $shared == ON ]] && readelf -d "$libraries/$library" | grep -E 'RPATH|RUNPATH'; then
         echo "check_consumers: the installed $library has a run path"
         exit 1
@@ -31,13 +31,15 @@ done
 expect_output() {
     LD_LIBRARY_PATH=$libraries "$1/consumer" | diff -u "$source/examples/expected/readme.txt" -
     LD_LIBRARY_PATH=$libraries "$1/text_consumer" '30 dBm [29, 31]' | diff -u <(echo '30 dBm is a power') -
+    LD_LIBRARY_PATH=$libraries "$1/measurement_consumer" | diff -u <(echo '2.000 W [1.921, 2.082]') -
 }
 
 cmake_consumer() {
     local way=$1
     shift
     cmake -S "tests/install/consumers/$way" -B "$place/$way" -G Ninja -DPROGRAM="$source/tests/install/consumers/core_consumer.cpp" \
-        -DTEXT_PROGRAM="$source/tests/install/consumers/text_consumer.cpp" -DBUILD_SHARED_LIBS="$shared" "$@" > /dev/null
+        -DTEXT_PROGRAM="$source/tests/install/consumers/text_consumer.cpp" \
+        -DMEASUREMENT_PROGRAM="$source/tests/install/consumers/measurement_consumer.cpp" -DBUILD_SHARED_LIBS="$shared" "$@" > /dev/null
     cmake --build "$place/$way" > /dev/null
     expect_output "$place/$way"
 }
@@ -51,6 +53,8 @@ read -ra flags < <(pkg-config --cflags --libs ValueObject)
 g++ -std=c++17 tests/install/consumers/core_consumer.cpp "${flags[@]}" -o "$place/pkg_config/consumer"
 read -ra flags < <(pkg-config --cflags --libs ValueObjectText)
 g++ -std=c++17 tests/install/consumers/text_consumer.cpp "${flags[@]}" -o "$place/pkg_config/text_consumer"
+read -ra measurement_flags < <(pkg-config --cflags --libs ValueObjectMeasurement)
+g++ -std=c++17 tests/install/consumers/measurement_consumer.cpp "${measurement_flags[@]}" -o "$place/pkg_config/measurement_consumer"
 expect_output "$place/pkg_config"
 
 # A text read before the library's tables are there is refused, and spoils nothing.

@@ -49,6 +49,9 @@ expect_program_below() {
     "$compiler" -std=c++17 tests/install/consumers/text_consumer.cpp -I"$folder/usr/include" -L"$folder/usr/lib/$triplet" \
         -lValueObjectText -lValueObject -o "$place/program"
     "$@" "$place/program" '30 dBm' | diff -u <(echo '30 dBm is a power') -
+    "$compiler" -std=c++17 tests/install/consumers/measurement_consumer.cpp -I"$folder/usr/include" \
+        -L"$folder/usr/lib/$triplet" -lValueObjectMeasurement -lValueObjectText -lValueObject -o "$place/program"
+    "$@" "$place/program" | diff -u <(echo '2.000 W [1.921, 2.082]') -
     "$@" "$folder/usr/bin/value-object" convert '30 dBm' W | diff -u <(echo '1 W') -
 }
 

@@ -17,13 +17,15 @@ trap 'rm -rf "$work"' EXIT
 version=$(sed -nE 's/^set\(CPACK_PACKAGE_VERSION "(.*)"\)$/\1/p' "$build/CPackConfig.cmake")
 library="libvalueobject${version%%.*} (>= $version)"
 libraries="$library, libvalueobjecttext${version%%.*} (>= $version)"
+all_libraries="$libraries, libvalueobjectmeasurement${version%%.*} (>= $version)"
 tool=()
 if [[ -e $build/value-object ]]; then
-    tool=(-D CPACK_DEBIAN_TOOL_PACKAGE_DEPENDS="$(tools/debian_depends.sh "$build/value-object"), $libraries")
+    tool=(-D CPACK_DEBIAN_TOOL_PACKAGE_DEPENDS="$(tools/debian_depends.sh "$build/value-object"), $all_libraries")
 fi
 cpack --config "$build/CPackConfig.cmake" -B "$work" \
     -D CPACK_DEBIAN_RUNTIME_PACKAGE_DEPENDS="$(tools/debian_depends.sh "$build/libValueObject.so")" \
     -D CPACK_DEBIAN_TEXT_RUNTIME_PACKAGE_DEPENDS="$(tools/debian_depends.sh "$build/libValueObjectText.so"), $library" \
+    -D CPACK_DEBIAN_MEASUREMENT_RUNTIME_PACKAGE_DEPENDS="$(tools/debian_depends.sh "$build/libValueObjectMeasurement.so"), $libraries" \
     "${tool[@]}" > "$work/log" ||
     { cat "$work/log"; exit 1; }
 

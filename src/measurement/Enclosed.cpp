@@ -192,8 +192,24 @@ double Round_up(Enclosed const& x) {
     return -Round_down(-x) + 0.0;
 }
 
+namespace {
+
+// Of two neighbours among the denormal doubles the nearer; of two as near the even one.
+double Nearest_denormal(Enclosed const& x) {
+    double const lower = Round_down(x);
+    double const upper = Round_up(x);
+    Enclosed const beyond_middle = x + x - (Enclose(lower) + Enclose(upper));
+    bool const at_middle = beyond_middle.Is_zero();
+    return Is_positive(beyond_middle) || (at_middle && (Bits_of(upper) & 1U) == 0) ? upper : lower;
+}
+
+} // namespace
+
 double Round_to_nearest(Enclosed const& x) {
-    return Scaled(x.high, x.exponent) + 0.0;
+    double const nearest = Scaled(x.high, x.exponent) + 0.0;
+    // Rounded a second time there, to fewer places than the high part has.
+    bool const is_denormal = std::fabs(nearest) < 2.0 * std::numeric_limits<double>::min();
+    return is_denormal && x.low != 0.0 ? Nearest_denormal({x.high, x.low, 0.0, x.exponent}) : nearest;
 }
 
 bool Is_negative(Enclosed const& x) {

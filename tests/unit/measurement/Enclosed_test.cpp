@@ -1,0 +1,200 @@
+// The enclosing arithmetic against MPFR: it encloses, and as tightly as doubles can.
+
+#include "measurement/Bands.h"
+#include "measurement/Enclosed.h"
+#include "measurement/Short_ways.h"
+
+#include "Reference_number.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstring>
+#include <limits>
+#include <random>
+#include <vector>
+
+namespace Varnix::Value::Tests {
+namespace {
+
+using namespace Physics;
+
+constexpr int Rounds = 20000; // of each operation; ten times as many take ten seconds and found no more
+
+// Doubles of every kind: any bits, denormal ones, small whole ones, powers of two, few bits far apart.
+class Hard_doubles {
+  public:
+    double operator()() {
+        std::uint64_t const bits = random();
+        double number = 0.0;
+        switch (random() % 6) {
+        case 0: std::memcpy(&number, &bits, sizeof number); return std::isfinite(number) ? number : 1.5;
+        case 1: return std::ldexp(static_cast<double>(static_cast<std::int64_t>(bits) >> 11), Between(-80, -20));
+        case 2: return Between(-1000, 1000);
+        case 3: return std::ldexp(static_cast<double>(bits >> 12), -1074);
+        case 4: return std::ldexp(Between(0, 1) == 0 ? 1.0 : -1.0, Between(-1074, 1023));
+        default: return std::ldexp(Between(0, 63), Between(-20, 19)) + std::ldexp(1.0, Between(-100, -40));
+        }
+    }
+
+    int Between(int least, int greatest) { return std::uniform_int_distribution<int>(least, greatest)(random); }
+
+    std::mt19937_64 random{1};
+};
+
+// What rounds to the neighbours of the truth, and to the double nearest to it. `room` is what a bound may lie
+// further out.
+void Expect_tight(Enclosed const& result, Real const& truth, char const* operation, double x, double y) {
+    EXPECT_EQ(Round_down(result), truth.Down()) << operation << ' ' << std::hexfloat << x << ' ' << y;
+    EXPECT_EQ(Round_up(result), truth.Up()) << operation << ' ' << std::hexfloat << x << ' ' << y;
+    EXPECT_EQ(Round_to_nearest(result), truth.Nearest()) << operation << ' ' << std::hexfloat << x << ' ' << y;
+}
+
+TEST(Enclosed, Rounds_operations_to_the_neighbours_of_the_truth) {
+    Hard_doubles doubles;
+    for (int round = 0; round < Rounds; ++round) {
+        double const x = doubles();
+        double const y = round % 8 == 0 ? x * (1.0 + std::ldexp(doubles.Between(-4, 4), -52)) : doubles();
+        if (!std::isfinite(y)) {
+            continue;
+        }
+        Expect_tight(Enclose(x) + Enclose(y), Real(x) + Real(y), "+", x, y);
+        Expect_tight(Enclose(x) - Enclose(y), Real(x) - Real(y), "-", x, y);
+        Expect_tight(Enclose(x) * Enclose(y), Real(x) * Real(y), "*", x, y);
+        if (y != 0.0) {
+            Expect_tight(Enclose(x) / Enclose(y), Real(x) / Real(y), "/", x, y);
+        }
+        Expect_tight(Square_root(Enclose(std::fabs(x))), Root(Real(std::fabs(x))), "root", x, 0.0);
+    }
+}
+
+// Results of several operations, of which each leaves something out: enclosed, and to one place.
+void Expect_enclosed(Enclosed const& result, Real const& truth) {
+    double const lower = Round_down(result);
+    double const upper = Round_up(result);
+    EXPECT_LE(lower, truth.Down());
+    EXPECT_GE(upper, truth.Up());
+    EXPECT_GE(std::nextafter(lower, HUGE_VAL), truth.Down());
+    EXPECT_LE(std::nextafter(upper, -HUGE_VAL), truth.Up());
+}
+
+TEST(Enclosed, Keeps_enclosing_through_several_operations) {
+    Hard_doubles doubles;
+    for (int round = 0; round < Rounds; ++round) {
+        double const a = doubles.Between(-100, 100) / 7.0;
+        double const b = doubles.Between(1, 1000) / 11.0;
+        double const c = std::ldexp(doubles.Between(1, 1 << 20), doubles.Between(-40, 0));
+        Enclosed const sum = Enclose(a) / Enclose(b) + Enclose(c);
+        Expect_enclosed(sum * Square_root(Enclose(c)), (Real(a) / Real(b) + Real(c)) * Root(Real(c)));
+        Expect_enclosed(Power(Enclose(b), 13), Raised(Real(b), 13));
+        Expect_enclosed(Power(Enclose(b), -5), Raised(Real(b), -5));
+    }
+}
+
+TEST(Enclosed, Applies_ratios_exactly_where_that_is_a_double) {
+    Hard_doubles doubles;
+    for (int round = 0; round < Rounds; ++round) {
+        Exact_factor factor;
+        double divisor = 1.0;
+        Real truth(1.0);
+        for (std::size_t k = 0; k < Exact_factor::primes.size(); ++k) {
+            factor.powers[k] = doubles.Between(0, 1) * doubles.Between(-4, 4);
+            truth = truth * Raised(Real(Exact_factor::primes[k]), factor.powers[k]);
+            divisor *= k > 0 && factor.powers[k] < 0 && divisor < 1e9 ? std::pow(Exact_factor::primes[k], -factor.powers[k]) : 1.0;
+        }
+        if (round % 3 == 0) {
+            factor.powers.back() = doubles.Between(-2, 2);
+            truth = truth * Raised(Real::Pi(), factor.powers.back());
+        }
+        double const x = round % 2 == 0 ? divisor * doubles.Between(1, 3) : doubles();
+        Enclosed const product = Enclose(x) * factor;
+        // The truth has been rounded at its 4500th bit, where it has as many.
+        Real const exact(product.Is_exact() && product.low == 0.0 ? (Real(x) * truth).Nearest() : 0.0);
+        Expect_enclosed(product, product.Is_exact() && product.low == 0.0 ? exact : Real(x) * truth);
+    }
+    EXPECT_TRUE((Enclose(3.0) * Exact_factor{{0, -1}}).Is_exact());
+    EXPECT_EQ(Round_down(Enclose(1.0) * Exact_factor{{0, 0, 0, 0, 0, 0, 0, 1}}), 0x1.921fb54442d18p+1);
+}
+
+TEST(Enclosed, Takes_powers_of_ten_and_logarithms) {
+    Hard_doubles doubles;
+    for (int round = 0; round < Rounds; ++round) {
+        double const x = round % 3 == 0   ? doubles.Between(-300, 300) / 10.0
+                         : round % 3 == 1 ? std::ldexp(doubles.Between(-(1 << 30), 1 << 30), doubles.Between(-90, -22))
+                                          : doubles.Between(-300, 300);
+        Expect_enclosed(Power_of_ten(Enclose(x)), Ten_to(Real(x)));
+        double const y = round % 2 == 0 ? std::fabs(doubles()) : 1.0 + std::ldexp(doubles.Between(-1000, 1000), -doubles.Between(10, 52));
+        if (y > 0.0) {
+            Expect_enclosed(Logarithm(Enclose(y)), Log_ten(Real(y)));
+        }
+    }
+    for (int power = 0; power <= 22; ++power) {
+        EXPECT_TRUE(Power_of_ten(Enclose(power)).Is_exact());
+        EXPECT_EQ(Round_up(Logarithm(Power_of_ten(Enclose(power)))), power);
+    }
+}
+
+TEST(Enclosed, Goes_on_with_infinite_numbers) {
+    double const infinity = std::numeric_limits<double>::infinity();
+    Enclosed const infinite = Enclose(infinity);
+    EXPECT_EQ(Round_up(infinite * Enclose(1e-300)), infinity);
+    EXPECT_EQ(Round_down(-infinite + Enclose(1e300)), -infinity);
+    EXPECT_EQ(Round_down(Enclose(-1.0) / infinite), 0.0);
+    EXPECT_EQ(Round_up(infinite * Enclose(0.0)), 0.0);
+    EXPECT_EQ(Round_up(Square_root(infinite)), infinity);
+    EXPECT_EQ(Round_up(Power(infinite, 64)), infinity);
+    EXPECT_EQ(Round_up(Logarithm(infinite)), infinity);
+    EXPECT_EQ(Round_down(Logarithm(Enclose(0.0))), -infinity);
+    EXPECT_EQ(Round_up(Power_of_ten(-infinite)), 0.0);
+    EXPECT_EQ(Round_up(Power_of_ten(Enclose(-1e9))), 5e-324);
+    EXPECT_EQ(Round_down(Power_of_ten(Enclose(1e9))), std::numeric_limits<double>::max());
+}
+
+// ---- Short ways
+
+Band Band_of(Numbers const& x) {
+    return {Enclose(x.lower), Enclose(x.value), Enclose(x.upper), false};
+}
+
+void Expect_same(Numbers const& numbers, Band const& band, char const* operation) {
+    EXPECT_EQ(numbers.lower, Round_down(band.lower)) << operation;
+    EXPECT_EQ(numbers.value, Round_to_nearest(band.value)) << operation;
+    EXPECT_EQ(numbers.upper, Round_up(band.upper)) << operation;
+}
+
+TEST(Short_ways_of_measurements, Agree_with_the_enclosing_arithmetic) {
+    Hard_doubles doubles;
+    int answered = 0;
+    auto const draw = [&] {
+        std::vector<double> ends = {std::fabs(doubles()), std::fabs(doubles()), std::fabs(doubles())};
+        std::sort(ends.begin(), ends.end());
+        return doubles.Between(0, 2) == 0 ? Numbers{ends[0], ends[0], ends[0]} : Numbers{ends[0], ends[1], ends[2]};
+    };
+    for (int round = 0; round < Rounds; ++round) {
+        Numbers const x = draw();
+        Numbers const y = draw();
+        Numbers result{};
+        double const divisor = doubles.Between(1, 3600);
+        double const numerator = doubles.Between(1, 1000);
+        Band const over = Single(Enclose(divisor));
+        if (Short_sum(x, y, result)) {
+            Expect_same(result, Band_of(x) + Band_of(y), "sum");
+        }
+        if (Short_product(x, y, divisor, result)) {
+            Expect_same(result, Band_of(x) * Band_of(y) / over, "product");
+            ++answered;
+        }
+        if (Short_quotient(x, y, result)) {
+            Expect_same(result, Band_of(x) / Band_of(y), "quotient");
+            ++answered;
+        }
+        if (Short_multiple(x, numerator, divisor, result)) {
+            Expect_same(result, Band_of(x) * Single(Enclose(numerator)) / over, "multiple");
+            ++answered;
+        }
+    }
+    EXPECT_GT(answered, Rounds / 4);
+}
+
+} // namespace
+} // namespace Varnix::Value::Tests
