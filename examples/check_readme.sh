@@ -1,4 +1,11 @@
 #!/usr/bin/env bash
-# check_readme.sh README SOURCE: the first C++ block of the README is the source, to the letter.
+# check_readme.sh README SOURCE...: the first C++ blocks of the README are the sources, to the letter.
 set -euo pipefail
-awk '/^```cpp$/ { inside = 1; next } /^```$/ && inside { exit } inside' "$1" | diff -u "$2" -
+readme=$1
+shift
+number=0
+for source in "$@"; do
+    number=$((number + 1))
+    awk -v wanted="$number" '/^```cpp$/ { block++; inside = block == wanted; next } /^```$/ { inside = 0 } inside' "$readme" |
+        diff -u "$source" -
+done

@@ -14,10 +14,11 @@ show() {
 }
 
 show convert '30 dBm [29, 31]' W
-show convert '5.0 ± 0.1 V' mV --format p
-show convert '10 W' V --with '2 A'
-show compute '60 mph * 2 s'
-show compute '30 dBm >= 1 W'
+show convert '70 dBuV [69, 71]' dBm --with '50 ± 2.5 ohm'
+show compute '10 dBm [9, 11] + 3 dB'
+show compute '10 dBm + 10 dBm'
+show compute '60 mph * 2 s' --to m
+show compute '5.02 ± 0.01 V' --limits '4.75 V' '5.25 V'
 show convert '5 m' m/s
 show convert 5 ft m
 show convert '5 pinch' m

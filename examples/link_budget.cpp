@@ -1,41 +1,45 @@
-// A radio link: a transmitter's power, the gains and losses on the way, and the margin that is left
-// at the receiver. Levels are decibels with a unit (dBm); gains and losses are plain decibels.
+// A radio link with tolerances: a transmitter's level, the gains and losses on the way, the noise
+// of the receiver, and the margin that is left, certainly.
 
-#include <varnix/value/Text_formatting.h>
-#include <varnix/value/Value_object.h>
+#include <varnix/value/Levels.h>
+#include <varnix/value/Measurement.h>
+#include <varnix/value/Measurement_text.h>
+#include <varnix/value/Radio_formulas.h>
 
-#include <cstdio>
+#include <iostream>
 
 using namespace Varnix::Value;
 
 namespace {
 
-using Quantity = Value_object<double>;
-
-void Print(char const* what, Quantity const& quantity) {
-    std::printf("%-22s %9.3f %-4s  [%.3f, %.3f]\n", what, quantity.Get_value(),
-                Format_unit(quantity.Get_unit()).c_str(), quantity.Get_minus_err(),
-                quantity.Get_plus_err());
+void Print(char const* what, Measurement const& x) {
+    std::cout << what << ": " << Format(x, Read_text_format("b")) << '\n';
 }
 
 } // namespace
 
 int main() {
-    // Plain decibels add up among themselves: every gain and loss of the path.
-    Quantity path(12.0, C_DB, 11.5, 12.5);       // transmitting antenna
-    path += Quantity(-92.4, C_DB, -93.4, -91.4); // free space, 1 km at 1 GHz
-    path += Quantity(9.0, C_DB, 8.5, 9.5);       // receiving antenna
-    Print("path", path);
+    Measurement const transmitter(30.0, C_DBmW, 29.0, 31.0);
+    Measurement const antennas =
+        Measurement(12.0, C_DB, 11.5, 12.5) + Measurement(9.0, C_DB, 8.5, 9.5);
+    Measurement const free_space(-92.4, C_DB, -93.4, -91.4); // 1 km at 1 GHz
+    Measurement const received = transmitter + antennas + free_space;
+    Print("received", received);
 
-    // A plain ratio scales a linear power, so the transmitter's level is taken in watts.
-    Quantity const transmitter(30.0, C_DBmW, 29.0, 31.0);
-    Print("transmitter", transmitter);
-    Quantity received = transmitter.Convert_to(C_Watts);
-    received += path;
-    Print("received", received.Convert_to(C_NanoWatts));
-    Print("received", received.Convert_to(C_DBmW));
+    Noise_stage const amplifier = {Measurement(15.0, C_DB, 14.5, 15.5),
+                                   Measurement(1.0, C_DB, 0.75, 1.25)};
+    Noise_stage const mixer = {Measurement(-7.0, C_DB), Measurement(7.0, C_DB, 6.5, 7.5)};
+    Measurement const figure = Cascade_noise({amplifier, mixer});
+    Print("noise figure", figure);
 
-    Quantity const sensitivity(-85.0, C_DBmW, -86.0, -84.0);
-    Print("sensitivity", sensitivity);
-    std::puts(received > sensitivity ? "the link holds" : "the link is too weak");
+    Measurement const temperature(20.0, C_DgreeC, -20.0, 55.0);
+    Measurement const noise =
+        Thermal_noise(temperature, Measurement(1.0, C_MHz)).Convert_to(C_DBmW) + figure;
+    Print("noise", noise);
+
+    Measurement const margin =
+        received - noise - Measurement(10.0, C_DB); // the demodulator wants 10 dB
+    Print("margin", margin);
+    bool const closes = Certainly_less(Measurement(0.0, C_DB), margin);
+    std::cout << (closes ? "the link closes, whatever the tolerances\n" : "the link may fail\n");
 }

@@ -1,15 +1,15 @@
 #include <iostream>
-#include <varnix/value/Text_formatting.h>
-#include <varnix/value/Value_object.h>
+#include <varnix/value/Levels.h>
+#include <varnix/value/Measurement.h>
+#include <varnix/value/Measurement_text.h>
 using namespace Varnix::Value;
 
 int main() try {
-    Value_object<double> power(30.0, C_DBmW, 29.0, 31.0); // 30 dBm, between 29 and 31
-    power = power.Convert_to(C_Watts);                    // 1 W, between 0.794 and 1.259
-    power += Value_object<double>(500.0, C_MilliWatts, 490.0, 510.0);
-    std::cout << power.Get_value() << ' ' << Format_unit(power.Get_unit()) << ", from "
-              << power.Get_minus_err() << " to " << power.Get_plus_err() << '\n';
-    power += Value_object<double>(3.0, C_Sec, 3.0, 3.0); // throws, and power is what it was
-} catch (Varnix::Value::Value_exception const& failure) {
-    std::cout << failure.what() << '\n';
+    Measurement const voltage(10.0, C_Volts, 9.9, 10.1);
+    Measurement const resistance(50.0, C_Ohms, 49.0, 51.0);
+    std::cout << Format(voltage.Convert_to(C_Watts, resistance), Read_text_format("b")) << '\n';
+    std::cout << Parse_measurement("10 dBm [9, 11]") + Parse_measurement("3 dB") << '\n';
+    std::cout << voltage + Measurement(3.0, C_Amps) << '\n'; // throws
+} catch (MeasurementRefused const& refusal) {
+    std::cout << refusal.what() << '\n';
 }

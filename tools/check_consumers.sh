@@ -29,7 +29,7 @@ for library in libValueObject.so libValueObjectText.so libValueObjectMeasurement
 done
 
 expect_output() {
-    LD_LIBRARY_PATH=$libraries "$1/consumer" | diff -u "$source/examples/expected/readme.txt" -
+    LD_LIBRARY_PATH=$libraries "$1/consumer" | diff -u "$source/examples/expected/value_objects.txt" -
     LD_LIBRARY_PATH=$libraries "$1/text_consumer" '30 dBm [29, 31]' | diff -u <(echo '30 dBm is a power') -
     LD_LIBRARY_PATH=$libraries "$1/measurement_consumer" | diff -u <(echo '2.000 W [1.921, 2.082]') -
 }

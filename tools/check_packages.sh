@@ -45,7 +45,7 @@ expect_program_below() {
     shift 3
     "$compiler" -std=c++17 tests/install/consumers/core_consumer.cpp -I"$folder/usr/include" -L"$folder/usr/lib/$triplet" -lValueObject \
         -o "$place/program"
-    "$@" "$place/program" | diff -u examples/expected/readme.txt -
+    "$@" "$place/program" | diff -u examples/expected/value_objects.txt -
     "$compiler" -std=c++17 tests/install/consumers/text_consumer.cpp -I"$folder/usr/include" -L"$folder/usr/lib/$triplet" \
         -lValueObjectText -lValueObject -o "$place/program"
     "$@" "$place/program" '30 dBm' | diff -u <(echo '30 dBm is a power') -

@@ -275,14 +275,15 @@ std::string With_exponent(std::string digits, int place) {
 
 } // namespace
 
-std::string Text_of(Decimal const& decimal) {
+std::string Text_of(Decimal const& decimal, Zeros zeros) {
     std::string const sign = decimal.is_negative && !decimal.digits.empty() ? "-" : "";
     if (decimal.digits.empty()) {
         return decimal.place < 0 && decimal.place >= Least_fixed_place ? Fixed("0", decimal.place)
                                                                        : "0";
     }
     int const leading = decimal.place + static_cast<int>(decimal.digits.size()) - 1;
-    bool const fixed = leading < Greatest_fixed_place && decimal.place >= Least_fixed_place;
+    bool const fixed = leading < Greatest_fixed_place && decimal.place >= Least_fixed_place &&
+                       (zeros == Zeros::filled || decimal.place <= 0);
     return sign + (fixed ? Fixed(decimal.digits, decimal.place)
                          : With_exponent(decimal.digits, decimal.place));
 }

@@ -49,8 +49,10 @@ Decimal Difference(Decimal const& first, Decimal const& second);
 // The place of the leading digit of a number other than zero.
 int Leading_place(double number);
 
-// "12.50", "-0.3", "1.25e-12"; with all digits.
-std::string Text_of(Decimal const& decimal);
+// "12.50", "-0.3", "1.25e-12"; with all digits. Places above the units are filled with zeros,
+// "1200", or, where no zero is to stand for a digit that is not meant, have an exponent, "1.2e+03".
+enum class Zeros { filled, meant };
+std::string Text_of(Decimal const& decimal, Zeros zeros = Zeros::filled);
 
 } // namespace Varnix::Value::Physics
 

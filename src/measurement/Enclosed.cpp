@@ -209,7 +209,8 @@ double Round_to_nearest(Enclosed const& x) {
     double const nearest = Scaled(x.high, x.exponent) + 0.0;
     // Rounded a second time there, to fewer places than the high part has.
     bool const is_denormal = std::fabs(nearest) < 2.0 * std::numeric_limits<double>::min();
-    return is_denormal && x.low != 0.0 ? Nearest_denormal({x.high, x.low, 0.0, x.exponent}) : nearest;
+    return is_denormal && x.low != 0.0 ? Nearest_denormal({x.high, x.low, 0.0, x.exponent})
+                                       : nearest;
 }
 
 bool Is_negative(Enclosed const& x) {

@@ -80,14 +80,14 @@ std::string Bound_text(double bound, Decimal (*rounded)(double, int), int place)
 }
 
 // All three to one place, the bounds outward.
-Number_texts Texts_at(Measurement const& x, int place) {
+Number_texts Texts_at(Measurement const& x, int place, Zeros zeros = Zeros::filled) {
     Decimal const value = Nearest_at(x.Get_value(), place);
     Number_texts texts = {Text_of(value), Bound_text(x.Get_lower(), Decimal_below, place),
                           Bound_text(x.Get_upper(), Decimal_above, place), ""};
     if (std::isfinite(x.Get_lower()) && std::isfinite(x.Get_upper())) {
         Decimal const below = Difference(value, Decimal_below(x.Get_lower(), place));
         Decimal const above = Difference(Decimal_above(x.Get_upper(), place), value);
-        texts.deviation = below == above && !below.is_negative ? Text_of(below) : "";
+        texts.deviation = below == above && !below.is_negative ? Text_of(below, zeros) : "";
     }
     return texts;
 }
@@ -135,16 +135,27 @@ Number_texts Shortest_texts(Measurement const& x, Bounds_style style) {
             style == Bounds_style::symmetric ? Shortest_deviation(x) : ""};
 }
 
-// Each number with its own digits.
+using Rounding = Decimal (*)(double number, int place);
+
+// A number of so many digits; one that a carry makes longer ends a place earlier.
+Decimal With_digits(double number, Rounding rounded, int digits) {
+    int const place = (number == 0.0 ? 0 : Leading_place(number)) - digits + 1;
+    Decimal const decimal = rounded(number, place);
+    return static_cast<int>(decimal.digits.size()) > digits ? rounded(number, place + 1) : decimal;
+}
+
+std::string Text_with_digits(double number, Rounding rounded, int digits) {
+    return std::isinf(number) ? Shortest(number)
+                              : Text_of(With_digits(number, rounded, digits), Zeros::meant);
+}
+
+// Each number with its own digits; a deviation ends where the value does.
 Number_texts Significant_texts(Measurement const& x, int digits) {
-    auto const place_of = [digits](double number) {
-        return number == 0.0 ? 0 : Leading_place(number) - digits + 1;
-    };
-    int const place = place_of(x.Get_value());
-    return {Text_of(Nearest_at(x.Get_value(), place)),
-            Bound_text(x.Get_lower(), Decimal_below, place_of(x.Get_lower())),
-            Bound_text(x.Get_upper(), Decimal_above, place_of(x.Get_upper())),
-            Texts_at(x, place).deviation};
+    int const place = With_digits(x.Get_value(), Nearest_at, digits).place;
+    return {Text_with_digits(x.Get_value(), Nearest_at, digits),
+            Text_with_digits(x.Get_lower(), Decimal_below, digits),
+            Text_with_digits(x.Get_upper(), Decimal_above, digits),
+            Texts_at(x, place, Zeros::meant).deviation};
 }
 
 constexpr int Default_bound_digits = 2;
@@ -152,8 +163,10 @@ constexpr int Default_bound_digits = 2;
 // Down to a digit of half the distance of the bounds.
 Number_texts Texts_by_bounds(Measurement const& x, int digits, Bounds_style style) {
     double const half = x.Get_upper() / 2.0 - x.Get_lower() / 2.0;
-    bool const one_number = Value_encloses_bounds(x, Shortest(x.Get_value()));
-    if (one_number || half == 0.0 || !std::isfinite(half)) {
+    // Bounds a few doubles apart have no digits of their own.
+    bool const is_wide =
+        half > std::max(std::fabs(x.Get_lower()), std::fabs(x.Get_upper())) * 0x1p-49;
+    if (!is_wide || !std::isfinite(half)) {
         return Shortest_texts(x, style);
     }
     return Texts_at(x, Leading_place(half) - (digits > 0 ? digits : Default_bound_digits) + 1);

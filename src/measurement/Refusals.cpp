@@ -1,5 +1,6 @@
 #include "Refusals.h"
 
+#include <varnix/value/Measurement_text.h>
 #include <varnix/value/Text_formatting.h>
 #include <varnix/value/Unit_kinds.h>
 
@@ -98,7 +99,7 @@ std::string Described(double value, double lower, double upper, Units const& uni
 }
 
 std::string Described(Measurement const& x) {
-    return Described(x.Get_value(), x.Get_lower(), x.Get_upper(), x.Get_unit());
+    return In_parentheses(Format(x), x.Get_unit());
 }
 
 void Refuse(Refusal reason, std::string const& what) {

@@ -9,8 +9,7 @@ char const* const purpose =
 
 char const* const examples =
     "Examples:\n"
-    "  value-object convert '30 dBm [29, 31]' W         1 W [0.7943282347242813, "
-    "1.2589254117941675]\n"
+    "  value-object convert '30 dBm [29, 31]' W         1 W [0.7943, 1.259]\n"
     "  value-object convert '-40 degF' degC             -40 °C\n"
     "  value-object compute '1 km + 500 m'              1.5 km\n"
     "  value-object units --dimension length            the units of length\n"
@@ -23,10 +22,10 @@ char const* const examples =
 
 char const* const convert_examples =
     "Quantities, the last argument being the unit to convert to:\n"
-    "  value-object convert '30 dBm [29, 31]' W         1 W [0.7943282347242813, "
-    "1.2589254117941675]\n"
+    "  value-object convert '30 dBm [29, 31]' W         1 W [0.7943, 1.259]\n"
     "  value-object convert '5.0 ± 0.1 V' mV --format p 5000 ± 100 mV\n"
-    "  value-object convert '1 mi' '1 n.mi' km          1.60934 km, 1.852 km\n"
+    "  value-object convert '1 mi' '1 n.mi' km          1.609344 km, 1.852 km\n"
+    "  value-object convert '20 dBV' V                  10 V: volts and amperes are 20 log10\n"
     "  value-object convert '10 W' V --with '2 A'       5 V: W / A\n"
     "\n"
     "Numbers, one a line, of files or of standard input; quantities with their units, one a line:\n"
@@ -38,20 +37,24 @@ char const* const convert_examples =
     "  value-object convert --csv --column 3=ft:m --rename-units < log.csv\n"
     "\n"
     "Formats (--format): .3 three significant digits, .3f three decimals, b digits set by the\n"
-    "bounds; then p for ±, ~ for no bounds; then k for a prefix that suits: .3, .2f~, bpk.\n"
+    "bounds; then p for ±, ~ for no bounds; then k for a prefix that suits: .3, .2f~, bpk. full\n"
+    "shows all digits. Otherwise bounds are shown where they were typed, with four digits.\n"
     "\n"
-    "The tool is strict: it refuses what would change the physical kind, as 5 m to m/s. The\n"
-    "library's own rules are less so; --by-the-rules follows them.";
+    "Results are physically right, and their bounds enclose the truth; what has no such result is\n"
+    "refused. --by-the-rules computes as a program on value objects does.";
 
 char const* const compute_examples =
     "  value-object compute '1 km + 500 m'              1.5 km\n"
-    "  value-object compute '10 dBm + 10 dBm'           13.010299956639813 dBm: levels add as "
-    "powers\n"
-    "  value-object compute '60 mph * 2 s'              in metres, with a note\n"
-    "  value-object compute '30 dBm >= 1 W'             true\n"
+    "  value-object compute '10 dBm [9, 11] + 3 dB'     13 dBm [12, 14]\n"
+    "  value-object compute '60 mph * 2 s' --to m       53.6448 m\n"
+    "  value-object compute '1 / 50 Hz'                 0.02 s\n"
+    "  value-object compute '30 dBm [29, 31] < 32 dBm'  true\n"
+    "  value-object compute '5.02 ± 0.01 V' --limits '4.75 V' '5.25 V'    pass\n"
+    "  value-object compute --power-sum < levels.txt    10 dBm and 10 dBm are 13.01 dBm\n"
     "\n"
-    "The operators are + - * / < <= > >= == !=, with blanks around them. A comparison writes true\n"
-    "or false; the exit status is 0 for both.";
+    "The operators are + - * / < <= > >= == !=, with blanks around them. A comparison writes "
+    "true,\n"
+    "false, or undecided where the bounds overlap; the exit status is 0 for all.";
 
 char const* const units_examples = "  value-object units                               everything\n"
                                    "  value-object units --dimension power\n"
@@ -106,7 +109,7 @@ CLI::Option& Add_dialect_option(CLI::App& command, Arguments& arguments) {
 void Add_output_options(CLI::App& command, Arguments& arguments) {
     command.add_flag("--json", arguments.options.json, "One JSON object a line");
     command.add_flag("--by-the-rules", arguments.by_the_rules,
-                     "Follow the library's rules, also where they change the physical kind");
+                     "Compute as value objects do, without any of the checks");
     Add_option(command, "--format", arguments.format, Format_value,
                "Digits, bounds and prefix of the results");
     command.add_flag("--names", arguments.names, "Write units by name: kilometers, not km");
@@ -151,11 +154,25 @@ void Add_convert(CLI::App& tool, Arguments& arguments) {
 void Add_compute(CLI::App& tool, Arguments& arguments) {
     CLI::App& command = *tool.add_subcommand("compute", "One operation on two quantities");
     command.footer(compute_examples);
-    command.add_option("expression", arguments.expression, "Two quantities and an operator")
-        ->type_name("EXPRESSION")
-        ->required();
+    Computation_request& request = arguments.computation;
+    auto& expression = *command.add_option("expression", request.words,
+                                           "Two quantities and an operator, or one to be checked");
+    expression.type_name("EXPRESSION");
+    Add_option(command, "--to", request.to, Unit_value, "The unit of the result");
+    auto& limits = Add_option(command, "--limits", request.limits, "LOW HIGH",
+                              "Check the quantity against two limits: pass, fail or undecided");
+    auto& sum = *command.add_flag(
+        "--power-sum", request.power_sum,
+        "The level of the sum of powers, of levels on standard input, one a line");
+    auto& mean = *command.add_flag("--power-mean", request.power_mean, "The same of their mean");
     Add_dialect_option(command, arguments);
     Add_output_options(command, arguments);
+    limits.expected(2)->excludes(command.get_option("--to"));
+    sum.excludes(&expression)->excludes(&limits)->excludes(&mean);
+    mean.excludes(&expression)->excludes(&limits);
+    for (CLI::Option* const option : {&limits, &sum, &mean}) {
+        option->excludes(command.get_option("--by-the-rules"));
+    }
     Remove_protections(command);
 }
 

@@ -24,7 +24,7 @@ struct Arguments {
     std::vector<std::string> inputs; // of `convert`: quantities and their target, or files
     Conversion_request conversion;
     Table_request table;
-    std::vector<std::string> expression;
+    Computation_request computation;
     std::string dimension;
 };
 
@@ -35,6 +35,9 @@ inline constexpr char const* Column_value = "NAME=FROM:TO";
 inline constexpr char const* Kind_value = "KIND";
 inline constexpr char const* Format_value = "FORMAT";
 inline constexpr char const* Delimiter_value = "CHARACTER";
+
+// The format with all digits and bounds.
+inline constexpr char const* Full_format = "full";
 
 // Adds commands and options to `tool`; parsing stores in `arguments`, which have to stay.
 void Add_commands(CLI::App& tool, Arguments& arguments);

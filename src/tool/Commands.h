@@ -6,7 +6,6 @@
 
 #include "Reports.h"
 #include "Streams.h"
-#include "Strict_rules.h"
 
 #include <varnix/value/Text_formatting.h>
 #include <varnix/value/Text_parsing.h>
@@ -16,12 +15,18 @@
 
 namespace Varnix::Value::Tool {
 
+enum class Rules {
+    measurements,   // the physically right answer, or a refusal
+    as_the_library, // what a program on value objects computes
+};
+
 // What the options of the commands say.
 struct Options {
-    Rules rules = Rules::strict;
+    Rules rules = Rules::measurements;
     bool json = false;                   // one JSON object a line
     bool keep_going = false;             // go on after an input that is refused
     bool formatted = false;              // with a format of the user's own
+    bool all_digits = false;             // that format is "full"
     Text_format format;                  // of the results
     Dialect dialect = Dialect::standard; // of what is read; targets are always in the standard one
 };
@@ -51,8 +56,17 @@ Exit_status Convert_lines(Conversion_request const& request, Options const& opti
                           Output& output);
 Exit_status Convert_table(Table_request const& request, Options const& options, Output& output);
 
-// `words` are two quantities with an operator between them, in one text or in several.
-Exit_status Compute(std::vector<std::string> const& words, Options const& options, Output& output);
+// What `compute` computes: one of an expression, limits to check, and a sum or mean of powers.
+struct Computation_request {
+    std::vector<std::string> words;  // two quantities with an operator between them, or one, in one
+                                     // text or in several
+    std::string to;                  // the unit of the result; empty where it has its own
+    std::vector<std::string> limits; // none, or a lower and an upper one
+    bool power_sum = false;          // of the levels on standard input, one a line
+    bool power_mean = false;         // likewise
+};
+
+Exit_status Compute(Computation_request const& request, Options const& options, Output& output);
 
 // Lists the catalogue; `dimension` may be empty.
 Exit_status List_units(std::string const& dimension, Options const& options, Output& output);

@@ -1,7 +1,6 @@
 #include "Completion.h"
 
 #include "Command_line.h"
-#include "Unit_questions.h"
 #include "Written_results.h"
 
 #include <varnix/value/Unit_kinds.h>
@@ -101,7 +100,7 @@ class Unit_candidates {
     // Brackets and blanks would have to be quoted, and are no help to somebody who types.
     static bool Reads_back(std::string const& text, Units const& unit) {
         auto const read = Try_parse_unit(text);
-        return read && Same_descriptor(*read, unit) && text.find_first_of("( ") == text.npos;
+        return read && *read == unit && text.find_first_of("( ") == text.npos;
     }
 
     std::string_view start;

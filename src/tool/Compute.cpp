@@ -1,38 +1,29 @@
-// `compute`: one operation on two quantities.
+// `compute`: one operation on two quantities, a check of limits, or a sum of powers.
 
-#include "Strict_operations.h"
+#include "Quantity_converter.h"
 #include "Written_results.h"
 
+#include <varnix/value/Levels.h>
+
 #include <algorithm>
+#include <cstdint>
 #include <vector>
 
 namespace Varnix::Value::Tool {
 
 namespace {
 
-struct Operator_row {
-    std::string_view sign;
-    Operation operation;
-};
+// ---- Operators
 
-// clang-format off
-constexpr Operator_row operators[] = {
-    {"+",  Operation::sum},
-    {"-",  Operation::difference},
-    {"*",  Operation::product},
-    {"/",  Operation::quotient},
-    {"<",  Operation::less},
-    {"<=", Operation::less_or_equal},
-    {">",  Operation::greater},
-    {">=", Operation::greater_or_equal},
-    {"==", Operation::equal},
-    {"!=", Operation::not_equal},
-};
-// clang-format on
+constexpr std::string_view operators[] = {"+", "-", "*", "/", "<", "<=", ">", ">=", "==", "!="};
+
+bool Is_comparison(std::string_view sign) {
+    return sign[0] == '<' || sign[0] == '>' || sign[0] == '=' || sign[0] == '!';
+}
 
 struct Found_operator {
     std::size_t first; // of the sign
-    Operator_row row;
+    std::string_view sign;
 };
 
 // Whether a quantity may start here: with a digit, a sign, a point, or the parenthesis of
@@ -52,13 +43,11 @@ std::vector<Found_operator> Find_operators(std::string_view text) {
             continue;
         }
         std::string_view const word = text.substr(blank + 1, end - blank - 1);
-        auto const* const row =
-            std::find_if(std::begin(operators), std::end(operators),
-                         [&](Operator_row const& candidate) { return candidate.sign == word; });
+        auto const* const sign = std::find(std::begin(operators), std::end(operators), word);
         std::size_t const operand = text.find_first_not_of(' ', end);
-        if (row != std::end(operators) && operand != std::string_view::npos &&
+        if (sign != std::end(operators) && operand != std::string_view::npos &&
             Starts_quantity(text.substr(operand))) {
-            found.push_back({blank + 1, *row});
+            found.push_back({blank + 1, *sign});
         }
     }
     return found;
@@ -82,46 +71,193 @@ Found_operator Find_operator(std::string_view text, bool unquoted) {
 }
 
 // The quantity in [first, last) of `text`; a fault is shown in the whole text.
-Quantity Read_operand(std::string_view text, std::size_t first, std::size_t last, Dialect dialect) {
-    auto const quantity = Try_parse_quantity(text.substr(first, last - first), {}, dialect);
-    if (!quantity) {
-        Text_fault fault = quantity.Get_fault();
-        fault.position += first;
-        throw Refusal(fault, text);
+Answer Read_operand(std::string_view text, std::size_t first, std::size_t last,
+                    Options const& options) {
+    try {
+        return Read_answer(text.substr(first, last - first), options);
+    } catch (Refusal const& refusal) {
+        throw refusal.Within(text, first);
     }
-    return *quantity;
 }
 
-Exit_status Write_comparison(std::string const& expression, bool result, Options const& options,
-                             Output& output) {
-    if (options.json) {
-        Write({{"input", expression}, {"result", result}}, output);
-    } else {
-        output.Append(result ? "true\n" : "false\n");
+// ---- Operations
+
+Measurement Calculate(Measurement const& left, std::string_view sign, Measurement const& right) {
+    switch (sign[0]) {
+    case '+':
+        return left + right;
+    case '-':
+        return left - right;
+    case '*':
+        return left * right;
+    default:
+        return left / right;
     }
-    return exit_done;
+}
+
+char const* Told(bool certainly, bool certainly_not) {
+    return certainly ? "true" : certainly_not ? "false" : "undecided";
+}
+
+// What is certain of a comparison.
+char const* Compare(Measurement const& left, std::string_view sign, Measurement const& right) {
+    if (sign == "<") {
+        return Told(Certainly_less(left, right), !Possibly_less(left, right));
+    }
+    if (sign == ">=") {
+        return Told(!Possibly_less(left, right), Certainly_less(left, right));
+    }
+    if (sign == ">" || sign == "<=") {
+        return Compare(right, sign == ">" ? "<" : ">=", left);
+    }
+    bool const equal = Certainly_equal(left, right);
+    bool const different = !Possibly_equal(left, right);
+    return sign == "==" ? Told(equal, different) : Told(different, equal);
+}
+
+// What a comparison or a check of limits says.
+void Write_verdict(std::string const& expression, std::string const& verdict,
+                   Options const& options, Output& output) {
+    if (options.json) {
+        bool const is_certain = verdict == "true" || verdict == "false";
+        Write({{"input", expression},
+               {"result", is_certain ? Json(verdict == "true") : Json(verdict)}},
+              output);
+    } else {
+        output.Append(verdict + '\n');
+    }
+}
+
+void Write_answer(std::string const& input, Answer const& answer,
+                  Computation_request const& request, Options const& options, Output& output) {
+    Write_result(input, request.to.empty() ? answer : Converted(answer, Read_unit(request.to)),
+                 options, output);
+}
+
+struct Operands {
+    Answer left;
+    std::string_view sign;
+    Answer right;
+};
+
+void Write_operation(std::string const& expression, Operands const& operands,
+                     Computation_request const& request, Options const& options, Output& output) {
+    auto const& [left, sign, right] = operands;
+    bool const has_bounds = left.has_bounds || right.has_bounds;
+    if (options.rules == Rules::as_the_library) {
+        auto const& first = std::get<Quantity>(left.result);
+        auto const& second = std::get<Quantity>(right.result);
+        if (Is_comparison(sign)) {
+            Write_verdict(expression, Compare_by_the_rules(first, sign, second) ? "true" : "false",
+                          options, output);
+        } else {
+            Write_answer(expression, {Calculate_by_the_rules(first, sign, second), true}, request,
+                         options, output);
+        }
+        return;
+    }
+    auto const& first = std::get<Measurement>(left.result);
+    auto const& second = std::get<Measurement>(right.result);
+    Telling_refusals([&, &sign_of = sign] {
+        if (Is_comparison(sign_of)) {
+            Write_verdict(expression, Compare(first, sign_of, second), options, output);
+        } else {
+            Write_answer(expression, {Calculate(first, sign_of, second), has_bounds}, request,
+                         options, output);
+        }
+    });
+}
+
+Operands Read_operands(std::string const& expression, bool unquoted, Options const& options) {
+    auto const [place, sign] = Find_operator(expression, unquoted);
+    std::size_t const left_end = expression.find_last_not_of(' ', place - 1) + 1;
+    std::size_t const right_start = expression.find_first_not_of(' ', place + sign.size());
+    return {Read_operand(expression, 0, left_end, options), sign,
+            Read_operand(expression, right_start, expression.size(), options)};
+}
+
+// ---- Limits
+
+Measurement Read_limit(std::string const& text, Options const& options) {
+    return std::get<Measurement>(Read_answer(text, options).result);
+}
+
+void Write_limit_check(std::string const& text, Computation_request const& request,
+                       Options const& options, Output& output) {
+    Measurement const x = Read_limit(text, options);
+    Measurement const low = Read_limit(request.limits[0], options);
+    Measurement const high = Read_limit(request.limits[1], options);
+    Verdict const verdict = Telling_refusals([&] { return Check_limits(x, low, high); });
+    Write_verdict(text,
+                  verdict == Verdict::pass   ? "pass"
+                  : verdict == Verdict::fail ? "fail"
+                                             : "undecided",
+                  options, output);
+}
+
+// ---- Sums of powers
+
+std::string All_of(Input& input) {
+    std::string_view text;
+    while (!input.At_end()) {
+        text = input.Read_more();
+    }
+    return std::string(text);
+}
+
+struct Levels_read {
+    std::vector<Measurement> levels;
+    bool has_bounds = false;
+};
+
+Levels_read Read_levels(Options const& options) {
+    Input input(Standard_input);
+    std::string const text = All_of(input);
+    Levels_read read;
+    std::uint64_t line_number = 0;
+    for (std::size_t start = 0; start < text.size();) {
+        std::size_t const end = std::min(text.find('\n', start), text.size());
+        std::string_view const line = Trimmed(std::string_view(text).substr(start, end - start));
+        start = end + 1;
+        ++line_number;
+        if (line.empty()) {
+            continue;
+        }
+        try {
+            Answer const answer = Read_answer(line, options);
+            read.levels.push_back(std::get<Measurement>(answer.result));
+            read.has_bounds = read.has_bounds || answer.has_bounds;
+        } catch (Refusal const& refusal) {
+            throw refusal.At(input.Place(line_number));
+        }
+    }
+    return read;
+}
+
+void Write_power_sum(Computation_request const& request, Options const& options, Output& output) {
+    auto const [levels, has_bounds] = Read_levels(options);
+    auto const sum = Telling_refusals([&levels_read = levels, &request] {
+        return request.power_sum ? Power_sum(levels_read.data(), levels_read.size())
+                                 : Power_mean(levels_read.data(), levels_read.size());
+    });
+    Write_answer(request.power_sum ? "power sum" : "power mean", {sum, has_bounds}, request,
+                 options, output);
 }
 
 } // namespace
 
-Exit_status Compute(std::vector<std::string> const& words, Options const& options, Output& output) {
-    std::string const expression = Joined(words);
-    auto const [place, row] = Find_operator(expression, words.size() > 1);
-    std::size_t const left_end = expression.find_last_not_of(' ', place - 1) + 1;
-    Quantity const left = Read_operand(expression, 0, left_end, options.dialect);
-    std::size_t const right_start = expression.find_first_not_of(' ', place + row.sign.size());
-    Quantity const right =
-        Read_operand(expression, right_start, expression.size(), options.dialect);
-    if (row.operation >= Operation::less) {
-        return Write_comparison(expression, Compare(left, row.operation, right, options.rules),
-                                options, output);
+Exit_status Compute(Computation_request const& request, Options const& options, Output& output) {
+    std::string const expression = Joined(request.words);
+    if (request.power_sum || request.power_mean) {
+        Write_power_sum(request, options, output);
+    } else if (expression.empty()) {
+        throw Trouble("compute takes an expression: value-object compute '1 km + 500 m'");
+    } else if (!request.limits.empty()) {
+        Write_limit_check(expression, request, options, output);
+    } else {
+        Write_operation(expression, Read_operands(expression, request.words.size() > 1, options),
+                        request, options, output);
     }
-    std::string note;
-    Quantity const result = Calculate(left, row.operation, right, options.rules, note);
-    if (!note.empty()) {
-        Report("note: " + note);
-    }
-    Write_result(expression, result, options, output);
     return exit_done;
 }
 

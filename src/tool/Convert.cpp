@@ -1,10 +1,10 @@
 // `convert`: the quantities of the command line.
 
 #include "Quantity_converter.h"
-#include "Unit_questions.h"
 #include "Written_results.h"
 
 #include <varnix/value/Text_parsing.h>
+#include <varnix/value/Unit_kinds.h>
 
 #include <unistd.h>
 
@@ -20,9 +20,9 @@ enum class Form { other, number, quantity };
 
 Form Form_of(std::string const& text, Dialect dialect) {
     auto const quantity = Try_parse_quantity(text, {}, dialect);
-    return !quantity                                        ? Form::other
-           : Same_descriptor(quantity->Get_unit(), C_Empty) ? Form::number
-                                                            : Form::quantity;
+    return !quantity                         ? Form::other
+           : quantity->Get_unit() == C_Empty ? Form::number
+                                             : Form::quantity;
 }
 
 // The longest quantity that the words from `first` on make together; empty where they make none.
@@ -42,6 +42,11 @@ std::string Quantity_in_pieces(Words const& words, std::size_t first, Dialect di
     throw Refusal("a quantity is one argument: write '" + quantity + "', in quotes");
 }
 
+// A plain number converts into ratios alone.
+bool Needs_unit(Units const& to) {
+    return to.tuples[0].unit != NO_UNIT && !Same_kind(to, C_Percent);
+}
+
 // "convert 5 ft m" is 5 feet in pieces, and no number that lacks a unit.
 void Check_quotes(Conversion_request const& request, Options const& options) {
     Words const& words = request.quantities;
@@ -53,9 +58,9 @@ void Check_quotes(Conversion_request const& request, Options const& options) {
             Refuse_pieces(pieces);
         }
     }
-    bool const strict = options.rules == Rules::strict;
+    bool const strict = options.rules == Rules::measurements;
     if (strict && !words.empty() && Form_of(words.back(), options.dialect) == Form::number &&
-        Has_units(Read_unit(request.to))) {
+        Needs_unit(Read_unit(request.to))) {
         throw Refusal("'" + words.back() +
                       "' has no unit: write number and unit in quotes, as in '" + words.back() +
                       ' ' + request.to + "', and then the unit to convert to");
@@ -82,7 +87,7 @@ Exit_status Convert_quantities(Conversion_request const& request, Options const&
                                Output& output) {
     Check_quotes(request, options);
     Check_no_file(request, options.dialect);
-    Quantity_converter converter(request, options);
+    Quantity_converter const converter(request, options);
     Exit_status status = exit_done;
     for (std::string const& text : request.quantities) {
         try {

@@ -117,15 +117,15 @@ Exit_status Run_lines(Conversion_request const& request, Convert_line const& con
 // Lines that are quantities with their units.
 Exit_status Convert_quantity_lines(Conversion_request const& request, Options const& options,
                                    Output& output) {
-    Quantity_converter converter(request, options);
+    Quantity_converter const converter(request, options);
     auto const convert = [&](std::string_view line) {
-        Quantity const result = converter.Convert(line);
+        Answer const result = converter.Convert(line);
         if (options.json) {
             Json object = {{"input", std::string(line)}};
-            Add_quantity(object, result, options);
+            Add_answer(object, result, options);
             output.Append(object.dump());
         } else {
-            output.Append(Format(result, options.format));
+            output.Append(Text_of(result, options));
         }
     };
     return Run_lines(request, convert, options, output);
@@ -141,7 +141,7 @@ Exit_status Convert_number_lines(Conversion_request const& request, Options cons
         double const result = cells.Convert(line);
         if (options.json) {
             Json object = {{"value", Json_number(result)}, {"unit", unit}};
-            Add_text(object, Quantity(result, cells.Target(), result, result), options);
+            Add_text(object, {Quantity(result, cells.Target(), result, result), true}, options);
             output.Append(object.dump());
         } else {
             cells.Write(result, output);

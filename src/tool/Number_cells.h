@@ -6,17 +6,19 @@
 
 #include "Commands.h"
 
+#include <varnix/value/Measurement_converter.h>
 #include <varnix/value/Value_converter.h>
 
 #include <charconv>
 #include <cmath>
+#include <optional>
 #include <string_view>
 
 namespace Varnix::Value::Tool {
 
 class Number_cells {
   public:
-    // Prepares the conversion; a note on it goes to standard error.
+    // Prepares the conversion.
     // @throws Refusal where the conversion is refused
     Number_cells(Units const& from, Units const& to, Options const& options);
 
@@ -30,7 +32,8 @@ class Number_cells {
             !std::isfinite(number)) {
             number = Read(cell);
         }
-        double const result = converter.Convert(number);
+        double const result =
+            measured ? measured->Convert_number(number) : by_the_rules->Convert(number);
         if (!std::isfinite(result)) {
             Check(cell, result);
         }
@@ -45,15 +48,16 @@ class Number_cells {
         }
     }
 
-    Units Source() const { return converter.Get_source(); }
-    Units Target() const { return converter.Get_target(); }
+    Units Source() const { return measured ? measured->Get_from() : by_the_rules->Get_source(); }
+    Units Target() const { return measured ? measured->Get_to() : by_the_rules->Get_target(); }
 
   private:
     static double Read(std::string_view cell);
     void Check(std::string_view cell, double result) const;
 
-    Value_converter<double> converter;
-    Rules rules;
+    // One of the two.
+    std::optional<Measurement_converter> measured;
+    std::optional<Value_converter<double>> by_the_rules;
     Text_format format;
     bool shortest;
 };

@@ -1,64 +1,55 @@
 #include "Quantity_converter.h"
 
-#include "Strict_conversions.h"
-#include "Unit_questions.h"
 #include "Written_results.h"
 
-#include <algorithm>
+#include <varnix/value/Measurement_text.h>
+#include <varnix/value/Unit_kinds.h>
 
 namespace Varnix::Value::Tool {
-
-namespace {
-
-// More than a file mixes; few enough to be looked through for each line.
-constexpr std::size_t prepared_limit = 16;
-
-} // namespace
 
 Quantity_converter::Quantity_converter(Conversion_request const& request, Options const& options_)
     : to(Read_unit(request.to)),
       with(request.with.empty() ? std::nullopt
-                                : std::optional(Read_quantity(request.with, options_.dialect))),
+                                : std::optional(Read_answer(request.with, options_))),
       options(options_) {}
 
-Quantity Quantity_converter::Convert(std::string_view text) {
-    Quantity const quantity = Read_quantity(text, options.dialect);
-    if (with) {
-        std::string note;
-        Quantity result = Convert_with(quantity, to, *with, options.rules, note);
-        Tell_once(note);
-        return result;
+namespace {
+
+// A number without unit converts into ratios; elsewhere its unit has been forgotten.
+void Check_has_unit(Measurement const& x, Units const& to) {
+    bool const can_have_none = to.tuples[0].unit == NO_UNIT || Same_kind(to, C_Percent);
+    if (x.Get_unit() == C_Empty && !can_have_none) {
+        std::string const number = Format_number(x.Get_value());
+        throw Refusal("cannot convert " + number + " to " + Format_unit(to) +
+                      ": the number needs its unit, as in '" + number + ' ' + Format_unit(to) +
+                      '\'');
     }
-    Quantity result = Prepared_for(quantity.Get_unit()).Convert(quantity);
-    Require_finite(
-        result, [&] { return Format(quantity); }, options.rules);
-    return result;
 }
 
-Value_converter<double> const& Quantity_converter::Prepared_for(Units const& from) {
-    auto const known = std::find_if(prepared.begin(), prepared.end(), [&](auto const& converter) {
-        return Same_descriptor(converter.Get_source(), from);
-    });
-    if (known != prepared.end()) {
-        return *known;
+} // namespace
+
+Answer Converted(Answer const& answer, Units const& to) {
+    if (auto const* quantity = std::get_if<Quantity>(&answer.result)) {
+        return {Prepare_by_the_rules(quantity->Get_unit(), to).Convert(*quantity),
+                answer.has_bounds};
     }
-    std::string note;
-    Value_converter<double> const converter = Prepare(from, to, options.rules, note);
-    Tell_once(note);
-    if (prepared.size() < prepared_limit) {
-        prepared.push_back(converter);
-        return prepared.back();
-    }
-    std::size_t const place = oldest;
-    oldest = (oldest + 1) % prepared_limit;
-    return prepared[place] = converter;
+    auto const& x = std::get<Measurement>(answer.result);
+    Check_has_unit(x, to);
+    return {Telling_refusals([&] { return x.Convert_to(to); }), answer.has_bounds};
 }
 
-void Quantity_converter::Tell_once(std::string const& note) {
-    if (!note.empty() && note != last_note) {
-        Report("note: " + note);
-        last_note = note;
+Answer Quantity_converter::Convert(std::string_view text) const {
+    Answer const answer = Read_answer(text, options);
+    if (!with) {
+        return Converted(answer, to);
     }
+    bool const has_bounds = answer.has_bounds || with->has_bounds;
+    if (auto const* quantity = std::get_if<Quantity>(&answer.result)) {
+        return {Convert_by_the_rules(*quantity, to, std::get<Quantity>(with->result)), has_bounds};
+    }
+    auto const& x = std::get<Measurement>(answer.result);
+    auto const& other = std::get<Measurement>(with->result);
+    return {Telling_refusals([&] { return x.Convert_to(to, other); }), has_bounds};
 }
 
 } // namespace Varnix::Value::Tool

@@ -3,14 +3,11 @@
 #ifndef VARNIX_VALUE_TOOL_QUANTITY_CONVERTER_H
 #define VARNIX_VALUE_TOOL_QUANTITY_CONVERTER_H
 
+#include "Answers.h"
 #include "Commands.h"
 
-#include <varnix/value/Value_converter.h>
-
 #include <optional>
-#include <string>
 #include <string_view>
-#include <vector>
 
 namespace Varnix::Value::Tool {
 
@@ -19,21 +16,17 @@ class Quantity_converter {
     // @throws Refusal where the target or the second quantity cannot be read
     Quantity_converter(Conversion_request const& request, Options const& options);
 
-    // The quantity that `text` is, converted. A note goes to standard error, once.
-    // @throws Refusal where it is none, or must not be converted
-    Quantity Convert(std::string_view text);
+    // The quantity that `text` is, converted. @throws Refusal where it is none, or does not convert
+    Answer Convert(std::string_view text) const;
 
   private:
-    Value_converter<double> const& Prepared_for(Units const& from);
-    void Tell_once(std::string const& note);
-
     Units to;
-    std::optional<Quantity> with;
+    std::optional<Answer> with;
     Options const& options;
-    std::string last_note;
-    std::vector<Value_converter<double>> prepared; // for the units that were met last
-    std::size_t oldest = 0;                        // of these, once they are many
 };
+
+// `answer` in another unit. @throws Refusal
+Answer Converted(Answer const& answer, Units const& to);
 
 } // namespace Varnix::Value::Tool
 

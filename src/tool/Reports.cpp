@@ -62,6 +62,14 @@ std::string Message_of(Text_fault const& fault) {
 Refusal::Refusal(Text_fault const& fault, std::string_view text_)
     : Refusal(Message_of(fault), text_, fault.position) {}
 
+Refusal Refusal::Within(std::string_view whole, std::size_t first) const {
+    return text.empty() ? *this : Refusal(what(), whole, first + position);
+}
+
+Refusal Refusal::At(std::string const& place) const {
+    return {place + ": " + what(), text, position};
+}
+
 std::string Refusal::Excerpt() const {
     if (text.empty()) {
         return {};

@@ -30,6 +30,12 @@ class Refusal : public std::runtime_error {
     // The reader's own words, with its suggestion.
     Refusal(Text_fault const& fault, std::string_view text_);
 
+    // The same of a longer text, of which this one's begins at `first`.
+    Refusal Within(std::string_view whole, std::size_t first) const;
+
+    // The same with a place before the message.
+    Refusal At(std::string const& place) const;
+
     // The line of `text` with a mark below the byte in question; empty without text.
     std::string Excerpt() const;
 

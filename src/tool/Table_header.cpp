@@ -1,6 +1,5 @@
 #include "Table_header.h"
 
-#include "Unit_questions.h"
 #include "Written_results.h"
 
 #include <algorithm>
@@ -181,7 +180,7 @@ constexpr std::size_t longest_unit = 100;
 
 bool Is_unit(std::string_view text, Units const& unit) {
     auto const read = Try_parse_unit(text);
-    return read && Same_descriptor(*read, unit);
+    return read && *read == unit;
 }
 
 // Where in a name the unit stands that it ends with.

@@ -31,19 +31,39 @@ std::string Json_text(std::string_view text) {
     return Json(text).dump(-1, ' ', false, Json::error_handler_t::replace);
 }
 
-void Add_quantity(Json& object, Quantity const& quantity, Options const& options) {
-    // The electrical relations leave the bounds as they come.
-    auto const [lower, upper] = std::minmax(quantity.Get_minus_err(), quantity.Get_plus_err());
-    object["value"] = Json_number(quantity.Get_value());
-    object["lower"] = Json_number(lower);
-    object["upper"] = Json_number(upper);
-    object["unit"] = Format_unit(quantity.Get_unit(), options.format.unit);
-    Add_text(object, quantity, options);
+namespace {
+
+struct Shown_numbers {
+    double value;
+    double lower;
+    double upper;
+};
+
+Shown_numbers Numbers_of(Answer const& answer) {
+    if (auto const* quantity = std::get_if<Quantity>(&answer.result)) {
+        // The electrical relations leave the bounds as they come.
+        auto const [lower, upper] =
+            std::minmax(quantity->Get_minus_err(), quantity->Get_plus_err());
+        return {quantity->Get_value(), lower, upper};
+    }
+    auto const& x = std::get<Measurement>(answer.result);
+    return {x.Get_value(), x.Get_lower(), x.Get_upper()};
 }
 
-void Add_text(Json& object, Quantity const& quantity, Options const& options) {
+} // namespace
+
+void Add_answer(Json& object, Answer const& answer, Options const& options) {
+    Shown_numbers const numbers = Numbers_of(answer);
+    object["value"] = Json_number(numbers.value);
+    object["lower"] = Json_number(numbers.lower);
+    object["upper"] = Json_number(numbers.upper);
+    object["unit"] = Unit_text(answer, options.format.unit);
+    Add_text(object, answer, options);
+}
+
+void Add_text(Json& object, Answer const& answer, Options const& options) {
     if (options.formatted) {
-        object["text"] = Format(quantity, options.format);
+        object["text"] = Text_of(answer, options);
     }
 }
 
@@ -52,14 +72,14 @@ void Write(Json const& object, Output& output) {
     output.Append('\n');
 }
 
-void Write_result(std::string_view input, Quantity const& quantity, Options const& options,
+void Write_result(std::string_view input, Answer const& answer, Options const& options,
                   Output& output) {
     if (options.json) {
         Json object = {{"input", std::string(input)}};
-        Add_quantity(object, quantity, options);
+        Add_answer(object, answer, options);
         Write(object, output);
     } else {
-        output.Append(Format(quantity, options.format));
+        output.Append(Text_of(answer, options));
         output.Append('\n');
     }
 }

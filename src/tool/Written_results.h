@@ -3,6 +3,7 @@
 #ifndef VARNIX_VALUE_TOOL_WRITTEN_RESULTS_H
 #define VARNIX_VALUE_TOOL_WRITTEN_RESULTS_H
 
+#include "Answers.h"
 #include "Commands.h"
 
 #include <nlohmann/json.hpp>
@@ -26,16 +27,16 @@ Json Json_number(double number);
 std::string Json_text(std::string_view text);
 
 // The members "value", "lower", "upper" and "unit", and "text" as below.
-void Add_quantity(Json& object, Quantity const& quantity, Options const& options);
+void Add_answer(Json& object, Answer const& answer, Options const& options);
 
 // The member "text", where the options have a format for it.
-void Add_text(Json& object, Quantity const& quantity, Options const& options);
+void Add_text(Json& object, Answer const& answer, Options const& options);
 
 // One line; bytes that are not UTF-8 become U+FFFD.
 void Write(Json const& object, Output& output);
 
-// `quantity` by the format of the options and a line break, or an object with "input" first.
-void Write_result(std::string_view input, Quantity const& quantity, Options const& options,
+// `answer` by the format of the options and a line break, or an object with "input" first.
+void Write_result(std::string_view input, Answer const& answer, Options const& options,
                   Output& output);
 
 // An input that is passed on because the command goes on: as it is, or an object with "error".

@@ -16,11 +16,12 @@ namespace {
 void Complete(Arguments& arguments) {
     Options& options = arguments.options;
     options.dialect = arguments.scpi ? Dialect::scpi : Dialect::standard;
-    options.rules = arguments.by_the_rules ? Rules::as_the_library : Rules::strict;
+    options.rules = arguments.by_the_rules ? Rules::as_the_library : Rules::measurements;
     options.formatted = !arguments.format.empty();
-    if (!Try_read_text_format(arguments.format, options.format)) {
+    options.all_digits = arguments.format == Full_format;
+    if (!options.all_digits && !Try_read_text_format(arguments.format, options.format)) {
         throw Trouble("--format '" + arguments.format +
-                      "' is not [.N | .Nf | b][p | ~][k], with up to 100 digits");
+                      "' is not [.N | .Nf | b][p | ~][k], with up to 100 digits, or full");
     }
     options.format.unit = arguments.names ? STR_NAME : STR_SYMBOL;
 }
@@ -74,7 +75,7 @@ Exit_status Run(CLI::App const& tool, Arguments& arguments, Output& output) {
         return Run_convert(arguments, output);
     }
     if (tool.got_subcommand("compute")) {
-        return Compute(arguments.expression, arguments.options, output);
+        return Compute(arguments.computation, arguments.options, output);
     }
     return List_units(arguments.dimension, arguments.options, output);
 }

@@ -251,7 +251,7 @@ def run(arguments, text):
 def refusals(texts):
     """For each text the message with which the tool refuses to read it, or None."""
     # Nothing here converts to this unit: a text that is read is refused for its kind.
-    done = run(["convert", "--to", "s^97", "--keep-going"], "".join(f"1 {text}\n" for text in texts))
+    done = run(["convert", "--by-the-rules", "--to", "s^97", "--keep-going"], "".join(f"1 {text}\n" for text in texts))
     lines = [line for line in done.stderr.decode().splitlines() if line.startswith("value-object: line ")]
     if len(lines) != len(texts):
         sys.exit(f"{len(lines)} messages for {len(texts)} texts: {done.stderr.decode()[-300:]}")
@@ -262,7 +262,7 @@ def refusals(texts):
 def values(conversions):
     """One of each unit in its target, or the tool's message: the columns of a table, or one by one if it fails."""
     columns = [f"--column={place + 1}={text}:{target}" for place, (text, target) in enumerate(conversions)]
-    done = run(["convert", "--csv", "--no-header", *columns], ",".join("1" for _ in conversions) + "\n")
+    done = run(["convert", "--by-the-rules", "--csv", "--no-header", *columns], ",".join("1" for _ in conversions) + "\n")
     if done.returncode == 0:
         return [float(cell) for cell in done.stdout.decode().split(",")]
     if len(conversions) == 1:

@@ -14,6 +14,7 @@ import sys
 import tempfile
 import time
 import unittest
+from fractions import Fraction
 
 PROGRAM = sys.argv[1:]
 FEET = ["convert", "--from", "ft", "--to", "m"]
@@ -58,7 +59,7 @@ class Streams(unittest.TestCase):
         random.seed(1)
         numbers = [round(random.uniform(-1e6, 1e6), random.randrange(12)) for _ in range(120000)]
         done = run(FEET, "\n".join(map(repr, numbers)))
-        self.assertEqual([float(line) for line in done.stdout.split()], [number * 0.3048 for number in numbers])
+        self.assertEqual([float(line) for line in done.stdout.split()], [float(Fraction(number) * 3048 / 10000) for number in numbers])
         self.assertEqual(done.returncode, 0)
 
     def test_records_across_blocks(self):

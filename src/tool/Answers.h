@@ -1,0 +1,46 @@
+// Quantities as they are typed and as they are answered: measurements, or, by the rules of the
+// library, value objects.
+
+#ifndef VARNIX_VALUE_TOOL_ANSWERS_H
+#define VARNIX_VALUE_TOOL_ANSWERS_H
+
+#include "Commands.h"
+#include "Core_rules.h"
+
+#include <varnix/value/Measurement.h>
+
+#include <string>
+#include <string_view>
+#include <variant>
+
+namespace Varnix::Value::Tool {
+
+// A measurement, and whether it was typed with bounds or comes of one that was.
+struct Answer {
+    std::variant<Measurement, Quantity> result;
+    bool has_bounds;
+};
+
+// The quantity that `text` is, by the rules of the options. @throws Refusal with an excerpt
+Answer Read_answer(std::string_view text, Options const& options);
+
+// As it is printed. Without a format of the user's own, bounds that were not typed are not shown,
+// and others with four digits of half their distance, outward.
+std::string Text_of(Answer const& answer, Options const& options);
+
+// Its unit alone; empty where there is none.
+std::string Unit_text(Answer const& answer, Unit_string_type spelling);
+
+// Runs `action`; what measurements refuse becomes a Refusal.
+template <typename Action>
+auto Telling_refusals(Action const& action) {
+    try {
+        return action();
+    } catch (MeasurementRefused const& refused) {
+        throw Refusal(Reason(refused));
+    }
+}
+
+} // namespace Varnix::Value::Tool
+
+#endif
