@@ -22,3 +22,6 @@ python3 "$here/ratios.py" "$build/benchmarks.json" "$build/startup.json"
 
 # The tool beside the programs of other unit libraries.
 python3 "$here/columns.py" "$build/value-object" 100000
+
+# The questions of docs/measurement.md, and what other programs say.
+python3 "$here/truths.py" "$build/value-object"

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""truths.py VALUE_OBJECT: asks the tool, and other programs where they are installed, the questions of
+"""truths.py VALUE_OBJECT [--tool-alone]: asks the tool, and other programs where they are installed, the questions of
 docs/measurement.md, and prints the answers as its table. Fails where the tool's differ from those in the document.
 """
 import pathlib
@@ -9,6 +9,7 @@ import subprocess
 import sys
 
 TOOL = sys.argv[1]
+TOOL_ALONE = "--tool-alone" in sys.argv
 DOCUMENT = pathlib.Path(__file__).resolve().parent.parent / "docs" / "measurement.md"
 
 # The question, the tool's arguments, and how units, qalc and pint are asked; None where they have no way to.
@@ -70,6 +71,8 @@ def ours(arguments):
 
 def others(asked_of_units, asked_of_qalc, asked_of_pint):
     answers = []
+    if TOOL_ALONE:
+        return ""
     if asked_of_units and shutil.which("units"):
         answers.append("units: " + output(["units", "--terse", "--digits", "6", *asked_of_units]))
     if asked_of_qalc and shutil.which("qalc"):

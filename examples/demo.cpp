@@ -1,6 +1,6 @@
-// The library's main job on real quantities: a link budget with tolerances, a signal freed of its noise, a
-// limit check, a conversion of electromagnetic compatibility, and an operation that is refused. Then the same
-// unit system with value objects, which follow documented rules to the bit.
+// The library's main job on real quantities: a link budget with tolerances, a signal freed of its
+// noise, a limit check, a conversion of electromagnetic compatibility, and an operation that is
+// refused. Then the same unit system with value objects, which follow documented rules to the bit.
 
 #include <varnix/value/Levels.h>
 #include <varnix/value/Measurement.h>
@@ -45,8 +45,8 @@ void Show_limit_check() {
     Measurement const supply = Parse_measurement("5.02 ± 0.01 V");
     bool const passes = Check_limits(supply, Parse_measurement("4.75 V"),
                                      Parse_measurement("5.25 V")) == Verdict::pass;
-    std::cout << "A supply and its limits\n    " << Shown(supply) << " within 4.75 V to 5.25 V:  "
-              << (passes ? "pass" : "not certain") << '\n';
+    std::cout << "A supply and its limits\n    " << Shown(supply)
+              << " within 4.75 V to 5.25 V:  " << (passes ? "pass" : "not certain") << '\n';
 }
 
 void Show_emc() {
@@ -63,8 +63,8 @@ void Show_refusal() {
     try {
         std::cout << level + level << '\n';
     } catch (MeasurementRefused const& refusal) {
-        std::cout << "    " << refusal.what() << "\n    which is  " << Shown(Power_sum({level, level}))
-                  << '\n';
+        std::cout << "    " << refusal.what() << "\n    which is  "
+                  << Shown(Power_sum({level, level})) << '\n';
     }
 }
 

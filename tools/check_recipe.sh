@@ -28,6 +28,8 @@ insert src/units/Unit_tables.h '(SYMBOL,  ' \
     '    (PASCAL, Unit_info(1.0, PRESSURE, PASCAL, PASCAL, Spelled("Pa", "pascals", "pa", "PA"), false))'
 insert src/text/Unit_words.cpp 'constexpr Units One_symbol' 'constexpr Units One_pascal = {SPL_NONE, NO_PREFIX, {{PASCAL, 1}}};'
 insert src/text/Unit_words.cpp '"meter",  ' '    {"pascal", \&One_pascal, name_form},'
+insert src/measurement/Physical_units.h '    symbols, ' '    pressure,'
+insert src/measurement/Physical_units.cpp '{SYMBOL,  ' '    {PASCAL, PRESSURE, Of(Base::pressure), {{0, 0, 0, 0, 0, 0, 0, 0}}},'
 sed -i 's/"temperature", "time"}/"temperature", "time", "pressure"}/' src/text/Unit_kinds.cpp
 grep -q '"pressure"' src/text/Unit_kinds.cpp || { echo 'check_recipe: no place for the name of a dimension'; exit 1; }
 
@@ -43,7 +45,7 @@ expect() {
 expect '5000 Pa' convert '5 kPa' Pa
 expect '0.0025 MPa' convert '2.5 kilopascals' MPa
 expect '7 Pa/m' convert '7 pascals/meter' Pa/m
-expect '12 Pam' compute '3 Pa * 4 m'
+expect '12 m*Pa' compute '3 Pa * 4 m'
 expect '5 kPa [4, 6]' convert '5000 Pa [4000, 6000]' kPa
 
 # names WORD ARGUMENT...: what the tool prints, with its failures, has the word.

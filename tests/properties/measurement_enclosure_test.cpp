@@ -41,8 +41,7 @@ struct Domain {
 };
 
 Measurement Band_in(Domain const& domain) {
-    double numbers[] = {Uniform(domain.least, domain.greatest), Uniform(domain.least, domain.greatest),
-                        Uniform(domain.least, domain.greatest)};
+    double numbers[] = {Uniform(domain.least, domain.greatest), Uniform(domain.least, domain.greatest), Uniform(domain.least, domain.greatest)};
     if (Random()() % 2 == 0) {
         numbers[1] = numbers[0] + (numbers[1] - numbers[0]) / 1e6;
         numbers[2] = numbers[0] + (numbers[2] - numbers[0]) / 1e6;
@@ -54,8 +53,7 @@ Measurement Band_in(Domain const& domain) {
 
 // The ends, the value, and two numbers in between.
 std::vector<double> Points_of(Measurement const& x) {
-    return {x.Get_lower(), x.Get_upper(), x.Get_value(), Uniform(x.Get_lower(), x.Get_upper()),
-            Uniform(x.Get_lower(), x.Get_upper())};
+    return {x.Get_lower(), x.Get_upper(), x.Get_value(), Uniform(x.Get_lower(), x.Get_upper()), Uniform(x.Get_lower(), x.Get_upper())};
 }
 
 // ---- Operations, and what they stand for
@@ -87,6 +85,7 @@ std::vector<Operation> Operations() {
     using O = Operands const&;
     using N = Numbers const&;
     Real const kilo(1000.0);
+    // clang-format off
     return {
         {"V + V", {{"V", -9, 9}, {"V", -9, 9}}, [](O o) { return o[0] + o[1]; }, [](N x) { return x[0] + x[1]; }},
         {"V - mV", {{"V", -9, 9}, {"mV", -9, 9}}, [](O o) { return o[0] - o[1]; }, [=](N x) { return x[0] - x[1] / kilo; }},
@@ -140,6 +139,7 @@ std::vector<Operation> Operations() {
              return (x[0] * Real(100.0) + Real(27315.0)) * x[1] * Real(1380649.0) / Raised(Real(10.0), 25);
          }},
     };
+    // clang-format on
 }
 
 // ---- The promise

@@ -28,12 +28,19 @@ class Hard_doubles {
         std::uint64_t const bits = random();
         double number = 0.0;
         switch (random() % 6) {
-        case 0: std::memcpy(&number, &bits, sizeof number); return std::isfinite(number) ? number : 1.5;
-        case 1: return std::ldexp(static_cast<double>(static_cast<std::int64_t>(bits) >> 11), Between(-80, -20));
-        case 2: return Between(-1000, 1000);
-        case 3: return std::ldexp(static_cast<double>(bits >> 12), -1074);
-        case 4: return std::ldexp(Between(0, 1) == 0 ? 1.0 : -1.0, Between(-1074, 1023));
-        default: return std::ldexp(Between(0, 63), Between(-20, 19)) + std::ldexp(1.0, Between(-100, -40));
+        case 0:
+            std::memcpy(&number, &bits, sizeof number);
+            return std::isfinite(number) ? number : 1.5;
+        case 1:
+            return std::ldexp(static_cast<double>(static_cast<std::int64_t>(bits) >> 11), Between(-80, -20));
+        case 2:
+            return Between(-1000, 1000);
+        case 3:
+            return std::ldexp(static_cast<double>(bits >> 12), -1074);
+        case 4:
+            return std::ldexp(Between(0, 1) == 0 ? 1.0 : -1.0, Between(-1074, 1023));
+        default:
+            return std::ldexp(Between(0, 63), Between(-20, 19)) + std::ldexp(1.0, Between(-100, -40));
         }
     }
 
