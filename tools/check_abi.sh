@@ -12,7 +12,7 @@ baseline=$4
 
 if nm -DC --defined-only "$library" |
     sed -E 's/^[0-9a-f]* . //' |
-    grep -vE '^((typeinfo( name)?|vtable|VTT|(non-)?virtual thunk|construction vtable) (for|to) )?Varnix::Value::|^ValueObject(Text)?_[0-9]+$'; then
+    grep -vE '^((typeinfo( name)?|vtable|VTT|(non-)?virtual thunk|construction vtable) (for|to) )?Varnix::Value::|^ValueObject(Text|Measurement)?_[0-9]+$'; then
     echo 'The names above are exported, but are not of Varnix::Value: see cmake/exports*.map.'
     exit 1
 fi

@@ -21,11 +21,13 @@ Quantity Quantity_of(Kind kind) {
     if (kind != Kind()) {
         return none;
     }
-    return volts == 1 && amperes == 0    ? voltage
-           : volts == 0 && amperes == 1  ? current
-           : volts == 1 && amperes == 1  ? power
-           : volts == 1 && amperes == -1 ? resistance
-                                         : none;
+    if (volts == 0) {
+        return amperes == 1 ? current : none;
+    }
+    if (volts != 1) {
+        return none;
+    }
+    return amperes == 0 ? voltage : amperes == 1 ? power : amperes == -1 ? resistance : none;
 }
 
 // target^2 = first^a * second^b. Of a target that takes no root, a and b are even.

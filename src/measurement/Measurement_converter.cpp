@@ -42,10 +42,8 @@ Linear_rule Rule_between(Units const& from, Units const& to) {
 
 // An enclosed number as the sum of two doubles.
 Exact_pair Two_parts(Enclosed const& number) {
-    Enclosed rest = number;
     double const high = Round_to_nearest(number);
-    rest = number - Enclose(high);
-    return {high, Round_to_nearest(rest)};
+    return {high, Round_to_nearest(number - Enclose(high))};
 }
 
 } // namespace

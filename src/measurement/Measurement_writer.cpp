@@ -20,7 +20,7 @@ namespace {
 // ---- The unit
 
 std::string Unit_text(Measurement const& x, Unit_string_type spelling) {
-    std::string const text = Format_unit(x.Get_unit(), spelling);
+    std::string text = Format_unit(x.Get_unit(), spelling);
     if (!x.Is_difference()) {
         return text;
     }

@@ -85,7 +85,7 @@ std::string Short_digits(Measurement const& x) {
         double rounded = 0.0;
         std::string const digits = Format_number(x.Get_value(), format);
         std::from_chars(digits.data(), digits.data() + digits.size(), rounded);
-        std::string const shortened = Format_number(rounded);
+        std::string shortened = Format_number(rounded);
         if (Is_within(shortened, x)) {
             return shortened;
         }

@@ -12,7 +12,7 @@ namespace Varnix::Value::Tests {
 // 4500 bits hold the sum of any two doubles, and their product; what has more digits is rounded there.
 class Real {
   public:
-    Real(double number = 0.0) { // as doubles become numbers everywhere here
+    explicit Real(double number = 0.0) {
         mpfr_init2(real, 4500);
         mpfr_set_d(real, number, MPFR_RNDN);
     }

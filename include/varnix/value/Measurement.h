@@ -207,11 +207,11 @@ class VARNIX_VALUE_MEASUREMENT_EXPORT Measurement {
 
     Measurement() = default;
 
-    double value;
-    double lower;
-    double upper;
-    Units unit;
-    bool difference;
+    double value = 0.0;
+    double lower = 0.0;
+    double upper = 0.0;
+    Units unit = {};
+    bool difference = false;
 };
 
 static_assert(sizeof(Measurement) == 80, "measurements have a fixed size");
