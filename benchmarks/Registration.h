@@ -36,6 +36,7 @@ struct Register_ours {
 // One function per source of benchmarks.
 void Register_conversion();
 void Register_arithmetic();
+void Register_measurements();
 void Register_text();
 void Register_parsing();
 void Register_prepared();

@@ -12,6 +12,7 @@ int main(int argc, char** argv) try {
     }
     Benchmarks::Register_conversion();
     Benchmarks::Register_arithmetic();
+    Benchmarks::Register_measurements();
     Benchmarks::Register_text();
     Benchmarks::Register_parsing();
     Benchmarks::Register_prepared();

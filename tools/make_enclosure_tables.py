@@ -57,11 +57,11 @@ def main():
     ]
     constants = [
         ("pi", PI), ("ln_10", LN10), ("ln_2", LN2), ("log10_2", LN2 / LN10), ("two_over_ln_10", 2 / LN10),
-        ("one_third", Decimal(1) / 3), ("one_fifth", Decimal(1) / 5),
-        ("one_6th", Decimal(1) / 6), ("one_24th", Decimal(1) / 24), ("one_120th", Decimal(1) / 120),
+        ("two_over_3_ln_10", 2 / (3 * LN10)),
+        ("one_6th", Decimal(1) / 6), ("one_24th", Decimal(1) / 24),
     ]
     for name, number in constants:
-        lines.append("constexpr Enclosed %s = %s;" % (name.ljust(14), enclosed(number)))
+        lines.append("constexpr Enclosed %s = %s;" % (name.ljust(16), enclosed(number)))
     lines += [
         "",
         "// exp(j / 64), from j = -23.",

@@ -12,16 +12,14 @@ constexpr double table_error = 0x1p-106;
 
 // clang-format off
 
-constexpr Enclosed pi             = {0x1.921fb54442d18p+0, 0x1.1a62633145c07p-54, table_error, 1};
-constexpr Enclosed ln_10          = {0x1.26bb1bbb55516p+0, -0x1.f48ad494ea3e9p-54, table_error, 1};
-constexpr Enclosed ln_2           = {0x1.62e42fefa39efp+0, 0x1.abc9e3b39803fp-55, table_error, -1};
-constexpr Enclosed log10_2        = {0x1.34413509f79ffp+0, -0x1.9dc1da994fd21p-57, table_error, -2};
-constexpr Enclosed two_over_ln_10 = {0x1.bcb7b1526e50ep+0, 0x1.95355baaafad3p-55, table_error, -1};
-constexpr Enclosed one_third      = {0x1.5555555555555p+0, 0x1.5555555555555p-54, table_error, -2};
-constexpr Enclosed one_fifth      = {0x1.999999999999ap+0, -0x1.999999999999ap-54, table_error, -3};
-constexpr Enclosed one_6th        = {0x1.5555555555555p+0, 0x1.5555555555555p-54, table_error, -3};
-constexpr Enclosed one_24th       = {0x1.5555555555555p+0, 0x1.5555555555555p-54, table_error, -5};
-constexpr Enclosed one_120th      = {0x1.1111111111111p+0, 0x1.1111111111111p-56, table_error, -7};
+constexpr Enclosed pi               = {0x1.921fb54442d18p+0, 0x1.1a62633145c07p-54, table_error, 1};
+constexpr Enclosed ln_10            = {0x1.26bb1bbb55516p+0, -0x1.f48ad494ea3e9p-54, table_error, 1};
+constexpr Enclosed ln_2             = {0x1.62e42fefa39efp+0, 0x1.abc9e3b39803fp-55, table_error, -1};
+constexpr Enclosed log10_2          = {0x1.34413509f79ffp+0, -0x1.9dc1da994fd21p-57, table_error, -2};
+constexpr Enclosed two_over_ln_10   = {0x1.bcb7b1526e50ep+0, 0x1.95355baaafad3p-55, table_error, -1};
+constexpr Enclosed two_over_3_ln_10 = {0x1.287a7636f435fp+0, -0x1.9c871838e0373p-55, table_error, -2};
+constexpr Enclosed one_6th          = {0x1.5555555555555p+0, 0x1.5555555555555p-54, table_error, -3};
+constexpr Enclosed one_24th         = {0x1.5555555555555p+0, 0x1.5555555555555p-54, table_error, -5};
 
 // exp(j / 64), from j = -23.
 constexpr int First_exponential = -23;

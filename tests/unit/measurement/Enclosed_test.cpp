@@ -120,6 +120,7 @@ TEST(Enclosed, Applies_ratios_exactly_where_that_is_a_double) {
         Expect_enclosed(product, product.Is_exact() && product.low == 0.0 ? exact : Real(x) * truth);
     }
     EXPECT_TRUE((Enclose(3.0) * Exact_factor{{0, -1}}).Is_exact());
+    EXPECT_TRUE((Enclose(0.0) * Exact_factor{{0, -1, 0, 0, 0, 0, 0, -1}}).Is_zero());
     EXPECT_EQ(Round_down(Enclose(1.0) * Exact_factor{{0, 0, 0, 0, 0, 0, 0, 1}}), 0x1.921fb54442d18p+1);
 }
 
