@@ -1,7 +1,7 @@
 // Conversions of numbers: what a conversion consists of, and applying it.
 //
 // Conversion.cpp holds the definition, which decides for any two units. Short_ways.h decides for
-// those that nearly all programs convert between, and is tested against it.
+// those that nearly all programs convert between, and comes to the same bits.
 
 #ifndef VARNIX_VALUE_CONVERSION_CONVERSION_H
 #define VARNIX_VALUE_CONVERSION_CONVERSION_H

@@ -1,7 +1,9 @@
 // Short ways: nearly all conversions, decided in one look at the two units.
 //
 // Each function here answers or declines, and what it answers is what the definition in
-// Conversion.cpp comes to, bit by bit; tests/unit/conversion/Short_ways_test.cpp compares the two.
+// Conversion.cpp comes to, bit by bit. tests/unit/conversion/Value_converter_test.cpp compares
+// conversions with the definition, written a second time in tests/support/Reference_conversion.h;
+// Short_ways_test.cpp beside it compares sums with conversions there and back.
 
 #ifndef VARNIX_VALUE_CONVERSION_SHORT_WAYS_H
 #define VARNIX_VALUE_CONVERSION_SHORT_WAYS_H

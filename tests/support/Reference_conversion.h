@@ -1,4 +1,4 @@
-// Conversion, step by step as it is defined, without plan or shortcut: what `Convert_to` and the
+// Conversion, step by step as it is defined, on value objects and without short ways: what `Convert_to` and the
 // converters are compared with.
 
 #ifndef VARNIX_VALUE_TESTS_REFERENCE_CONVERSION_H

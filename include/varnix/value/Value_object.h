@@ -147,9 +147,10 @@ class Value_object {
     Value_object Convert_to(Value_object const& other) const;
 
     /// The quantity in `target` that follows from this one and `other` by an electrical relation:
-    /// V = W / A, A = W / V, W = V A, W = V^2 / ohm, V = sqrt(W ohm). Prefixes and decibel markers
-    /// of all three are honoured, a binary prefix of this object or of `other` as a decimal one of
-    /// the same exponent. Each bound follows from the two bounds of its side and the two are not
+    /// V = W / A, A = W / V, W = V A, W = V^2 / ohm, V = sqrt(W ohm). The two may change places,
+    /// but for ohms, which are those of `other`. Prefixes and decibel markers of all three are
+    /// honoured, a binary prefix of this object or of `other` as a decimal one of the same
+    /// exponent. Each bound follows from the two bounds of its side and the two are not
     /// ordered.
     /// @throws NoRuleToConvert when no relation joins the three units.
     /// @throws std::out_of_range ("Value is out of range") when value or bounds are not finite, as

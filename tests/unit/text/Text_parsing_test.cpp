@@ -431,6 +431,8 @@ TEST(Kinds, Tell_quantities_apart) {
         {C_DgreeC, C_DgreeF, true, "temperature temperature"},
         {C_Empty, C_DB, true, "plain number plain ratio"},
         {C_Radian, C_Degree, true, "angle angle"},
+        {C_Percent, C_PPM, true, "ratio ratio"},
+        {C_Percent, C_Degree, true, "ratio angle"},
         {C_Meter, Unit({{METER, 1}, {SECOND, 0}}), true, "length length"},
         {C_Meter, C_MeterPerSecond, false, "length length/time"},
         {C_Volts, C_Watts, false, "voltage power"},
