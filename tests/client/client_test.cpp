@@ -4,6 +4,10 @@
 #include "Named_constants.h"
 #include "Test_support.h"
 
+#include <varnix/value/Levels.h>
+#include <varnix/value/Measurement.h>
+#include <varnix/value/Measurement_converter.h>
+#include <varnix/value/Measurement_text.h>
 #include <varnix/value/text.h>
 
 #include <cstdlib>
@@ -165,6 +169,23 @@ TEST(Client, Operations_allocate_nothing) {
               0);
 }
 
+TEST(Client, Measurements_allocate_nothing) {
+    Measurement const voltage(10.0, C_Volts, 9.9, 10.1);
+    Measurement const resistance(50.0, C_Ohms, 49.0, 51.0);
+    Measurement const gain(3.0, C_DB, 2.0, 4.0);
+    Measurement const power = voltage.Convert_to(C_DBmW, resistance);
+    EXPECT_EQ(Allocations_of([&] {
+                  (void)(voltage + voltage * 3.0 - voltage / resistance * resistance);
+                  (void)Sqrt(Pow(voltage, 2));
+                  (void)voltage.Convert_to(C_MilliVolts).Convert_to(C_Watts, resistance);
+                  (void)(power + gain).Convert_to(C_Watts);
+                  (void)Power_sum({power, power});
+                  (void)Compare(power, power.Convert_to(C_Watts));
+                  (void)Measurement_converter(C_DgreeC, C_DgreeF).Convert_number(20.0);
+              }),
+              0);
+}
+
 // The first text that is read gathers the names. Where there is no memory for that, the next one does. No test
 // before this one may read a text.
 TEST(Client, Gathers_the_names_of_units_when_there_is_memory) {
@@ -198,6 +219,7 @@ TEST(Client, Reads_texts_without_allocation) {
 // ---- Without memory
 
 Quantity const two_meters(2.0, C_Meter, 1.0, 3.0);
+Measurement const level(10.0, C_DBmW, 9.0, 11.0);
 Units const five_units = Unit({{BIT, 1}, {AMP, -2}, {GRAM, 3}, {METER, -4}, {SECOND, 5}}, KIBI, SPL_DB);
 std::string const detail(100, 'x');
 
@@ -271,6 +293,12 @@ void (*const operations_that_allocate[])() = {
     [] { (void)Try_parse_unit("V/cm/V"); },
     [] { (void)Parse_unit("meters per second"); },
     [] { (void)(Format(two_meters) + Format_unit(five_units) + Format_unit(C_NanoVolts, STR_NAME)); },
+    [] { (void)(level + level); },
+    [] { (void)level.Convert_to(C_Volts); },
+    [] { (void)Power_sum(nullptr, 0); },
+    [] { (void)Format(Parse_measurement("5.0 ± 0.1 V"), Read_text_format("bpk")); },
+    [] { (void)Parse_measurement("5 V [6, 7]"); },
+    [] { (void)Try_parse_measurement("5 dBohm"); },
     [] { (void)(Kind_name(five_units).size() + Named_units().size() + Catalogue_units().size() + Prefixes().size()); },
 };
 // clang-format on
