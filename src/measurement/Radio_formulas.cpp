@@ -162,6 +162,7 @@ Measurement Cascade(Noise_stage const* stages, std::size_t count) {
     if (count == 0) {
         throw Refusal::nothing_to_sum;
     }
+    Gain_band(stages[count - 1].gain); // which the formula does not use
     return Rounded({Cascade_end(stages, count, &Band::lower, &Band::upper),
                     Cascade_end(stages, count, &Band::value, &Band::value),
                     Cascade_end(stages, count, &Band::upper, &Band::lower), false},

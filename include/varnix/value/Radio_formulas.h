@@ -67,7 +67,7 @@ struct Noise_stage {
 };
 
 /// The noise figure of a chain, in dB: F1 + (F2 - 1)/G1 + (F3 - 1)/(G1 G2) ... (Friis 1944). The
-/// gain of the last stage does not matter.
+/// gain of the last stage does not matter, but must be one.
 /// @throws MeasurementRefused nothing_to_sum; not_a_gain; not_passive for a figure below 0 dB, also
 /// in part.
 VARNIX_VALUE_MEASUREMENT_EXPORT Measurement
