@@ -1,5 +1,6 @@
-// Measurements: value and two certain bounds, units checked. Boost.Interval has two bounds, and neither a value
-// nor units; its bounds are as tight, by changing the rounding mode of the processor.
+// Measurements: value and two certain bounds, units checked. Boost.Interval has two bounds, and
+// neither a value nor units; its bounds are as tight, by changing the rounding mode of the
+// processor.
 
 #include "Registration.h"
 
@@ -26,7 +27,8 @@ auto Ours(Measurement const& first, Measurement const& second, Operation operati
 }
 
 auto Conversion(Measurement const& from, Units const& to) {
-    return Ours(from, from, [to](Measurement const& x, Measurement const&) { return x.Convert_to(to); });
+    return Ours(from, from,
+                [to](Measurement const& x, Measurement const&) { return x.Convert_to(to); });
 }
 
 using Interval = boost::numeric::interval<double>;
@@ -56,8 +58,8 @@ void Register_measurements() {
 
     Register("measured_sum/ours", Ours(voltage, voltage, sum));
     Register("measured_sum/boost_interval", Boosts(first, second, sum));
-    Register("measured_sum_km_m/ours",
-             Ours(Measurement(1.0, C_KMeter, 0.9, 1.1), Measurement(500.0, C_Meter, 490.0, 510.0), sum));
+    Register("measured_sum_km_m/ours", Ours(Measurement(1.0, C_KMeter, 0.9, 1.1),
+                                            Measurement(500.0, C_Meter, 490.0, 510.0), sum));
     Register("measured_product/ours", Ours(voltage, current, product));
     Register("measured_product/boost_interval", Boosts(first, second, product));
     Register("measured_product_mph_s/ours", Ours(speed, time, product));
