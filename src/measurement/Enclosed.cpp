@@ -663,13 +663,27 @@ Enclosed Area_tangent_series(Enclosed const& square) {
     return two_over_ln_10 + square * With_absolute_error(two_over_3_ln_10 + Enclose(tail), 0x1p-69);
 }
 
+// x / y for what is not exact anyway: a long division as above, but of what remains after its
+// second digit only a bound, some 2^-104 of the quotient.
+Enclosed Quick_quotient(Enclosed const& x, Enclosed const& y) {
+    Enclosed const first = Scaled_double(x.high / y.high, x.exponent - y.exponent);
+    Enclosed const residual = x - first * y;
+    double const digit = residual.high / y.high;
+    Exact_pair const product = Exact_product(digit, y.high);
+    double const rest = std::fabs((residual.high - product.rounded) - product.rest) +
+                        std::fabs(residual.low) + residual.error +
+                        std::fabs(digit) * (std::fabs(y.low) + y.error);
+    double const least_divisor = std::fabs(y.high) - std::fabs(y.low) - y.error;
+    return first + Made(digit, 0.0, Grown(rest / least_divisor), residual.exponent - y.exponent);
+}
+
 // log10 of a number from 90/128 to 182/128: that of the table's number beside it, and 2 artanh(z /
 // (2 + z)) for the rest 1 + z.
 Enclosed Logarithm_near_one(Enclosed const& x) {
     Logarithm_entry const& entry =
         logarithms[static_cast<int>(Value_of(x) * 128.0) - First_logarithm];
     Enclosed const z = x * Enclose(entry.reciprocal) - Enclose(1.0);
-    Enclosed const s = z / (Enclose(2.0) + z);
+    Enclosed const s = z.Is_zero() ? z : Quick_quotient(z, Enclose(2.0) + z);
     return s * Area_tangent_series(s * s) + entry.logarithm;
 }
 

@@ -34,8 +34,7 @@ namespace Varnix::Value {
 /// What comes out where `x` goes in: a level plus the gain, or a linear quantity times
 /// 10^(gain/10), and of volts and amperes times 10^(gain/20). In the unit of `x`.
 /// @throws MeasurementRefused not_a_gain; gain_is_ambiguous for a plain number; no_level_convention
-/// for a
-///         quantity that has no decibels; out_of_range.
+///         for a quantity that has no decibels; out_of_range.
 VARNIX_VALUE_MEASUREMENT_EXPORT Measurement Amplify(Measurement const& x, Measurement const& gain);
 
 /// 10^(gain/10), a plain number: the ratio of two powers.
@@ -47,8 +46,8 @@ VARNIX_VALUE_MEASUREMENT_EXPORT Measurement Field_ratio(Measurement const& gain)
 
 /// 10 log10 of a plain number, in dB: the gain of two powers in that ratio.
 /// @throws MeasurementRefused kinds_differ for what is no plain number; no_level_of_zero for a
-/// value that is
-///         not positive, or a lower bound below zero. A lower bound of zero gives -inf.
+///         value that is not positive, or a lower bound below zero. A lower bound of zero gives
+///         -inf.
 VARNIX_VALUE_MEASUREMENT_EXPORT Measurement Gain_of_powers(Measurement const& ratio);
 
 /// 20 log10 of a plain number, in dB: of voltages or currents. @throws as `Gain_of_powers`
@@ -72,7 +71,7 @@ VARNIX_VALUE_MEASUREMENT_EXPORT Measurement Power_mean(Measurement const* levels
 /// The level of a power without a part of it: a signal measured with its noise, less the noise. In
 /// the unit of `sum`.
 /// @throws MeasurementRefused no_level_of_zero where the part may be as large as the sum; as
-/// `Power_sum`.
+///         `Power_sum`.
 VARNIX_VALUE_MEASUREMENT_EXPORT Measurement Power_difference(Measurement const& sum,
                                                              Measurement const& part);
 
@@ -80,15 +79,14 @@ VARNIX_VALUE_MEASUREMENT_EXPORT Measurement Power_difference(Measurement const& 
 
 /// The level of the power in a bandwidth, of a level per hertz: -174 dBm/Hz in 1 MHz are -114 dBm.
 /// @throws MeasurementRefused not_a_density for a level that is not per hertz or has no 10 log10,
-/// and for a
-///         bandwidth that is no frequency; negative_quantity for a bandwidth that may be below
-///         zero; no_level_of_zero for one of zero.
+///         and for a bandwidth that is no frequency; negative_quantity for a bandwidth that may be
+///         below zero; no_level_of_zero for one of zero.
 VARNIX_VALUE_MEASUREMENT_EXPORT Measurement Total_power(Measurement const& density,
                                                         Measurement const& bandwidth);
 
 /// The level per hertz of a power that is spread evenly over a bandwidth.
 /// @throws as `Total_power`, and MeasurementRefused division_by_zero for a bandwidth that may be
-/// zero.
+///         zero.
 VARNIX_VALUE_MEASUREMENT_EXPORT Measurement Density(Measurement const& total,
                                                     Measurement const& bandwidth);
 

@@ -12,9 +12,9 @@
 //
 //     Measurement const voltage(10.0, C_Volts, 9.9, 10.1);
 //     Measurement const resistance(50.0, C_Ohms, 49.0, 51.0);
-//     std::cout << voltage.Convert_to(C_Watts, resistance) << '\n'; // 2 W, at least 1.92 and at
-//     most 2.09 std::cout << Measurement(60.0, C_Mph) * Measurement(2.0, C_Sec) << '\n'; // 0.0333
-//     mi
+//     Measurement const time(2.0, C_Sec);
+//     std::cout << voltage.Convert_to(C_Watts, resistance) << '\n'; // 2 W, from 1.92 to 2.09
+//     std::cout << Measurement(60.0, C_Mph) * time << '\n';         // 0.0333 mi
 //
 // What is promised of every operation, in the default floating-point environment: take the doubles
 // that come in as exact numbers, and the operands as free to be any of the numbers between their
@@ -129,10 +129,9 @@ class VARNIX_VALUE_MEASUREMENT_EXPORT Measurement {
     /// order.
     /// @throws MeasurementRefused not_finite for a value that is infinite or not a number.
     /// @throws MeasurementRefused unit_not_valid for a prefix that is neither the catalogue's nor a
-    /// power
-    ///         of ten from 10^-40 to 10^40; exponent_out_of_range for a power beyond 64;
-    ///         no_level_convention for decibels of what has no convention;
-    ///         prefix_on_temperature for a prefix on °C or °F.
+    ///         power of ten from 10^-40 to 10^40; exponent_out_of_range for a power beyond 64;
+    ///         no_level_convention for decibels of what has no convention; prefix_on_temperature
+    ///         for a prefix on °C or °F.
     /// @throws UnitDimensionNotProper, UnitNotDefined, OperationNotValid as the constructor of
     ///         `Value_object` for a malformed descriptor.
     Measurement(double value, Units const& unit);
@@ -140,40 +139,33 @@ class VARNIX_VALUE_MEASUREMENT_EXPORT Measurement {
     /// `value` in `unit`, between `lower` and `upper`, which are numbers in that unit and not
     /// distances. A lower bound may be -inf and an upper one +inf.
     /// @throws as above, and MeasurementRefused bounds_inverted for a lower bound above the upper
-    /// one,
-    ///         value_outside_bounds for a value outside the two, not_finite for any other number
-    ///         that is infinite or none.
+    ///         one, value_outside_bounds for a value outside the two, not_finite for any other
+    ///         number that is infinite or none.
     Measurement(double value, Units const& unit, double lower, double upper);
 
     /// What lies between `lower` and `upper`, in `unit`; the value is the double nearest to the
     /// middle, or the finite bound.
     /// @throws as the constructor, and MeasurementRefused not_finite where both bounds are
-    /// infinite.
+    ///         infinite.
     static Measurement Between(double lower, double upper, Units const& unit);
 
     /// The numbers and the unit of `quantity`, nothing converted.
     /// @throws as the constructor; MeasurementRefused levels_disagree for a level that stands for
-    /// another
-    ///         quantity there, unless `levels` lets it pass.
+    ///         another quantity there, unless `levels` lets it pass.
     static Measurement From(Value_object<double> const& quantity,
                             Levels levels = Levels::same_meaning);
 
     /// The same numbers and unit as a `Value_object`, nothing converted.
     /// @throws MeasurementRefused difference_has_no_unit for a difference in °C or °F;
-    /// levels_disagree as
-    ///         in `From`.
+    ///         levels_disagree as in `From`.
     Value_object<double> To_value_object(Levels levels = Levels::same_meaning) const;
 
     // ---- The parts
 
     double Get_value() const noexcept { return value; } ///< in the unit; finite, within the bounds
-    double Get_lower() const noexcept {
-        return lower;
-    } ///< in the unit; -inf where nothing is known
-    double Get_upper() const noexcept {
-        return upper;
-    }                                                ///< in the unit; +inf where nothing is known
-    Units Get_unit() const noexcept { return unit; } ///< a copy, in canonical order
+    double Get_lower() const noexcept { return lower; } ///< in the unit; -inf if unknown
+    double Get_upper() const noexcept { return upper; } ///< in the unit; +inf if unknown
+    Units Get_unit() const noexcept { return unit; }    ///< a copy, in canonical order
 
     /// Whether it is a difference of temperatures, and not a point of a scale. Only what has one
     /// temperature to the first power as its unit can be one.
@@ -190,16 +182,15 @@ class VARNIX_VALUE_MEASUREMENT_EXPORT Measurement {
 
     /// The same quantity in `target`. A temperature keeps its mark.
     /// @throws MeasurementRefused kinds_differ, needs_impedance, no_fixed_length,
-    /// gain_is_ambiguous,
-    ///         no_level_convention, no_level_of_zero, prefix_on_temperature, out_of_range.
+    ///         gain_is_ambiguous, no_level_convention, no_level_of_zero, prefix_on_temperature,
+    ///         out_of_range.
     /// @throws what the constructor throws for a unit that is not valid.
     Measurement Convert_to(Units const& target) const;
 
     /// What an electrical relation makes of this and `with`: of volts, amperes, watts and ohms any
     /// two give any third, as levels or linear.
     /// @throws MeasurementRefused no_electrical_relation for any other three units;
-    /// division_by_zero,
-    ///         root_of_negative, no_level_of_zero, out_of_range.
+    ///         division_by_zero, root_of_negative, no_level_of_zero, out_of_range.
     Measurement Convert_to(Units const& target, Measurement const& with) const;
 
   private:
@@ -231,17 +222,14 @@ VARNIX_VALUE_MEASUREMENT_EXPORT Measurement operator-(Measurement const& x, Meas
 
 /// The product. A dimension on both sides goes by the unit of `x`, and there is no prefix (60 mph *
 /// 2 s is 1/30 mi); a plain number, per cent and ppm included, keeps unit and prefix of the other.
-/// A gain amplifies
-/// (`Amplify`), a density times a bandwidth is the total power.
+/// A gain amplifies (`Amplify`), a density times a bandwidth is the total power.
 /// @throws MeasurementRefused temperature_point_as_factor, level_as_factor, units_do_not_mix,
-/// no_fixed_length,
-///         too_many_units, exponent_out_of_range, out_of_range.
+///         no_fixed_length, too_many_units, exponent_out_of_range, out_of_range.
 VARNIX_VALUE_MEASUREMENT_EXPORT Measurement operator*(Measurement const& x, Measurement const& y);
 
 /// The quotient, with the units of the product.
 /// @throws as the product, and MeasurementRefused division_by_zero where `y` may be zero, a bound
-/// of zero
-///         included.
+///         of zero included.
 VARNIX_VALUE_MEASUREMENT_EXPORT Measurement operator/(Measurement const& x, Measurement const& y);
 
 /// The same with a plain number, which is exact. A gain in decibels is multiplied as its number.
@@ -272,8 +260,7 @@ VARNIX_VALUE_MEASUREMENT_EXPORT Measurement& operator/=(Measurement& x,
 
 /// `x` raised to a power from -64 to 64, tight: the square of -1 to 2 is 0 to 4.
 /// @throws MeasurementRefused exponent_out_of_range; division_by_zero for a negative power of what
-/// may be
-///         zero; and as the product.
+///         may be zero; and as the product.
 VARNIX_VALUE_MEASUREMENT_EXPORT Measurement Pow(Measurement const& x, int exponent);
 
 /// The square root. @throws MeasurementRefused root_of_negative where `x` may be negative;

@@ -30,8 +30,7 @@ class VARNIX_VALUE_MEASUREMENT_EXPORT Measurement_converter {
   public:
     /// Temperatures are points of their scales.
     /// @throws MeasurementRefused where `Measurement::Convert_to` refuses the units, and what the
-    /// constructor of
-    ///         `Measurement` throws for a unit that is not valid.
+    ///         constructor of `Measurement` throws for a unit that is not valid.
     Measurement_converter(Units const& from, Units const& to);
 
     /// `x.Convert_to` the target; a measurement in another unit than that converted from is
@@ -48,10 +47,9 @@ class VARNIX_VALUE_MEASUREMENT_EXPORT Measurement_converter {
     /// not overlap otherwise.
     void Convert_numbers(double const* from, double* to, std::size_t count) const noexcept;
 
-    Units Get_from() const noexcept {
-        return source;
-    } ///< the unit converted from, in canonical order
-    Units Get_to() const noexcept { return target; } ///< the unit converted to, in canonical order
+    /// The units converted from and to, in canonical order.
+    Units Get_from() const noexcept { return source; }
+    Units Get_to() const noexcept { return target; } ///< as above
 
   private:
     enum class Way { same, linear, level_to_linear, linear_to_level };

@@ -126,9 +126,10 @@ VARNIX_VALUE_TEXT_EXPORT Value_object<double> Parse_quantity(std::string_view te
 /// Which words a unit is written in.
 enum class Dialect : std::uint8_t {
     standard, ///< symbols and names, in which the case of letters counts
-    scpi,     ///< the suffixes of instruments (IEEE 488.2, SCPI-99), in which it does not: "DBM",
-          ///< "KHZ", "MV". M is mega before OHM and HZ and milli elsewhere; MA is mega everywhere.
-          ///< Factors stand between '.', '*' and '/', a power directly behind: "M/S2", "M.S-2"
+    /// The suffixes of instruments (IEEE 488.2, SCPI-99), in which it does not: "DBM", "KHZ", "MV".
+    /// M is mega before OHM and HZ and milli elsewhere; MA is mega everywhere. Factors stand between
+    /// '.', '*' and '/', a power directly behind: "M/S2", "M.S-2".
+    scpi,
 };
 
 /// As `Parse_unit` without dialect, in the words of `dialect`. What `Get_unit_string` prints with
