@@ -1,5 +1,6 @@
 # Debian packages: libvalueobject1, the library; libvalueobjecttext1 and
-# libvalueobjectmeasurement1, its companions for texts and for measurements; libvalueobject-dev, what building against them takes; and value-object, the command-line tool.
+# libvalueobjectmeasurement1, its companions for texts and for measurements; libvalueobject-dev, what building against them takes; and value-object, the command-line tool;
+# and python3-varnix-value, the Python package.
 # tools/make_packages.sh makes them, and works out what libraries and tool depend on: dpkg-shlibdeps, which
 # debhelper would ask, knows the C library of another processor only where it is installed as a package.
 
@@ -14,6 +15,9 @@ set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_COMPONENTS_ALL runtime text_runtime measurement_runtime development)
 if(VALUE_OBJECT_TOOL)
     list(APPEND CPACK_COMPONENTS_ALL tool)
+endif()
+if(VALUE_OBJECT_PYTHON)
+    list(APPEND CPACK_COMPONENTS_ALL python)
 endif()
 set(CPACK_COMPONENTS_GROUPING IGNORE)
 
@@ -64,6 +68,13 @@ set(CPACK_COMPONENT_TOOL_DESCRIPTION "${long_description}
 
 This package holds the command-line tool: it converts quantities, columns of
 numbers and CSV tables, computes with quantities, and lists the units.")
+
+set(CPACK_DEBIAN_PYTHON_PACKAGE_NAME python3-varnix-value)
+set(CPACK_DEBIAN_PYTHON_PACKAGE_SECTION python)
+set(CPACK_COMPONENT_PYTHON_DESCRIPTION "${long_description}
+
+This package holds the Python package varnix_value: quantities with bounds that
+are certain, and conversions of numpy's arrays.")
 
 # What tells other packages which one has which library, and the system that it is there.
 set(debian_dir ${CMAKE_CURRENT_SOURCE_DIR}/cmake/debian)

@@ -63,6 +63,8 @@ dpkg --root="$place/root" --force-depends --force-not-root --no-triggers \
     --install build/packages/*_amd64.deb > "$place/dpkg.log" 2>&1 || { cat "$place/dpkg.log"; exit 1; }
 expect_program_below "$place/root" x86_64-linux-gnu g++ \
     env LD_LIBRARY_PATH="$place/root/usr/lib/x86_64-linux-gnu"
+LD_LIBRARY_PATH=$place/root/usr/lib/x86_64-linux-gnu PYTHONPATH=$place/root/usr/lib/python3/dist-packages \
+    /usr/bin/python3 -B -c 'from varnix_value import Quantity; print(Quantity("30 dBm").to("W"))' | diff -u <(echo '1 W') -
 
 step 'running that of armhf under qemu'
 for package in build/packages/*_armhf.deb; do

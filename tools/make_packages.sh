@@ -22,11 +22,19 @@ tool=()
 if [[ -e $build/value-object ]]; then
     tool=(-D CPACK_DEBIAN_TOOL_PACKAGE_DEPENDS="$(tools/debian_depends.sh "$build/value-object"), $all_libraries")
 fi
+python=()
+module=$(find "$build/python/varnix_value" -name '_native*.so' 2> /dev/null || true)
+if [[ -n $module ]]; then
+    # The module is for this version of Python, as its name says.
+    minor=$(sed -E 's/.*cpython-3([0-9]+)-.*/\1/' <<< "$module")
+    python=(-D CPACK_DEBIAN_PYTHON_PACKAGE_DEPENDS="$(tools/debian_depends.sh "$module"), $all_libraries, \
+python3 (>= 3.$minor~), python3 (<< 3.$((minor + 1))), python3-numpy (>= 1:1.22)")
+fi
 cpack --config "$build/CPackConfig.cmake" -B "$work" \
     -D CPACK_DEBIAN_RUNTIME_PACKAGE_DEPENDS="$(tools/debian_depends.sh "$build/libValueObject.so")" \
     -D CPACK_DEBIAN_TEXT_RUNTIME_PACKAGE_DEPENDS="$(tools/debian_depends.sh "$build/libValueObjectText.so"), $library" \
     -D CPACK_DEBIAN_MEASUREMENT_RUNTIME_PACKAGE_DEPENDS="$(tools/debian_depends.sh "$build/libValueObjectMeasurement.so"), $libraries" \
-    "${tool[@]}" > "$work/log" ||
+    "${tool[@]}" "${python[@]}" > "$work/log" ||
     { cat "$work/log"; exit 1; }
 
 # CPack 3.25 has no setting for this field: libraries of several processors may be installed together,

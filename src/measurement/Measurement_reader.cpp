@@ -17,31 +17,22 @@ namespace {
 
 // ---- The unit
 
-struct Difference_word {
-    std::string_view word;
-    Units unit;
-};
-
-Units Temperature_unit(Units_list unit) {
-    return {
-        SPL_NONE, NO_PREFIX, {{unit, 1}, {NO_UNIT, 0}, {NO_UNIT, 0}, {NO_UNIT, 0}, {NO_UNIT, 0}}};
+bool Is_temperature_alone(Units const& unit) {
+    Units_list const only = unit.tuples[0].unit;
+    return unit.spl_conv == SPL_NONE && unit.tuples[0].exponent == 1 &&
+           unit.tuples[1].unit == NO_UNIT &&
+           (only == DEGREE_C || only == DEGREE_F || only == KELVIN);
 }
 
-// "Δ°C" and its kin; the mark may be the Greek letter or the sign of the increment.
+// "Δ°C", "ΔmK", "delta_degF"; the mark may be the Greek letter or the sign of the increment.
 std::optional<Units> Difference_unit(std::string_view text) {
     for (std::string_view const mark : {"\u0394", "\u2206", "delta_"}) {
         if (text.substr(0, mark.size()) != mark) {
             continue;
         }
-        std::string_view const scale = text.substr(mark.size());
-        if (scale == "°C" || scale == "degC") {
-            return Temperature_unit(DEGREE_C);
-        }
-        if (scale == "°F" || scale == "degF") {
-            return Temperature_unit(DEGREE_F);
-        }
-        if (scale == "K") {
-            return Temperature_unit(KELVIN);
+        Parse_result<Units> const scale = Try_parse_unit(text.substr(mark.size()));
+        if (scale && Is_temperature_alone(*scale)) {
+            return *scale;
         }
     }
     return std::nullopt;
@@ -95,6 +86,15 @@ Read_numbers Numbers_of(Quantity_parts const& parts) {
     return {parts.value.nearest, Round_down(lower), Round_up(upper)};
 }
 
+// Checked as kelvins: a point in °C has no prefix, a difference may have one.
+Measurement Difference(Read_numbers const& numbers, Units const& unit) {
+    Units kelvins = unit;
+    kelvins.tuples[0].unit = KELVIN;
+    Measurement const checked(numbers.value, kelvins, numbers.lower, numbers.upper);
+    return Measurement_parts::Made(checked.Get_value(), checked.Get_lower(), checked.Get_upper(),
+                                   unit, true);
+}
+
 // ---- The whole
 
 using Failure = std::variant<Text_fault, MeasurementRefused>;
@@ -123,8 +123,9 @@ Read Read_measurement(std::string_view text) {
     }
     Read_numbers const numbers = Numbers_of(*parts);
     try {
-        Measurement const read(numbers.value, unit->unit, numbers.lower, numbers.upper);
-        return unit->is_difference ? read.As_difference() : read;
+        return unit->is_difference
+                   ? Difference(numbers, unit->unit)
+                   : Measurement(numbers.value, unit->unit, numbers.lower, numbers.upper);
     } catch (MeasurementRefused const& refused) {
         return Refused_at{refused, Is_about_unit(refused.Get_reason()) ? parts->unit_position
                                                                        : parts->bounds_position};

@@ -4,6 +4,9 @@
 #include <varnix/value/Text_formatting.h>
 #include <varnix/value/Unit_kinds.h>
 
+#include <cstddef>
+#include <iterator>
+
 namespace Varnix::Value {
 
 MeasurementRefused::MeasurementRefused(Refusal reason_, std::string const& detail) noexcept
@@ -19,51 +22,55 @@ namespace {
 
 struct Reason_words {
     Refusal reason;
+    char const* name;  // that of the enumerator
     char const* words; // why, and after "; " the way out
 };
 
 // clang-format off
 
+#define VARNIX_VALUE_ROW(reason) Refusal::reason, #reason
+
 constexpr Reason_words reason_words[] = {
-    {Refusal::not_finite,                  "values are finite; a lower bound may be -inf, an upper one inf"},
-    {Refusal::bounds_inverted,             "the lower bound is above the upper one; bounds are numbers in the unit and not distances"},
-    {Refusal::value_outside_bounds,        "the value lies outside its bounds; bounds are numbers in the unit and not distances"},
-    {Refusal::kinds_differ,                "the kinds differ"},
-    {Refusal::needs_impedance,             "that takes a resistance; convert with one"},
-    {Refusal::no_fixed_length,             "months and years have no fixed length; write days"},
-    {Refusal::units_do_not_mix,            "angles and symbols do not go into one unit; convert one of them to a plain number"},
-    {Refusal::too_many_units,              "the result would have six units"},
-    {Refusal::prefix_on_temperature,       "a point in °C or °F has no prefix; write it without, or in K"},
-    {Refusal::temperature_role,            "a point of a temperature scale and a difference are not the same; mark differences (As_difference, Δ°C)"},
-    {Refusal::temperature_points_add,      "points of a temperature scale do not add; mark the second as a difference (As_difference, Δ°C)"},
-    {Refusal::temperature_point_as_factor, "a point in °C or °F is no factor; convert to K"},
-    {Refusal::level_and_linear,            "one is a level, the other is not; convert one of them"},
-    {Refusal::levels_do_not_add,           "levels do not add; Power_sum adds the powers"},
-    {Refusal::level_as_factor,             "a level is no factor; convert to the linear unit, or add a gain in dB"},
-    {Refusal::gain_minus_level,            "a gain less a level means nothing; take the gain from the level"},
-    {Refusal::gain_is_no_quantity,         "a gain is no quantity; apply it to one"},
-    {Refusal::gain_is_ambiguous,           "a gain of 20 dB is 10 of voltages and 100 of powers; Field_ratio or Power_ratio says which"},
-    {Refusal::not_a_level,                 "that takes a level in decibels"},
-    {Refusal::not_a_gain,                  "that takes a gain in plain dB"},
-    {Refusal::not_a_density,               "that takes a level per hertz and a bandwidth"},
-    {Refusal::no_level_convention,         "there is no agreed meaning of decibels for it"},
-    {Refusal::no_level_of_zero,            "zero and negative quantities have no level"},
-    {Refusal::no_negative,                 "it must not be negative"},
-    {Refusal::not_passive,                 "a reflection lies between 0 and 1, a VSWR is at least 1"},
-    {Refusal::negative_quantity,           "it must not be negative"},
-    {Refusal::division_by_zero,            "the divisor may be zero"},
-    {Refusal::root_of_negative,            "it may be negative"},
-    {Refusal::odd_power,                   "the unit has no square root"},
-    {Refusal::exponent_out_of_range,       "powers go from -64 to 64"},
-    {Refusal::no_electrical_relation,      "no relation of volts, amperes, watts and ohms joins the three"},
-    {Refusal::nothing_to_sum,              "there is nothing to add"},
-    {Refusal::contradiction,               "the two exclude each other"},
-    {Refusal::levels_disagree,             "its number means another quantity to Value_object; convert to the linear unit, or pass Levels::as_displayed"},
-    {Refusal::difference_has_no_unit,      "a temperature difference has no unit in Value_object; convert it to K"},
-    {Refusal::unit_not_valid,              "no measurement has that prefix"},
-    {Refusal::out_of_range,                "the result is too large for a number"},
+    {VARNIX_VALUE_ROW(not_finite),                  "values are finite; a lower bound may be -inf, an upper one inf"},
+    {VARNIX_VALUE_ROW(bounds_inverted),             "the lower bound is above the upper one; bounds are numbers in the unit and not distances"},
+    {VARNIX_VALUE_ROW(value_outside_bounds),        "the value lies outside its bounds; bounds are numbers in the unit and not distances"},
+    {VARNIX_VALUE_ROW(kinds_differ),                "the kinds differ"},
+    {VARNIX_VALUE_ROW(needs_impedance),             "that takes a resistance; convert with one"},
+    {VARNIX_VALUE_ROW(no_fixed_length),             "months and years have no fixed length; write days"},
+    {VARNIX_VALUE_ROW(units_do_not_mix),            "angles and symbols do not go into one unit; convert one of them to a plain number"},
+    {VARNIX_VALUE_ROW(too_many_units),              "the result would have six units"},
+    {VARNIX_VALUE_ROW(prefix_on_temperature),       "a point in °C or °F has no prefix; write it without, or in K"},
+    {VARNIX_VALUE_ROW(temperature_role),            "a point of a temperature scale and a difference are not the same; mark differences (As_difference, Δ°C)"},
+    {VARNIX_VALUE_ROW(temperature_points_add),      "points of a temperature scale do not add; mark the second as a difference (As_difference, Δ°C)"},
+    {VARNIX_VALUE_ROW(temperature_point_as_factor), "a point in °C or °F is no factor; convert to K"},
+    {VARNIX_VALUE_ROW(level_and_linear),            "one is a level, the other is not; convert one of them"},
+    {VARNIX_VALUE_ROW(levels_do_not_add),           "levels do not add; Power_sum adds the powers"},
+    {VARNIX_VALUE_ROW(level_as_factor),             "a level is no factor; convert to the linear unit, or add a gain in dB"},
+    {VARNIX_VALUE_ROW(gain_minus_level),            "a gain less a level means nothing; take the gain from the level"},
+    {VARNIX_VALUE_ROW(gain_is_no_quantity),         "a gain is no quantity; apply it to one"},
+    {VARNIX_VALUE_ROW(gain_is_ambiguous),           "a gain of 20 dB is 10 of voltages and 100 of powers; Field_ratio or Power_ratio says which"},
+    {VARNIX_VALUE_ROW(not_a_level),                 "that takes a level in decibels"},
+    {VARNIX_VALUE_ROW(not_a_gain),                  "that takes a gain in plain dB"},
+    {VARNIX_VALUE_ROW(not_a_density),               "that takes a level per hertz and a bandwidth"},
+    {VARNIX_VALUE_ROW(no_level_convention),         "there is no agreed meaning of decibels for it"},
+    {VARNIX_VALUE_ROW(no_level_of_zero),            "zero and negative quantities have no level"},
+    {VARNIX_VALUE_ROW(no_negative),                 "it must not be negative"},
+    {VARNIX_VALUE_ROW(not_passive),                 "a reflection lies between 0 and 1, a VSWR is at least 1"},
+    {VARNIX_VALUE_ROW(negative_quantity),           "it must not be negative"},
+    {VARNIX_VALUE_ROW(division_by_zero),            "the divisor may be zero"},
+    {VARNIX_VALUE_ROW(root_of_negative),            "it may be negative"},
+    {VARNIX_VALUE_ROW(odd_power),                   "the unit has no square root"},
+    {VARNIX_VALUE_ROW(exponent_out_of_range),       "powers go from -64 to 64"},
+    {VARNIX_VALUE_ROW(no_electrical_relation),      "no relation of volts, amperes, watts and ohms joins the three"},
+    {VARNIX_VALUE_ROW(nothing_to_sum),              "there is nothing to add"},
+    {VARNIX_VALUE_ROW(contradiction),               "the two exclude each other"},
+    {VARNIX_VALUE_ROW(levels_disagree),             "its number means another quantity to Value_object; convert to the linear unit, or pass Levels::as_displayed"},
+    {VARNIX_VALUE_ROW(difference_has_no_unit),      "a temperature difference has no unit in Value_object; convert it to K"},
+    {VARNIX_VALUE_ROW(unit_not_valid),              "no measurement has that prefix"},
+    {VARNIX_VALUE_ROW(out_of_range),                "the result is too large for a number"},
 };
 
+#undef VARNIX_VALUE_ROW
 // clang-format on
 
 constexpr bool Is_in_order() {
@@ -124,5 +131,10 @@ void Refuse(Refusal reason, char const* verb, Measurement const& x) {
 }
 
 } // namespace Physics
+
+char const* Reason_name(Refusal reason) noexcept {
+    auto const index = static_cast<std::size_t>(reason);
+    return index < std::size(Physics::reason_words) ? Physics::reason_words[index].name : "unknown";
+}
 
 } // namespace Varnix::Value

@@ -96,6 +96,9 @@ enum class Refusal {
     out_of_range,                ///< a value too large for a double
 };
 
+/// The name of the enumerator, "kinds_differ"; "unknown" for any other value.
+VARNIX_VALUE_MEASUREMENT_EXPORT char const* Reason_name(Refusal reason) noexcept;
+
 /// An operation on measurements that has no physically right result. `what()` names the operation,
 /// both units with their kinds, the numbers that were in the way, and the way out: "cannot add 10
 /// dBm (power) and 10 dBm (power): levels do not add; Power_sum adds the powers".

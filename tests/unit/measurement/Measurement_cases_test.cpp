@@ -17,45 +17,6 @@
 namespace Varnix::Value::Tests {
 namespace {
 
-// In the order of the enumerators.
-char const* const reason_names[] = {"not_finite",
-                                    "bounds_inverted",
-                                    "value_outside_bounds",
-                                    "kinds_differ",
-                                    "needs_impedance",
-                                    "no_fixed_length",
-                                    "units_do_not_mix",
-                                    "too_many_units",
-                                    "prefix_on_temperature",
-                                    "temperature_role",
-                                    "temperature_points_add",
-                                    "temperature_point_as_factor",
-                                    "level_and_linear",
-                                    "levels_do_not_add",
-                                    "level_as_factor",
-                                    "gain_minus_level",
-                                    "gain_is_no_quantity",
-                                    "gain_is_ambiguous",
-                                    "not_a_level",
-                                    "not_a_gain",
-                                    "not_a_density",
-                                    "no_level_convention",
-                                    "no_level_of_zero",
-                                    "no_negative",
-                                    "not_passive",
-                                    "negative_quantity",
-                                    "division_by_zero",
-                                    "root_of_negative",
-                                    "odd_power",
-                                    "exponent_out_of_range",
-                                    "no_electrical_relation",
-                                    "nothing_to_sum",
-                                    "contradiction",
-                                    "levels_disagree",
-                                    "difference_has_no_unit",
-                                    "unit_not_valid",
-                                    "out_of_range"};
-
 using Operands = std::vector<Measurement>;
 
 std::string Text(Order order) {
@@ -188,7 +149,7 @@ TEST(Measurements, Have_the_results_written_down) {
         try {
             result = " = " + Result_of(operation);
         } catch (MeasurementRefused const& refusal) {
-            result = std::string(" ! ") + reason_names[static_cast<std::size_t>(refusal.Get_reason())];
+            result = std::string(" ! ") + Reason_name(refusal.Get_reason());
         } catch (std::exception const& failure) {
             result = std::string(" threw ") + failure.what();
         }

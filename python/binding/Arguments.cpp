@@ -1,0 +1,165 @@
+#include "Binding.h"
+
+#include <pybind11/numpy.h>
+
+#include <cmath>
+
+namespace Varnix::Value::Python {
+
+namespace {
+
+bool Is_real(py::handle argument) {
+    if (py::isinstance<py::array>(argument) || PyBool_Check(argument.ptr())) {
+        return false;
+    }
+    static py::handle const real =
+        py::object(py::module_::import("numbers").attr("Real")).release();
+    return py::isinstance(argument, real);
+}
+
+double As_double(py::handle argument) {
+    double const number = PyFloat_AsDouble(argument.ptr());
+    if (PyErr_Occurred() != nullptr) {
+        throw py::error_already_set();
+    }
+    return number;
+}
+
+} // namespace
+
+bool Is_number(py::handle argument, double& number) {
+    if (PyFloat_Check(argument.ptr())) {
+        number = PyFloat_AS_DOUBLE(argument.ptr());
+        return true;
+    }
+    if (!Is_real(argument)) {
+        return false;
+    }
+    number = As_double(argument);
+    if (std::isfinite(number) && !argument.equal(py::float_(number))) {
+        throw py::value_error(
+            py::repr(argument).cast<std::string>() +
+            " is no double, and rounded it would not be certain any more; round it yourself, "
+            "with bounds: Quantity.between(lower, upper, unit)");
+    }
+    return true;
+}
+
+double Number_of(py::handle argument) {
+    double number = 0.0;
+    if (!Is_number(argument, number)) {
+        throw py::type_error("expected a number, found " +
+                             py::repr(argument.get_type()).cast<std::string>());
+    }
+    return number;
+}
+
+namespace {
+
+std::string_view Text_of(py::handle argument) {
+    Py_ssize_t size = 0;
+    char const* const text = PyUnicode_AsUTF8AndSize(argument.ptr(), &size);
+    if (text == nullptr) {
+        throw py::error_already_set(); // a lone surrogate: UnicodeEncodeError, a ValueError
+    }
+    return {text, static_cast<std::size_t>(size)};
+}
+
+[[noreturn]] void Raise_not_a(char const* what, py::handle argument) {
+    throw py::type_error(std::string("expected ") + what + " or its text, found " +
+                         py::repr(argument.get_type()).cast<std::string>());
+}
+
+// "Δ°C" and its kin are no units of the catalogue, but are read with a number.
+bool Is_difference_unit(std::string_view text, Units& unit) {
+    auto const zero = Try_parse_measurement("0 " + std::string(text));
+    if (!zero || !zero->Is_difference()) {
+        return false;
+    }
+    unit = zero->Get_unit();
+    return true;
+}
+
+Unit_argument Read_unit(std::string_view text) {
+    auto const unit = Try_parse_unit(text);
+    if (unit) {
+        return {*unit, false};
+    }
+    Units difference = {};
+    if (!text.empty() && Is_difference_unit(text, difference)) {
+        return {difference, true};
+    }
+    if (text.empty()) {
+        return {C_Empty, false};
+    }
+    Raise_text_not_valid(unit.Get_fault(), text);
+}
+
+} // namespace
+
+Unit_argument Unit_of(py::handle argument) {
+    if (PyUnicode_Check(argument.ptr())) {
+        return Read_unit(Text_of(argument));
+    }
+    if (!py::isinstance<Units>(argument)) {
+        Raise_not_a("a Unit", argument);
+    }
+    return {argument.cast<Units const&>(), false};
+}
+
+Units Plain_unit_of(py::handle argument) {
+    Unit_argument const unit = Unit_of(argument);
+    if (unit.is_difference) {
+        throw py::value_error("differences of temperatures have no unit of their own; "
+                              "Difference(number, unit) makes one");
+    }
+    return unit.unit;
+}
+
+Measurement Read_quantity(std::string_view text) {
+    try {
+        return Parse_measurement(text);
+    } catch (TextNotValid const& failure) {
+        Raise_text_not_valid(failure.Get_fault(), text);
+    }
+}
+
+Measurement Quantity_of(py::handle argument) {
+    if (PyUnicode_Check(argument.ptr())) {
+        return Read_quantity(Text_of(argument));
+    }
+    if (!py::isinstance<Measurement>(argument)) {
+        Raise_not_a("a Quantity", argument);
+    }
+    return argument.cast<Measurement const&>();
+}
+
+// ---- Copies by pickle
+
+py::tuple State_of(Units const& unit) {
+    py::tuple state(2 + 2 * Tuple_count);
+    state[0] = static_cast<int>(unit.spl_conv);
+    state[1] = static_cast<int>(unit.si_prefix);
+    for (std::size_t k = 0; k < Tuple_count; ++k) {
+        state[2 + 2 * k] = static_cast<int>(unit.tuples[k].unit);
+        state[3 + 2 * k] = unit.tuples[k].exponent;
+    }
+    return state;
+}
+
+Units Unit_from_state(py::tuple const& state) {
+    if (state.size() != 2 + 2 * Tuple_count) {
+        throw py::value_error("not the state of a unit");
+    }
+    Units unit = C_Empty;
+    unit.spl_conv = state[0].cast<int>() != 0 ? SPL_DB : SPL_NONE;
+    unit.si_prefix = static_cast<SI_units>(state[1].cast<int>());
+    for (std::size_t k = 0; k < Tuple_count; ++k) {
+        unit.tuples[k] = {static_cast<Units_list>(state[2 + 2 * k].cast<int>()),
+                          state[3 + 2 * k].cast<int>()};
+    }
+    // Whether there is such a unit: as the constructor of a quantity asks.
+    return Value_object<double>(0.0, unit, 0.0, 0.0).Get_unit();
+}
+
+} // namespace Varnix::Value::Python

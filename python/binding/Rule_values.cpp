@@ -1,0 +1,102 @@
+// RuleValue: a Value_object with its rules, for those who check programs that use it.
+
+#include "Binding.h"
+
+#include <varnix/value/Text_formatting.h>
+#include <varnix/value/Value_object.h>
+
+namespace Varnix::Value::Python {
+
+namespace {
+
+using Rule_value = Value_object<double>;
+
+// A text, or a number with its unit and perhaps both bounds.
+Rule_value Make_rule_value(py::object const& value, py::object const& unit, py::object const& lower,
+                           py::object const& upper) {
+    if (unit.is_none()) {
+        auto const text = value.cast<std::string>();
+        auto const quantity = Try_parse_quantity(text);
+        if (!quantity) {
+            Raise_text_not_valid(quantity.Get_fault(), text);
+        }
+        return *quantity;
+    }
+    double const number = Number_of(value);
+    return {number, Plain_unit_of(unit), lower.is_none() ? number : Number_of(lower),
+            upper.is_none() ? number : Number_of(upper)};
+}
+
+Rule_value Convert(Rule_value const& x, py::object const& unit, py::object const& with) {
+    Units const target = Plain_unit_of(unit);
+    return with.is_none() ? x.Convert_to(target)
+                          : x.Convert_to_with_value(target, with.cast<Rule_value const&>());
+}
+
+std::string Representation(Rule_value const& x) {
+    auto const text = [](auto const& part) {
+        return py::repr(py::cast(part)).template cast<std::string>();
+    };
+    return "RuleValue(" + text(x.Get_value()) + ", " + text(Format_unit(x.Get_unit())) + ", " +
+           text(x.Get_minus_err()) + ", " + text(x.Get_plus_err()) + ")";
+}
+
+template <typename Operation>
+py::object Joined(Rule_value x, py::object const& other, Operation const& operation) {
+    if (!py::isinstance<Rule_value>(other)) {
+        return py::reinterpret_borrow<py::object>(Py_NotImplemented);
+    }
+    operation(x, other.cast<Rule_value const&>());
+    return py::cast(x);
+}
+
+// A product or quotient with a quantity or with a number.
+template <typename Operation>
+py::object Scaled(Rule_value x, py::object const& other, Operation const& operation) {
+    double number = 0.0;
+    if (Is_number(other, number)) {
+        operation(x, number);
+        return py::cast(x);
+    }
+    return Joined(x, other, operation);
+}
+
+} // namespace
+
+void Define_rule_values(py::module_& module) {
+    py::class_<Rule_value>(module, "RuleValue",
+                           R"(A Value_object of C++: the rules of the core, to the bit.
+
+>>> RuleValue(30.0, "dBm", 29.0, 31.0).to("W")
+RuleValue(1.0, 'W', 0.7943282347242813, 1.2589254117941675)
+
+For those who check programs that use it. Its rules are not physics throughout: the bounds of
+products and quotients are no enclosure, and 5 m go to m/s as they are. Quantity is for all else.
+)")
+        .def(py::init(&Make_rule_value), py::arg("value"), py::arg("unit") = py::none(),
+             py::arg("lower") = py::none(), py::arg("upper") = py::none())
+        .def_property_readonly("value", &Rule_value::Get_value)
+        .def_property_readonly("lower", &Rule_value::Get_minus_err)
+        .def_property_readonly("upper", &Rule_value::Get_plus_err)
+        .def_property_readonly("unit", &Rule_value::Get_unit)
+        .def("to", &Convert, py::arg("unit"), py::arg("with_") = py::none())
+        .def("__str__", [](Rule_value const& x) { return Format(x); })
+        .def("__repr__", &Representation)
+        .def("__add__",
+             [](Rule_value const& x, py::object const& y) {
+                 return Joined(x, y, [](auto& left, auto const& right) { left += right; });
+             })
+        .def("__sub__",
+             [](Rule_value const& x, py::object const& y) {
+                 return Joined(x, y, [](auto& left, auto const& right) { left -= right; });
+             })
+        .def("__mul__",
+             [](Rule_value const& x, py::object const& y) {
+                 return Scaled(x, y, [](auto& left, auto const& right) { left *= right; });
+             })
+        .def("__truediv__", [](Rule_value const& x, py::object const& y) {
+            return Scaled(x, y, [](auto& left, auto const& right) { left /= right; });
+        });
+}
+
+} // namespace Varnix::Value::Python

@@ -1,0 +1,183 @@
+"""Quantities at the border between Python and C++: arguments, failures, copies, texts."""
+
+import copy
+import math
+import pickle
+import threading
+from decimal import Decimal
+from fractions import Fraction
+
+import numpy as np
+import pytest
+
+import varnix_value as vv
+from varnix_value import Difference, Order, Quantity, RuleValue, Unit, Verdict
+
+UNCOMMON = [
+    Quantity('30 dBm [29, 31]'),
+    Quantity(0.1, 'V'),
+    Quantity('0.1 V'),
+    Quantity(5.0, 'V', -math.inf, 6.0),
+    Quantity(-0.0, 'kg*m/s^2'),
+    Quantity(5e-324, 'µV', 0.0, 1.7976931348623157e308),
+    Quantity('3 cm^2'),
+    Quantity(7, ''),
+    Quantity('20 dB'),
+    Difference(10, '°C', 9, 11),
+    Difference('5 mK'),
+    Quantity('2 Δ°F'),
+    Quantity('-174 dBm/Hz'),
+]
+
+
+@pytest.mark.parametrize('q', UNCOMMON, ids=str)
+def test_repr_pickle_and_copies_give_back_the_same(q):
+    copies = [eval(repr(q)), pickle.loads(pickle.dumps(q)), copy.copy(q), copy.deepcopy(q)]
+    for other in copies:
+        assert other == q
+        assert hash(other) == hash(q)
+    assert pickle.loads(pickle.dumps(q.unit)) == q.unit == Unit(str(q.unit))
+    assert eval(repr(q.unit)) == q.unit
+
+
+def test_equality_is_sameness():
+    assert Quantity('1 km') != Quantity('1000 m')
+    assert Quantity(1, 'V') != Quantity(1, 'V', 0, 1)
+    assert Difference('1 K') != Quantity('1 K')
+    assert Quantity(1, 'V') != 1 and Quantity(1, 'V') != 'V' and Quantity(1, 'V') is not None
+    assert {Quantity(1, 'V'), Quantity(1.0, Unit('V'))} == {Quantity('1 V')}
+    assert Quantity(2, 'm') in [Quantity(1, 'm'), Quantity(2, 'm')]
+    assert Unit('km') != Unit('m') and Unit('km') != 'km'
+
+
+# What is written, and what is raised: the class in the family, Python's class, words of the message.
+FAILURES = [
+    ("Quantity('5 µpinch')", vv.TextNotValid, ValueError, 'at position 2: '),
+    ("Quantity('5 pinch')", vv.TextNotValid, ValueError, 'did you mean "picoinch"'),
+    ("Quantity('')", vv.TextNotValid, ValueError, 'position 0'),
+    ("Quantity('1\\0 V')", vv.TextNotValid, ValueError, 'position 1'),
+    ("Quantity('V' * 70000)", vv.TextNotValid, ValueError, ''),
+    ("Quantity('\\ud800')", UnicodeEncodeError, ValueError, 'surrogates'),
+    ("Quantity('5 V [6, 7]')", vv.RefusedValue, ValueError, 'outside its bounds'),
+    ("Quantity(math.nan, 'V')", vv.RefusedValue, ValueError, 'finite'),
+    ("Quantity(1, 'V', 2, 0)", vv.RefusedValue, ValueError, 'above the upper one'),
+    ("Quantity(1, 'V', 0)", TypeError, TypeError, 'two bounds or none'),
+    ('Quantity(3)', TypeError, TypeError, 'a number and its unit'),
+    ('Quantity(None)', TypeError, TypeError, 'from a text'),
+    ("Quantity('1 V', lower=0, upper=2)", TypeError, TypeError, 'from a text'),
+    ("Quantity(True, 'V')", TypeError, TypeError, 'expected a number'),
+    ("Quantity(Decimal('0.1'), 'V')", TypeError, TypeError, 'expected a number'),
+    ("Quantity(Fraction(1, 3), 'V')", ValueError, ValueError, 'no double'),
+    ("Quantity(2**53 + 1, 'V')", ValueError, ValueError, 'no double'),
+    ("Quantity(10**400, 'V')", OverflowError, ArithmeticError, ''),
+    ("Quantity(np.longdouble('0.1'), 'V')", ValueError, ValueError, 'no double'),
+    ("Quantity(np.ones(1), 'V')", TypeError, TypeError, 'expected a number'),
+    ("Quantity(1, 'V').to(3)", TypeError, TypeError, 'expected a Unit'),
+    ("Quantity('5 m').to('m/s')", vv.RefusedKind, TypeError, 'the kinds differ'),
+    ("Quantity('5 V').to('W')", vv.RefusedKind, TypeError, 'takes a resistance'),
+    ("Quantity('20 °C').to('Δ°F')", vv.RefusedKind, TypeError, 'a point of a temperature scale'),
+    ("Quantity('10 dBm') + Quantity('10 dBm')", vv.RefusedKind, TypeError, 'power_sum adds'),
+    ("Quantity('20 °C') + Quantity('1 K')", vv.MeasurementRefused, TypeError, 'as_difference'),
+    ("Quantity('1 V') / Quantity('0 A')", vv.RefusedArithmetic, ArithmeticError, 'may be zero'),
+    ("Quantity('2 m') ** 65", vv.RefusedArithmetic, ArithmeticError, '-64 to 64'),
+    ("Quantity('2 m') ** 10**30", vv.RefusedArithmetic, ArithmeticError, '-64 to 64'),
+    ("Quantity('2 m') ** 0.5", TypeError, TypeError, 'unsupported'),
+    ("pow(Quantity('2 m'), 2, 3)", TypeError, TypeError, ''),
+    ("Quantity('1 V') + 1", TypeError, TypeError, 'unsupported'),
+    ("1 + Quantity('1 V')", TypeError, TypeError, 'unsupported'),
+    ("0.0 + Quantity('1 V')", TypeError, TypeError, 'unsupported'),
+    ("True * Quantity('1 V')", TypeError, TypeError, 'unsupported'),
+    ("np.ones(3) * Quantity('1 V')", TypeError, TypeError, 'ndarray'),
+    ("Quantity('1 V') * np.ones(1)", TypeError, TypeError, ''),
+    ("Quantity('1 V') < Quantity('2 V')", TypeError, TypeError, 'certainly_less'),
+    ("sorted([Quantity('1 V'), Quantity('2 V')])", TypeError, TypeError, 'compare'),
+    ("bool(Quantity('1 V'))", TypeError, TypeError, 'neither true nor false'),
+    ("float(Quantity('1 V'))", TypeError, TypeError, ''),
+    ("bool(vv.compare(Quantity('1 V'), Quantity('2 V')))", TypeError, TypeError, 'LESS'),
+    ("f\"{Quantity('1 V'):.2e}\"", ValueError, ValueError, 'no format of quantities'),
+    ("Difference('5 V')", ValueError, ValueError, 'no temperature'),
+    ("Unit('Δ°C')", ValueError, ValueError, 'Difference'),
+    ("Unit('foot pounds')", vv.TextNotValid, ValueError, ''),
+    ('vv.power_sum([])', vv.RefusedValue, ValueError, 'nothing to add'),
+    ("vv.power_sum(['10 dBm', None])", TypeError, TypeError, 'expected a Quantity'),
+    ("vv.cascade_noise([('10 dB',)])", ValueError, ValueError, 'gain and a noise figure'),
+    ("vv.compare('1 V', '2 V')", TypeError, TypeError, ''),
+    ("RuleValue('5 m').to('W')", vv.UnitDimensionNotSame, TypeError, 'Dimension is not the same'),
+    ("RuleValue('1 V').to('W', RuleValue('1 m'))", vv.NoRuleToConvert, TypeError, 'No rule'),
+    ("RuleValue('1 m') / 0", vv.OutOfRange, ArithmeticError, 'out of range'),
+    ("RuleValue('3 dBm') + RuleValue(2, '')", vv.UnitDimensionNotProper, TypeError, ''),
+    ("RuleValue('2 W') * RuleValue('3 dB')", vv.OperationNotValid, ValueError, ''),
+    ("RuleValue('1 V*W*A*ohm*g') * RuleValue('1 m')", vv.OperationExceedingAllowedTuples, ArithmeticError, ''),
+]
+
+
+@pytest.mark.parametrize('text, family, python_class, words', FAILURES, ids=[row[0] for row in FAILURES])
+def test_failures(text, family, python_class, words):
+    with pytest.raises(family) as caught:
+        eval(text)
+    assert isinstance(caught.value, python_class)
+    assert words in str(caught.value)
+
+
+def test_failures_have_their_parts_and_can_be_pickled():
+    with pytest.raises(vv.TextNotValid) as text:
+        Quantity('5.0 ± 0.1 qqq')
+    with pytest.raises(vv.MeasurementRefused) as refused:
+        Quantity('5 m').to('s')
+    assert text.value.position == 10  # in bytes it would be 11
+    assert text.value.suggestion == ''
+    assert refused.value.reason == 'kinds_differ'
+    for failure in (text.value, refused.value):
+        again = pickle.loads(pickle.dumps(failure))
+        assert type(again) is type(failure) and str(again) == str(failure)
+
+
+# Expressions, and what they print.
+ANSWERS = [
+    ("2 * Quantity('3 V')", '6 V'),
+    ("Quantity('3 V') / np.float32(2)", '1.5 V'),
+    ("np.int16(2) * Quantity('3 V')", '6 V'),
+    ("1 / Quantity('50 Hz')", '0.02 s'),
+    ("-abs(-Quantity('3 V'))", '-3 V'),
+    ("Quantity('-1 m [-2, 1]') ** 2", '1 m^2 [0, 4]'),
+    ("sum([Quantity('1 V'), Quantity('500 mV')])", '1.5 V'),
+    ("vv.sqrt(Quantity('9 m^2'))", '3 m'),
+    ("Quantity.between(1, 2, 'V')", '1.5 V [1, 2]'),
+    ("Quantity('20 Δ°C').to('Δ°F')", '36 Δ°F'),
+    ("Quantity(Fraction(1, 4), 'V')", '0.25 V'),
+    ("f\"{vv.power_sum(x for x in ['10 dBm', Quantity('10 dBm')]):.4f~}\"", '13.0103 dBm'),
+    ("vv.hull(Quantity('1 V'), Quantity('2 V'))", '1 V [1, 2]'),
+    ("vv.density(Quantity('-114 dBm'), Quantity('1 MHz'))", '-174 dBm/Hz'),
+    ("RuleValue('60 mph') * RuleValue('2 s')", '432000 mi'),
+    ("RuleValue('2 W') * 2", '4 W'),
+]
+
+
+@pytest.mark.parametrize('text, printed', ANSWERS, ids=[row[0] for row in ANSWERS])
+def test_answers(text, printed):
+    assert str(eval(text)) == printed
+
+
+def test_order_and_limits():
+    assert vv.compare(Quantity('20 dBm'), Quantity('100 mW')) is Order.EQUAL
+    assert vv.compare(Quantity('30 dBm [29, 33]'), Quantity('32 dBm')) == Order.UNDECIDED
+    assert vv.possibly_less(Quantity('1 V'), Quantity('2 V')) is True
+    limits = (Quantity('4.75 V'), Quantity('5.25 V'))
+    assert vv.check_limits(Quantity('5.02 V'), *limits) is Verdict.PASS
+    assert vv.check_limits(Quantity('5.5 V'), *limits) is Verdict.FAIL
+
+
+def test_threads_share_quantities():
+    power, failures = Quantity('30 dBm [29, 31]'), []
+
+    def work():
+        for _ in range(500):
+            if power.to('W').to('dBm').value != 30.0:
+                failures.append('another value')
+
+    threads = [threading.Thread(target=work) for _ in range(4)]
+    for thread in threads:
+        thread.start()
+    for thread in threads:
+        thread.join()
+    assert not failures
