@@ -47,7 +47,7 @@ grep -nE '#include (<boost/|")' include/varnix/value/*.h &&
 grep -nE '#include "' examples/*.cpp &&
     fail 'an example includes only public headers'
 
-for folder in src/text src/measurement src/tool; do
+for folder in src/text src/measurement src/tool python/binding; do
     while IFS='"' read -r source included _; do
         [[ -e $folder/$included ]] || fail "${source%%:*} includes $included, which is not in $folder"
     done < <(grep -E '^#include "' $folder/*.h $folder/*.cpp)

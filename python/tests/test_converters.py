@@ -38,8 +38,10 @@ def test_places_of_every_kind():
     unaligned = np.frombuffer(b'x' + FEET.tobytes(), dtype=np.uint8)[1:].view('f8')
     readonly = FEET.copy()
     readonly.flags.writeable = False
-    for numbers in (FEET, wide[::3], FEET[::-1][::-1], unaligned, readonly, FEET.reshape(2, 3)):
-        np.testing.assert_array_equal(to_metres(numbers).ravel(), METRES)
+    with np.errstate(all='raise'):  # what is no number is no reason for a warning
+        for numbers in (FEET, wide[::3], FEET[::-1][::-1], unaligned, readonly, FEET.reshape(2, 3)):
+            np.testing.assert_array_equal(to_metres(numbers).ravel(), METRES)
+        np.testing.assert_array_equal(to_metres(np.tile(FEET, 100)), np.tile(METRES, 100))
     out = np.full(6, 7.0)
     assert to_metres(FEET, out=out, where=[True, True, False, True, True, True]) is out
     np.testing.assert_array_equal(out, [*METRES[:2], 7.0, *METRES[3:]])

@@ -2,6 +2,7 @@
 
 #include "Conversions.h"
 #include "Error_free.h"
+#include "Number_blocks.h"
 #include "Refusals.h"
 
 #include <cmath>
@@ -77,36 +78,19 @@ Measurement Measurement_converter::Convert(Measurement const& x) const {
 
 // ---- Numbers
 
-namespace {
-
-// Where no part of the sum of two doubles underflows or overflows.
-constexpr double Least_magnitude = 1e-250;
-constexpr double Greatest_magnitude = 1e250;
-
-bool Is_in_reach(double number) {
-    double const magnitude = std::fabs(number);
-    return magnitude == 0.0 || (magnitude > Least_magnitude && magnitude < Greatest_magnitude);
-}
-
-} // namespace
-
-// The sum of two doubles, some 100 bits, says which double is nearest unless it lies next to the
-// middle of two; then, and beyond its reach, the enclosing arithmetic does.
+// Where the quick answer is in doubt, the enclosing arithmetic gives it.
 double Measurement_converter::Nearest(double number) const noexcept {
     if (!std::isfinite(number)) {
         return number;
     }
-    if (Is_in_reach(number) && Is_in_reach(factor_high)) {
-        Exact_pair const product = Exact_product(number, factor_high);
-        Exact_pair const sum = Exact_sum(product.rounded, offset_high);
-        double const rest = sum.rest + (product.rest + number * factor_low + offset_low);
-        double const error = (std::fabs(product.rounded) + std::fabs(offset_high)) * 0x1p-95;
-        double const nearest = sum.rounded + (rest + error);
-        if (nearest == sum.rounded + (rest - error) && Is_in_reach(nearest)) {
-            return nearest + 0.0;
-        }
-    }
-    return Round_to_nearest(Converted(Single(Enclose(number)), source, false, target).value);
+    double const quick = Quick_answer(number, {factor_high, factor_low}, {offset_high, offset_low});
+    return std::isnan(quick) ? Nearest_of_enclosed(number) : quick;
+}
+
+double Measurement_converter::Nearest_of_enclosed(double number) const noexcept {
+    return std::isfinite(number)
+               ? Round_to_nearest(Converted(Single(Enclose(number)), source, false, target).value)
+               : number;
 }
 
 double Measurement_converter::Convert_number(double number) const noexcept {
@@ -131,8 +115,17 @@ double Measurement_converter::Convert_number(double number) const noexcept {
 
 void Measurement_converter::Convert_numbers(double const* from, double* to,
                                             std::size_t count) const noexcept {
-    for (std::size_t k = 0; k < count; ++k) {
-        to[k] = Convert_number(from[k]);
+    std::size_t done = 0;
+    for (; way == Way::linear && count - done >= Block_size; done += Block_size) {
+        double answers[Block_size];
+        Quick_answers(from + done, answers, {factor_high, factor_low}, {offset_high, offset_low});
+        for (std::size_t k = 0; k < Block_size; ++k) {
+            to[done + k] =
+                std::isnan(answers[k]) ? Nearest_of_enclosed(from[done + k]) : answers[k];
+        }
+    }
+    for (; done < count; ++done) {
+        to[done] = Convert_number(from[done]);
     }
 }
 

@@ -55,7 +55,7 @@ class VARNIX_VALUE_MEASUREMENT_EXPORT Measurement_converter {
     enum class Way { same, linear, level_to_linear, linear_to_level };
 
     double Nearest(double number) const noexcept;
-    double Shifted_level(double number) const noexcept;
+    double Nearest_of_enclosed(double number) const noexcept;
 
     Units source;
     Units target;

@@ -5,10 +5,13 @@
 #include <varnix/value/Measurement_converter.h>
 #include <varnix/value/Measurement_text.h>
 #include <varnix/value/Radio_formulas.h>
+#include <varnix/value/Unit_kinds.h>
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <limits>
 #include <random>
 #include <sstream>
@@ -204,22 +207,57 @@ TEST(Measurement_converter, Gives_the_nearest_number) {
     EXPECT_EQ(Measurement_converter(C_Ft, C_Ft).Convert_number(0.1), 0.1);
 }
 
-// As the value of a measurement, or, of levels, next to it.
+// As the value of a measurement, or, of levels, next to it; in arrays as alone, whatever lies between.
 TEST(Measurement_converter, Agrees_with_measurements) {
     std::mt19937_64 random(5);
-    Units const pairs[][2] = {{C_Miles, C_KMeter},  {C_Kmph, C_Knots},      {C_DgreeF, C_Kelvin},
+    std::uniform_real_distribution<double> draw(0.001, 300.0);
+    Units const pairs[][2] = {{C_Miles, C_KMeter},  {C_Kmph, C_Knots},      {C_DgreeF, C_Kelvin},  {C_Ft, C_Meter},
                               {C_Radian, C_Degree}, {C_DBmW, C_MilliWatts}, {C_MilliWatts, C_DBmW}};
+    // The first lies in the middle of two doubles when it is in metres.
+    double const rare[] = {625.0 * (0x1p45 + 1.0), 1e300, 1e-300, 5e-324, 0.0, infinity, not_a_number};
     for (Units const(&pair)[2] : pairs) {
         Measurement_converter const converter(pair[0], pair[1]);
         bool const of_level = pair[0].spl_conv != pair[1].spl_conv;
-        for (int round = 0; round < 2000; ++round) {
-            double number = std::uniform_real_distribution<double>(0.001, 300.0)(random);
-            double const value = Measurement(number, pair[0]).Convert_to(pair[1]).Get_value();
-            converter.Convert_numbers(&number, &number, 1);
-            double const room = of_level ? std::max(std::fabs(value) * 4 * 0x1p-52, 1e-13) : 0.0;
-            EXPECT_LE(std::fabs(number - value), room) << value;
+        std::vector<double> numbers(std::begin(rare), std::end(rare));
+        std::generate_n(std::back_inserter(numbers), 2000, [&] { return draw(random); });
+        std::vector<double> converted = numbers;
+        converter.Convert_numbers(converted.data(), converted.data(), converted.size());
+        for (std::size_t k = 0; k < numbers.size(); ++k) {
+            double const alone = converter.Convert_number(numbers[k]);
+            EXPECT_TRUE(converted[k] == alone || std::isnan(numbers[k])) << numbers[k];
+            if (std::isfinite(alone) && (!of_level || k >= std::size(rare))) {
+                double const value = Measurement(numbers[k], pair[0]).Convert_to(pair[1]).Get_value();
+                double const room = of_level ? std::max(std::fabs(value) * 4 * 0x1p-52, 1e-13) : 0.0;
+                EXPECT_LE(std::fabs(converted[k] - value), room) << value;
+            }
         }
     }
+}
+
+// As the core has them, whose factors of the mile, the radian and the degree are rounded ones. Of any two units of
+// a dimension one is converted into the other.
+TEST(Measurement, Takes_the_factors_of_the_catalogue) {
+    int compared = 0;
+    for (Units const& from : Catalogue_units()) {
+        for (Units const& to : Catalogue_units()) {
+            Units_list const unit = from.tuples[0].unit;
+            bool const converts = Same_kind(from, to) && unit != DEGREE_C && unit != DEGREE_F && unit != KELVIN;
+            if (!converts || (unit == MONTH) != (to.tuples[0].unit == MONTH) || (unit == YEAR) != (to.tuples[0].unit == YEAR)) {
+                continue;
+            }
+            bool const is_symbol = (unit == SYMBOL) != (to.tuples[0].unit == SYMBOL);
+            bool const is_angle = (unit == RADIAN || unit == DEGREE) != (to.tuples[0].unit == RADIAN || to.tuples[0].unit == DEGREE);
+            if (is_symbol || is_angle) {
+                EXPECT_THROW(Measurement(1.0, from).Convert_to(to), MeasurementRefused);
+                continue;
+            }
+            double const value = Measurement(1.0, from).Convert_to(to).Get_value();
+            double const of_core = Value_object<double>(1.0, from, 1.0, 1.0).Convert_to(to).Get_value();
+            EXPECT_NEAR(value / of_core, 1.0, 0.0005) << Format_unit(from) << " to " << Format_unit(to);
+            ++compared;
+        }
+    }
+    EXPECT_GT(compared, 80);
 }
 
 // ---- Laws
