@@ -64,3 +64,17 @@ function(value_object_library target exports)
         set_target_properties(${target} PROPERTIES LINK_DEPENDS ${PROJECT_SOURCE_DIR}/${exports})
     endif()
 endfunction()
+
+# Programs in C: C99 without extensions, and warnings as strict. C is switched on where it is first needed: nobody
+# who only builds the libraries needs a compiler for it.
+macro(value_object_c_settings target)
+    enable_language(C)
+    set_target_properties(${target} PROPERTIES
+        C_STANDARD 99
+        C_STANDARD_REQUIRED ON
+        C_EXTENSIONS OFF)
+    target_compile_options(${target} PRIVATE
+        ${VALUE_OBJECT_NUMBER_OPTIONS}
+        -Wall -Wextra -Wpedantic -Wcast-align -Wcast-qual -Wconversion -Wdouble-promotion -Wformat=2
+        -Wmissing-prototypes -Wshadow -Wsign-conversion -Wstrict-prototypes -Wundef)
+endmacro()

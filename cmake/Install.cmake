@@ -1,6 +1,7 @@
-# What is installed, and where: the library ("runtime"), its companions for texts
-# ("text_runtime") and measurements ("measurement_runtime"), what building against them takes ("development"), and the command-line tool ("tool"). No installed file
-# holds a path of the machine that built it.
+# What is installed, and where: the library ("runtime"), its companions for texts ("text_runtime"),
+# measurements ("measurement_runtime") and C ("c_runtime"), what building against them takes
+# ("development"), and the command-line tool ("tool"). No installed file holds a path of the machine
+# that built it.
 
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
@@ -33,9 +34,10 @@ endfunction()
 value_object_install_library(ValueObject runtime)
 value_object_install_library(ValueObjectText text_runtime)
 value_object_install_library(ValueObjectMeasurement measurement_runtime)
+value_object_install_library(ValueObjectC c_runtime)
 
-# find_package(ValueObject 1 CONFIG) gives ValueObject::ValueObject, ValueObject::Text and
-# ValueObject::Measurement.
+# find_package(ValueObject 1 CONFIG) gives ValueObject::ValueObject, ValueObject::Text,
+# ValueObject::Measurement and ValueObject::C.
 set(package_config_dir ${CMAKE_INSTALL_LIBDIR}/cmake/ValueObject)
 install(EXPORT ValueObjectTargets
     NAMESPACE ValueObject::
@@ -54,15 +56,12 @@ install(FILES
 file(RELATIVE_PATH prefix_from_pc_file
     /prefix/${CMAKE_INSTALL_LIBDIR}/pkgconfig /prefix)
 string(REGEX REPLACE "/$" "" prefix_from_pc_file "${prefix_from_pc_file}")
-configure_file(cmake/ValueObject.pc.in ValueObject.pc @ONLY)
-configure_file(cmake/ValueObjectText.pc.in ValueObjectText.pc @ONLY)
-configure_file(cmake/ValueObjectMeasurement.pc.in ValueObjectMeasurement.pc @ONLY)
-install(FILES
-        ${CMAKE_CURRENT_BINARY_DIR}/ValueObject.pc
-        ${CMAKE_CURRENT_BINARY_DIR}/ValueObjectText.pc
-        ${CMAKE_CURRENT_BINARY_DIR}/ValueObjectMeasurement.pc
-    DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig
-    COMPONENT development)
+foreach(library IN ITEMS ValueObject ValueObjectText ValueObjectMeasurement ValueObjectC)
+    configure_file(cmake/${library}.pc.in ${library}.pc @ONLY)
+    install(FILES ${CMAKE_CURRENT_BINARY_DIR}/${library}.pc
+        DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig
+        COMPONENT development)
+endforeach()
 
 # value_object_manual(NAME SECTION COMPONENT): a manual page, compressed without a time stamp.
 find_program(GZIP gzip)
@@ -80,7 +79,9 @@ function(value_object_manual name section component)
         COMPONENT ${component})
 endfunction()
 value_object_manual(ValueObject 3 development)
+value_object_manual(ValueObjectText 3 development)
 value_object_manual(ValueObjectMeasurement 3 development)
+value_object_manual(ValueObjectC 3 development)
 
 if(VALUE_OBJECT_TOOL)
     set_target_properties(value-object PROPERTIES INSTALL_RPATH "${VALUE_OBJECT_PROGRAM_RPATH}")
@@ -95,7 +96,7 @@ if(VALUE_OBJECT_DEBIAN_PACKAGES)
 endif()
 install(FILES README.md DESTINATION ${documents_dir} COMPONENT development)
 install(DIRECTORY docs examples DESTINATION ${documents_dir} COMPONENT development
-    FILES_MATCHING PATTERN "*.md" PATTERN "*.svg" PATTERN "*.cpp" PATTERN "expected/*.txt")
+    FILES_MATCHING PATTERN "*.md" PATTERN "*.svg" PATTERN "*.c" PATTERN "*.cpp" PATTERN "*.lua" PATTERN "expected/*.txt")
 
 if(NOT VALUE_OBJECT_DEBIAN_PACKAGES)
     install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT runtime)

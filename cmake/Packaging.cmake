@@ -1,6 +1,7 @@
-# Debian packages: libvalueobject1, the library; libvalueobjecttext1 and
-# libvalueobjectmeasurement1, its companions for texts and for measurements; libvalueobject-dev, what building against them takes; and value-object, the command-line tool;
-# and python3-varnix-value, the Python package.
+# Debian packages: libvalueobject1, the library; libvalueobjecttext1, libvalueobjectmeasurement1 and
+# libvalueobjectc1, its companions for texts, for measurements and for C; libvalueobject-dev, what
+# building against them takes; value-object, the command-line tool; and python3-varnix-value, the
+# Python package.
 # tools/make_packages.sh makes them, and works out what libraries and tool depend on: dpkg-shlibdeps, which
 # debhelper would ask, knows the C library of another processor only where it is installed as a package.
 
@@ -12,7 +13,7 @@ set(CPACK_PACKAGE_DESCRIPTION_SUMMARY ${PROJECT_DESCRIPTION})
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_DEB_COMPONENT_INSTALL ON)
-set(CPACK_COMPONENTS_ALL runtime text_runtime measurement_runtime development)
+set(CPACK_COMPONENTS_ALL runtime text_runtime measurement_runtime c_runtime development)
 if(VALUE_OBJECT_TOOL)
     list(APPEND CPACK_COMPONENTS_ALL tool)
 endif()
@@ -52,12 +53,19 @@ set(CPACK_COMPONENT_MEASUREMENT_RUNTIME_DESCRIPTION "${long_description}
 This package holds the shared library of measurements, whose bounds are certain
 to enclose the truth.")
 
+set(CPACK_DEBIAN_C_RUNTIME_PACKAGE_NAME libvalueobjectc${PROJECT_VERSION_MAJOR})
+set(CPACK_DEBIAN_C_RUNTIME_PACKAGE_SECTION libs)
+set(CPACK_COMPONENT_C_RUNTIME_DESCRIPTION "${long_description}
+
+This package holds the shared library for programs in C, and for all that calls C.")
+
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libvalueobject-dev)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
     "libvalueobject${PROJECT_VERSION_MAJOR} (= ${PROJECT_VERSION}), \
 libvalueobjecttext${PROJECT_VERSION_MAJOR} (= ${PROJECT_VERSION}), \
-libvalueobjectmeasurement${PROJECT_VERSION_MAJOR} (= ${PROJECT_VERSION})")
+libvalueobjectmeasurement${PROJECT_VERSION_MAJOR} (= ${PROJECT_VERSION}), \
+libvalueobjectc${PROJECT_VERSION_MAJOR} (= ${PROJECT_VERSION})")
 set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION "${long_description}
 
 This package holds the headers and what CMake and pkg-config need.")
@@ -89,6 +97,7 @@ endfunction()
 value_object_shlibs(RUNTIME libValueObject)
 value_object_shlibs(TEXT_RUNTIME libValueObjectText)
 value_object_shlibs(MEASUREMENT_RUNTIME libValueObjectMeasurement)
+value_object_shlibs(C_RUNTIME libValueObjectC)
 
 # The files that Debian wants in every package.
 if(VALUE_OBJECT_DEBIAN_PACKAGES)

@@ -21,7 +21,7 @@ if grep -rIl -e "$source" -e "$place" "$installed"; then
     echo 'check_consumers: these installed files hold a path of this machine'
     exit 1
 fi
-for library in libValueObject.so libValueObjectText.so libValueObjectMeasurement.so; do
+for library in libValueObject{,Text,Measurement,C}.so; do
     if [[ $shared == ON ]] && readelf -d "$libraries/$library" | grep -E 'RPATH|RUNPATH'; then
         echo "check_consumers: the installed $library has a run path"
         exit 1
@@ -32,6 +32,7 @@ expect_output() {
     LD_LIBRARY_PATH=$libraries "$1/consumer" | diff -u "$source/examples/expected/value_objects.txt" -
     LD_LIBRARY_PATH=$libraries "$1/text_consumer" '30 dBm [29, 31]' | diff -u <(echo '30 dBm is a power') -
     LD_LIBRARY_PATH=$libraries "$1/measurement_consumer" | diff -u <(echo '2.000 W [1.921, 2.082]') -
+    LD_LIBRARY_PATH=$libraries "$1/c_consumer" | diff -u "$source/examples/expected/sensor.txt" -
 }
 
 cmake_consumer() {
@@ -39,7 +40,8 @@ cmake_consumer() {
     shift
     cmake -S "tests/install/consumers/$way" -B "$place/$way" -G Ninja -DPROGRAM="$source/tests/install/consumers/core_consumer.cpp" \
         -DTEXT_PROGRAM="$source/tests/install/consumers/text_consumer.cpp" \
-        -DMEASUREMENT_PROGRAM="$source/tests/install/consumers/measurement_consumer.cpp" -DBUILD_SHARED_LIBS="$shared" "$@" > /dev/null
+        -DMEASUREMENT_PROGRAM="$source/tests/install/consumers/measurement_consumer.cpp" \
+        -DC_PROGRAM="$source/examples/c/sensor.c" -DBUILD_SHARED_LIBS="$shared" "$@" > /dev/null
     cmake --build "$place/$way" > /dev/null
     expect_output "$place/$way"
 }
@@ -55,6 +57,13 @@ read -ra flags < <(pkg-config --cflags --libs ValueObjectText)
 g++ -std=c++17 tests/install/consumers/text_consumer.cpp "${flags[@]}" -o "$place/pkg_config/text_consumer"
 read -ra measurement_flags < <(pkg-config --cflags --libs ValueObjectMeasurement)
 g++ -std=c++17 tests/install/consumers/measurement_consumer.cpp "${measurement_flags[@]}" -o "$place/pkg_config/measurement_consumer"
+# A compiler for C alone links the shared library, which brings its own libraries: the linker is told where,
+# since this build has no run paths, as it is to lie where the loader looks.
+static=()
+[[ $shared == ON ]] || static=(--static)
+read -ra c_flags < <(pkg-config "${static[@]}" --cflags --libs ValueObjectC)
+gcc -std=c99 -pedantic -Wall -Werror examples/c/sensor.c "${c_flags[@]}" \
+    -Wl,-rpath-link,"$libraries" -o "$place/pkg_config/c_consumer"
 expect_output "$place/pkg_config"
 
 # A text read before the library's tables are there is refused, and spoils nothing.

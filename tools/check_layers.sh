@@ -21,7 +21,7 @@ layer_of() {
         varnix/value/[Tt]ext*.h | varnix/value/Unit_kinds.h | text/*)  echo 6 ;; # texts
         varnix/value/[Mm]easurement*.h | varnix/value/Levels.h)        echo 7 ;; # measurements
         varnix/value/Radio_formulas.h | measurement/*)                 echo 7 ;;
-        tool/*)                                                        echo 8 ;; # programs
+        value_object.h | c/* | tool/*)                                 echo 8 ;; # C, programs
         *) return 1 ;;
     esac
 }
@@ -39,7 +39,7 @@ while read -r source; do
         [[ $included == */* ]] || included=${source%/*}/$included
         included_layer=$(layer_of "$included") || { fail "$source includes $included, which has no layer"; continue; }
         (( included_layer <= own_layer )) || fail "$source points up to $included"
-    done < <(sed -nE 's/^#include (<(varnix\/[^>]*)>|"([^"]*)").*/\2\3/p' "$source")
+    done < <(sed -nE 's/^#include (<(varnix\/[^>]*|value_object.h)>|"([^"]*)").*/\2\3/p' "$source")
 done < <(find include src -name '*.h' -o -name '*.cpp' | sort)
 
 grep -nE '#include (<boost/|")' include/varnix/value/*.h &&
@@ -47,7 +47,7 @@ grep -nE '#include (<boost/|")' include/varnix/value/*.h &&
 grep -nE '#include "' examples/*.cpp &&
     fail 'an example includes only public headers'
 
-for folder in src/text src/measurement src/tool python/binding; do
+for folder in src/text src/measurement src/c src/tool python/binding; do
     while IFS='"' read -r source included _; do
         [[ -e $folder/$included ]] || fail "${source%%:*} includes $included, which is not in $folder"
     done < <(grep -E '^#include "' $folder/*.h $folder/*.cpp)

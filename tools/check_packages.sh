@@ -52,6 +52,9 @@ expect_program_below() {
     "$compiler" -std=c++17 tests/install/consumers/measurement_consumer.cpp -I"$folder/usr/include" \
         -L"$folder/usr/lib/$triplet" -lValueObjectMeasurement -lValueObjectText -lValueObject -o "$place/program"
     "$@" "$place/program" | diff -u <(echo '2.000 W [1.921, 2.082]') -
+    "${compiler/g++/gcc}" -std=c99 examples/c/sensor.c -I"$folder/usr/include" -L"$folder/usr/lib/$triplet" \
+        -Wl,-rpath-link,"$folder/usr/lib/$triplet" -lValueObjectC -o "$place/program"
+    "$@" "$place/program" | diff -u examples/expected/sensor.txt -
     "$@" "$folder/usr/bin/value-object" convert '30 dBm' W | diff -u <(echo '1 W') -
 }
 

@@ -24,5 +24,6 @@ check() {
 
 check libValueObject            93854
 check libValueObjectMeasurement 112000
+check libValueObjectC            8000
 echo "heap at load: $(qemu-arm -L /usr/arm-linux-gnueabihf "$build/tests/load_cost")"
 (( failures == 0 ))

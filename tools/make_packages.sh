@@ -34,6 +34,7 @@ cpack --config "$build/CPackConfig.cmake" -B "$work" \
     -D CPACK_DEBIAN_RUNTIME_PACKAGE_DEPENDS="$(tools/debian_depends.sh "$build/libValueObject.so")" \
     -D CPACK_DEBIAN_TEXT_RUNTIME_PACKAGE_DEPENDS="$(tools/debian_depends.sh "$build/libValueObjectText.so"), $library" \
     -D CPACK_DEBIAN_MEASUREMENT_RUNTIME_PACKAGE_DEPENDS="$(tools/debian_depends.sh "$build/libValueObjectMeasurement.so"), $libraries" \
+    -D CPACK_DEBIAN_C_RUNTIME_PACKAGE_DEPENDS="$(tools/debian_depends.sh "$build/libValueObjectC.so"), $all_libraries" \
     "${tool[@]}" "${python[@]}" > "$work/log" ||
     { cat "$work/log"; exit 1; }
 
