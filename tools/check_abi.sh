@@ -12,7 +12,7 @@ library=$2/$3.so
 baseline=$4
 
 own_names='((typeinfo( name)?|vtable|VTT|(non-)?virtual thunk|construction vtable) (for|to) )?Varnix::Value::'
-[[ $3 != libValueObjectC ]] || own_names='vo_[a-z_]+$'
+[[ $3 != libValueObjectC ]] || own_names='vo_[a-z_]+@@'
 if nm -DC --defined-only "$library" |
     sed -E 's/^[0-9a-f]* . //' |
     grep -vE "^$own_names|^ValueObject(Text|Measurement|C)?_[0-9]+\$"; then
