@@ -41,6 +41,7 @@ void Register_text();
 void Register_parsing();
 void Register_prepared();
 void Register_arrays();
+void Register_c_interface();
 void Register_compile_time();
 
 } // namespace Benchmarks

@@ -17,6 +17,7 @@ int main(int argc, char** argv) try {
     Benchmarks::Register_parsing();
     Benchmarks::Register_prepared();
     Benchmarks::Register_arrays();
+    Benchmarks::Register_c_interface();
     Benchmarks::Register_compile_time();
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();

@@ -25,3 +25,8 @@ python3 "$here/columns.py" "$build/value-object" 100000
 
 # The questions of docs/measurement.md, and what other programs say.
 python3 "$here/truths.py" "$build/value-object"
+
+# The Python package beside pint and numpy, where pint is installed.
+if /usr/bin/python3 -c 'import pint' 2> /dev/null && [[ -d $build/python/varnix_value ]]; then
+    PYTHONPATH=$build/python /usr/bin/python3 "$here/python.py"
+fi
