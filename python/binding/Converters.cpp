@@ -113,8 +113,8 @@ py::object Make_converter(py::object const& from, py::object const& to) {
     py::capsule const owner(&conversion, Capsule_name, [](PyObject* capsule) {
         delete static_cast<Conversion*>(PyCapsule_GetPointer(capsule, Capsule_name));
     });
-    made.release();
-    py::object const ufunc = py::reinterpret_steal<py::object>(PyUFunc_FromFuncAndData(
+    (void)made.release(); // to the capsule
+    py::object ufunc = py::reinterpret_steal<py::object>(PyUFunc_FromFuncAndData(
         conversion.functions.data(), conversion.data.data(), conversion.types.data(), Loop_count, 1,
         1, PyUFunc_None, conversion.name.c_str(), conversion.documentation.c_str(), 0));
     if (!ufunc) {

@@ -231,6 +231,51 @@ void Define_operators(py::class_<Measurement>& quantity) {
     quantity.attr("__array_ufunc__") = py::none();
 }
 
+void Define_parts(py::class_<Measurement>& quantity) {
+    quantity.def_property_readonly("value", &Measurement::Get_value, "The number, in the unit.")
+        .def_property_readonly("lower", &Measurement::Get_lower,
+                               "The lower bound, in the unit; -inf if unknown.")
+        .def_property_readonly("upper", &Measurement::Get_upper,
+                               "The upper bound, in the unit; inf if unknown.")
+        .def_property_readonly("unit", &Measurement::Get_unit, "The Unit.")
+        .def_property_readonly(
+            "is_difference", &Measurement::Is_difference,
+            "Whether it is a difference of temperatures, and not a point of a scale.");
+}
+
+void Define_conversions(py::class_<Measurement>& quantity) {
+    quantity
+        .def("as_difference", &Measurement::As_difference,
+             R"(The same number as a difference of temperatures.
+
+>>> print(Quantity("20 °C") + Quantity("5 K").as_difference())
+25 °C
+)")
+        .def("as_point", &Measurement::As_point,
+             "The same number as a point of its temperature scale.")
+        .def("to", &Convert, py::arg("unit"), py::arg("with_") = py::none(),
+             R"(The same quantity in another unit.
+
+>>> print(f'{Quantity("98.6 °F").to("°C"):.4}')
+37.00 °C [36.99, 37.01]
+>>> print(f'{Quantity("70 dBuV [69, 71]").to("dBm", with_="50 ± 2.5 ohm"):.4f}')
+-36.9897 dBm [-38.2016, -35.7669]
+
+`with_` is the second quantity of an electrical relation: of volts, amperes, watts and ohms any two
+give any third. Raises MeasurementRefused where the kinds differ.
+)");
+}
+
+void Define_texts(py::class_<Measurement>& quantity) {
+    quantity.def("__str__", [](Measurement const& x) { return Format(x); })
+        .def("__repr__", &Representation)
+        .def("__format__", &Formatted)
+        .def("_repr_html_", &Html)
+        .def("__copy__", [](py::object const& self) { return self; })
+        .def("__deepcopy__", [](py::object const& self, py::object const&) { return self; })
+        .def(py::pickle(&State_of_quantity, &Quantity_from_state));
+}
+
 } // namespace
 
 void Define_quantities(py::module_& module) {
@@ -267,42 +312,10 @@ as the double that it is. Raises TextNotValid, MeasurementRefused.
 
 >>> Quantity.between(1, 3, "V")
 Quantity(2.0, 'V', 1.0, 3.0)
-)")
-        .def_property_readonly("value", &Measurement::Get_value, "The number, in the unit.")
-        .def_property_readonly("lower", &Measurement::Get_lower,
-                               "The lower bound, in the unit; -inf if unknown.")
-        .def_property_readonly("upper", &Measurement::Get_upper,
-                               "The upper bound, in the unit; inf if unknown.")
-        .def_property_readonly("unit", &Measurement::Get_unit, "The Unit.")
-        .def_property_readonly(
-            "is_difference", &Measurement::Is_difference,
-            "Whether it is a difference of temperatures, and not a point of a scale.")
-        .def("as_difference", &Measurement::As_difference,
-             R"(The same number as a difference of temperatures.
-
->>> print(Quantity("20 °C") + Quantity("5 K").as_difference())
-25 °C
-)")
-        .def("as_point", &Measurement::As_point,
-             "The same number as a point of its temperature scale.")
-        .def("to", &Convert, py::arg("unit"), py::arg("with_") = py::none(),
-             R"(The same quantity in another unit.
-
->>> print(f'{Quantity("98.6 °F").to("°C"):.4}')
-37.00 °C [36.99, 37.01]
->>> print(f'{Quantity("70 dBuV [69, 71]").to("dBm", with_="50 ± 2.5 ohm"):.4f}')
--36.9897 dBm [-38.2016, -35.7669]
-
-`with_` is the second quantity of an electrical relation: of volts, amperes, watts and ohms any two
-give any third. Raises MeasurementRefused where the kinds differ.
-)")
-        .def("__str__", [](Measurement const& x) { return Format(x); })
-        .def("__repr__", &Representation)
-        .def("__format__", &Formatted)
-        .def("_repr_html_", &Html)
-        .def("__copy__", [](py::object const& self) { return self; })
-        .def("__deepcopy__", [](py::object const& self, py::object const&) { return self; })
-        .def(py::pickle(&State_of_quantity, &Quantity_from_state));
+)");
+    Define_parts(quantity);
+    Define_conversions(quantity);
+    Define_texts(quantity);
     Define_operators(quantity);
 
     module.def("Difference", &Make_difference, py::arg("value"), py::arg("unit") = py::none(),

@@ -21,7 +21,6 @@ static int memory_is_full = 0;
 
 #ifdef COUNT_ALLOCATIONS
 extern void* __libc_malloc(size_t size);
-void* malloc(size_t size);
 
 void* malloc(size_t size) {
     ++allocations;
@@ -292,7 +291,8 @@ static void Check_failures(void) {
     }
     /* A text that quotes what is longer than the room for it is cut between two characters. */
     for (size_t k = 0; k + 2 < sizeof long_text; k += 2) {
-        memcpy(long_text + k, "\xc3\xa9", 2);
+        long_text[k] = '\xc3';
+        long_text[k + 1] = '\xa9';
     }
     for (size_t skip = 0; skip < 2; ++skip) {
         long_text[0] = 'x';
