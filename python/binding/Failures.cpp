@@ -94,8 +94,8 @@ void Raise_text_not_valid(Text_fault const& fault, std::string_view text) {
 namespace {
 
 // The most derived classes first, as several have a common base.
-void Translate(std::exception_ptr
-                   thrown) { // NOLINT(performance-unnecessary-value-param): pybind11's signature
+// NOLINTNEXTLINE(performance-unnecessary-value-param): pybind11 gives the signature
+void Translate(std::exception_ptr thrown) {
     try {
         try {
             std::rethrow_exception(thrown);
