@@ -93,12 +93,11 @@ void Raise_text_not_valid(Text_fault const& fault, std::string_view text) {
 
 namespace {
 
-// The most derived classes first, as several have a common base.
-// NOLINTNEXTLINE(performance-unnecessary-value-param): pybind11 gives the signature
+// The most derived classes first, as several have a common base. The signature is pybind11's.
 void Translate(std::exception_ptr thrown) {
     try {
         try {
-            std::rethrow_exception(thrown);
+            std::rethrow_exception(thrown); // NOLINT(performance-unnecessary-value-param)
         } catch (MeasurementRefused const& failure) {
             Set_refusal(failure);
         } catch (TextNotValid const& failure) {
