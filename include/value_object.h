@@ -53,6 +53,11 @@ extern "C" {
 #define VO_EXPORT
 #endif
 
+/**
+ * @addtogroup c
+ * @{
+ */
+
 /* ---- Version */
 
 /** The version of this header: 10000 times the major, 100 times the minor and the patch number. */
@@ -314,6 +319,8 @@ VO_EXPORT vo_status vo_converter_apply(vo_converter const* converter, double con
 
 /** Frees a converter. NULL is fine. Never fails. */
 VO_EXPORT void vo_converter_destroy(vo_converter* converter);
+
+/** @} */
 
 #ifdef __cplusplus
 }

@@ -79,10 +79,11 @@ Parse_result<Read_number_result> Read_number(std::string_view text, std::size_t 
     std::size_t const digits = start + (hexadecimal ? 2 : 0);
     char const* const last = text.data() + text.size();
     double value = 0.0;
-    // A second sign would be read as well.
-    bool const second_sign = digits < text.size() && text[digits] == '-';
+    // A second sign would be read as well, and behind "0x" a word.
+    bool const misplaced = (digits < text.size() && text[digits] == '-') ||
+                           (hexadecimal && Is_not_finite(text, digits));
     auto const [behind, error] =
-        std::from_chars(second_sign ? last : text.data() + digits, last, value,
+        std::from_chars(misplaced ? last : text.data() + digits, last, value,
                         hexadecimal ? std::chars_format::hex : std::chars_format::general);
     if (error == std::errc::invalid_argument) {
         return Text_fault{digits, "expected a number, found " + Described(text, digits), {}};

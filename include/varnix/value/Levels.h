@@ -29,6 +29,9 @@
 
 namespace Varnix::Value {
 
+/// @addtogroup measurements
+/// @{
+
 // ---- Gains
 
 /// What comes out where `x` goes in: a level plus the gain, or a linear quantity times
@@ -89,6 +92,8 @@ VARNIX_VALUE_MEASUREMENT_EXPORT Measurement Total_power(Measurement const& densi
 ///         zero.
 VARNIX_VALUE_MEASUREMENT_EXPORT Measurement Density(Measurement const& total,
                                                     Measurement const& bandwidth);
+
+/// @}
 
 } // namespace Varnix::Value
 

@@ -55,6 +55,9 @@
 
 namespace Varnix::Value {
 
+/// @addtogroup measurements
+/// @{
+
 /// Why an operation on measurements was refused.
 enum class Refusal {
     not_finite,           ///< a value that is not finite, a bound that cannot be one
@@ -106,8 +109,8 @@ class VARNIX_VALUE_MEASUREMENT_EXPORT MeasurementRefused final : public virtual 
   public:
     /// A refusal for `reason`; the message ends in `detail`.
     MeasurementRefused(Refusal reason_, std::string const& detail) noexcept;
-    MeasurementRefused(MeasurementRefused const& other) noexcept;
-    MeasurementRefused& operator=(MeasurementRefused const& other) noexcept;
+    MeasurementRefused(MeasurementRefused const& other) noexcept;            ///< the same refusal
+    MeasurementRefused& operator=(MeasurementRefused const& other) noexcept; ///< the same refusal
     ~MeasurementRefused() override;
 
     Refusal Get_reason() const noexcept { return reason; } ///< why
@@ -325,6 +328,8 @@ bool operator<(Measurement const&, Measurement const&) = delete;  ///< as above
 bool operator<=(Measurement const&, Measurement const&) = delete; ///< as above
 bool operator>(Measurement const&, Measurement const&) = delete;  ///< as above
 bool operator>=(Measurement const&, Measurement const&) = delete; ///< as above
+
+/// @}
 
 } // namespace Varnix::Value
 

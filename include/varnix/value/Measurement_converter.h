@@ -24,6 +24,9 @@
 
 namespace Varnix::Value {
 
+/// @addtogroup converters
+/// @{
+
 /// Converts from one unit to another. Immutable but for assignment; any number of threads may use
 /// one.
 class VARNIX_VALUE_MEASUREMENT_EXPORT Measurement_converter {
@@ -64,6 +67,8 @@ class VARNIX_VALUE_MEASUREMENT_EXPORT Measurement_converter {
     double factor_high, factor_low; // the factor, in two parts
     double offset_high, offset_low; // what is added, in two parts
 };
+
+/// @}
 
 } // namespace Varnix::Value
 

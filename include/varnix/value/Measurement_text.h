@@ -31,6 +31,9 @@
 
 namespace Varnix::Value {
 
+/// @addtogroup texts
+/// @{
+
 /// A measurement as it is typed: the notation of `Parse_quantity`, with the numbers enclosed,
 /// hexadecimal numbers, infinite bounds, and the differences "Δ°C", "Δ°F", "ΔK" ("delta_degC",
 /// "delta_degF", "delta_K").
@@ -53,6 +56,8 @@ VARNIX_VALUE_MEASUREMENT_EXPORT std::string Format(Measurement const& x,
 /// Writes `Format(x)`; the width and the other settings of the stream do not count.
 VARNIX_VALUE_MEASUREMENT_EXPORT std::ostream& operator<<(std::ostream& stream,
                                                          Measurement const& x);
+
+/// @}
 
 } // namespace Varnix::Value
 

@@ -27,6 +27,9 @@
 
 namespace Varnix::Value {
 
+/// @addtogroup measurements
+/// @{
+
 // ---- Reflections
 
 /// (s - 1)/(s + 1) of a standing wave ratio s, a plain number of at least 1.
@@ -80,6 +83,8 @@ VARNIX_VALUE_MEASUREMENT_EXPORT Measurement Cascade_noise(Noise_stage const* sta
 ///         0 K or a bandwidth below 0 Hz, also in part.
 VARNIX_VALUE_MEASUREMENT_EXPORT Measurement Thermal_noise(Measurement const& temperature,
                                                           Measurement const& bandwidth);
+
+/// @}
 
 } // namespace Varnix::Value
 

@@ -31,6 +31,9 @@
 
 namespace Varnix::Value {
 
+/// @addtogroup texts
+/// @{
+
 /// How the bounds of a quantity are shown. A quantity whose bounds are its value has none to show.
 enum class Bounds_style {
     interval,  ///< "5 V [4.9, 5.1]"
@@ -147,6 +150,8 @@ constexpr Text_format Read_text_format(std::string_view text) {
     }
     return format;
 }
+
+/// @}
 
 } // namespace Varnix::Value
 

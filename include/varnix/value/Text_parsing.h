@@ -45,6 +45,9 @@
 
 namespace Varnix::Value {
 
+/// @addtogroup texts
+/// @{
+
 /// How many bytes a text may have. Longer ones are refused unread.
 constexpr std::size_t Longest_text = 65536;
 
@@ -59,9 +62,9 @@ struct Text_fault {
 /// A text that cannot be read. `what()` tells position, message and suggestion.
 class VARNIX_VALUE_TEXT_EXPORT TextNotValid final : public virtual OperationNotValid {
   public:
-    explicit TextNotValid(Text_fault const& fault_); ///< @throws std::bad_alloc
-    TextNotValid(TextNotValid const& other) noexcept;
-    TextNotValid& operator=(TextNotValid const& other) noexcept;
+    explicit TextNotValid(Text_fault const& fault_);             ///< @throws std::bad_alloc
+    TextNotValid(TextNotValid const& other) noexcept;            ///< the same fault
+    TextNotValid& operator=(TextNotValid const& other) noexcept; ///< the same fault
     ~TextNotValid() override;
 
     /// The parts of the message. The reference stays valid as long as the object or a copy of it.
@@ -78,7 +81,9 @@ class VARNIX_VALUE_TEXT_EXPORT TextNotValid final : public virtual OperationNotV
 template <typename T>
 class Parse_result {
   public:
+    /// What was read.
     Parse_result(T value) : content(std::in_place_index<0>, std::move(value)) {}
+    /// Why nothing was.
     Parse_result(Text_fault fault) : content(std::in_place_index<1>, std::move(fault)) {}
 
     /// Whether there is a value.
@@ -179,8 +184,8 @@ enum class Quantity_form : std::uint8_t {
 
 /// A quantity taken apart: its numbers, and the text of its unit.
 struct Quantity_parts {
-    Quantity_form form = Quantity_form::value_alone;
-    Decimal_text value;
+    Quantity_form form = Quantity_form::value_alone; ///< how bounds are given
+    Decimal_text value;                              ///< the value
     Decimal_text lower; ///< of `bounds` the lower one, of the others the deviation below, which is
                         ///< not negative; without digits where the value stands alone
     Decimal_text upper; ///< the same above
@@ -210,6 +215,8 @@ Try_parse_quantity(std::string_view text, Number_forms forms = {});
 /// As `Parse_number`, with the fault in the result instead of thrown.
 VARNIX_VALUE_TEXT_EXPORT Parse_result<double> Try_parse_number(std::string_view text,
                                                                Number_forms forms = {});
+
+/// @}
 
 } // namespace Varnix::Value
 

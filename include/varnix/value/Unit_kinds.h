@@ -24,6 +24,9 @@
 
 namespace Varnix::Value {
 
+/// @addtogroup units
+/// @{
+
 /// Whether two units measure the same physical kind: equal dimensions with equal powers, once a
 /// power is written as voltage times current and a resistance as voltage over current.
 ///
@@ -53,6 +56,8 @@ VARNIX_VALUE_TEXT_EXPORT std::vector<Units> Catalogue_units();
 
 /// The prefixes, from pico to yotta and from kibi to yobi; NO_PREFIX is not among them.
 VARNIX_VALUE_TEXT_EXPORT std::vector<SI_units> Prefixes();
+
+/// @}
 
 } // namespace Varnix::Value
 

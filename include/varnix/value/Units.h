@@ -26,6 +26,9 @@
 
 namespace Varnix::Value {
 
+/// @addtogroup units
+/// @{
+
 /// The units of the catalogue. Any 32-bit code can be held; one without a catalogue row is rejected
 /// with `UnitNotDefined` by the functions that look it up.
 enum Units_list : std::int32_t {
@@ -185,6 +188,7 @@ inline std::uint64_t Difference_of_tuples(Units const& first, Units const& secon
 inline bool operator==(Unit_tuple const& first, Unit_tuple const& second) noexcept {
     return detail::Difference(first, second) == 0;
 }
+/// Not `==`.
 inline bool operator!=(Unit_tuple const& first, Unit_tuple const& second) noexcept {
     return !(first == second);
 }
@@ -195,6 +199,7 @@ inline bool operator==(Units const& first, Units const& second) noexcept {
     return first.spl_conv == second.spl_conv && first.si_prefix == second.si_prefix &&
            detail::Difference_of_tuples(first, second) == 0;
 }
+/// Not `==`.
 inline bool operator!=(Units const& first, Units const& second) noexcept {
     return !(first == second);
 }
@@ -340,6 +345,8 @@ extern VARNIX_VALUE_EXPORT Units const C_TeBytes;   ///< tebibytes
 extern VARNIX_VALUE_EXPORT Units const C_TeBit;     ///< tebibits
 
 // clang-format on
+
+/// @}
 
 } // namespace Varnix::Value
 

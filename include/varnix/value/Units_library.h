@@ -22,6 +22,9 @@
 
 namespace Varnix::Value {
 
+/// @addtogroup units
+/// @{
+
 /// Functions over unit descriptors. None modifies its arguments. Unless stated otherwise a function
 /// does not throw, works slot by slot, and so expects descriptors in canonical order.
 class VARNIX_VALUE_EXPORT Units_library {
@@ -138,6 +141,8 @@ class VARNIX_VALUE_EXPORT Units_library {
     /// lower-case form leave out the units' texts, so that hertz gives "/".
     static std::string Get_unit_str_info_map(Units const& unit, Unit_string_type const& type);
 };
+
+/// @}
 
 } // namespace Varnix::Value
 

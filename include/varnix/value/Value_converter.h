@@ -26,6 +26,9 @@
 
 namespace Varnix::Value {
 
+/// @addtogroup converters
+/// @{
+
 namespace detail {
 
 // What the numbers of a conversion go through, in this order: the rules, the way out of decibels,
@@ -96,6 +99,8 @@ class Value_converter {
 };
 
 extern template class VARNIX_VALUE_EXPORT Value_converter<double>;
+
+/// @}
 
 } // namespace Varnix::Value
 

@@ -33,6 +33,9 @@
 
 namespace Varnix::Value {
 
+/// @addtogroup quantities
+/// @{
+
 /// A physical quantity with error bounds. The numeric type is double; the library holds the one
 /// instantiation.
 ///
@@ -312,6 +315,8 @@ class Value_object {
 };
 
 extern template class VARNIX_VALUE_EXPORT Value_object<double>;
+
+/// @}
 
 } // namespace Varnix::Value
 

@@ -47,6 +47,9 @@
 
 namespace Varnix::Value {
 
+/// @addtogroup errors
+/// @{
+
 /// The root: everything that the library throws, `std::out_of_range` apart. Every class below has
 /// the same members, each non-throwing:
 /// - the default constructor: the class's fixed message;
@@ -56,13 +59,13 @@ namespace Varnix::Value {
 /// - `swap`: exchanges the messages.
 class VARNIX_VALUE_EXPORT Value_exception : public virtual std::exception {
   public:
-    Value_exception() noexcept;
-    explicit Value_exception(char const* detail) noexcept;
+    Value_exception() noexcept;                            ///< the message of the class
+    explicit Value_exception(char const* detail) noexcept; ///< with ": " and the detail
     explicit Value_exception(std::string const& detail) noexcept
-        : Value_exception(detail.c_str()) {}
-    Value_exception(Value_exception const& other) noexcept;
-    Value_exception& operator=(Value_exception const& other) noexcept;
-    void swap(Value_exception& other) noexcept;
+        : Value_exception(detail.c_str()) {}                           ///< as above
+    Value_exception(Value_exception const& other) noexcept;            ///< the same message
+    Value_exception& operator=(Value_exception const& other) noexcept; ///< the same message
+    void swap(Value_exception& other) noexcept;                        ///< exchanges the messages
     ~Value_exception() override;
 
     /// The message. The pointer stays valid until the object is destroyed, assigned to or swapped.
@@ -73,10 +76,13 @@ class VARNIX_VALUE_EXPORT Value_exception : public virtual std::exception {
     static std::string BuildErrorMessage(char const* text, char const* detail) noexcept;
 
   protected:
+    /// @cond the members of derived classes, written by a macro, are described above
     // Each constructor of each class sets the complete message of that class, after those of its
     // bases have set theirs: the message is right whichever class is the most derived.
     void Set_message(std::type_info const& type) noexcept;
     void Set_message(std::type_info const& type, char const* detail) noexcept;
+
+    /// @endcond
 
   private:
     std::string message; // empty only for want of memory
@@ -168,6 +174,8 @@ class VARNIX_VALUE_EXPORT OperationExceedingAllowedTuples : public virtual OutOf
 };
 
 #undef VARNIX_VALUE_EXCEPTION_MEMBERS
+
+/// @}
 
 } // namespace Varnix::Value
 

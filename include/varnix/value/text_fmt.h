@@ -25,6 +25,7 @@
 #include <string>
 #include <string_view>
 
+/// @cond Doxygen does not find the scope of the specialisation
 /// Prints a quantity as `Varnix::Value::Format` does.
 template <>
 struct fmt::formatter<Varnix::Value::Value_object<double>> {
@@ -53,5 +54,6 @@ struct fmt::formatter<Varnix::Value::Value_object<double>> {
   private:
     Varnix::Value::Text_format format_;
 };
+/// @endcond
 
 #endif

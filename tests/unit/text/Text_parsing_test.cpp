@@ -220,7 +220,7 @@ TEST(Parsing, Reads_other_numbers_on_request) {
     EXPECT_TRUE(std::isnan(Parse_number("nan", all)));
     EXPECT_TRUE(Is(Parse_quantity("1 [-inf, inf] V", all), 1.0, -HUGE_VAL, HUGE_VAL, C_Volts));
     EXPECT_TRUE(Is(Parse_quantity("1 ± inf V", all), 1.0, -HUGE_VAL, HUGE_VAL, C_Volts));
-    for (char const* const text : {"0x", "0x-1", "--1", "+-1", "-", ".", "e5", "", " ", "0x1.8p3p", "in"}) {
+    for (char const* const text : {"0x", "0x-1", "0xnan", "0xinf", "--1", "+-1", "-", ".", "e5", "", " ", "0x1.8p3p", "in"}) {
         EXPECT_FALSE(Try_parse_number(text, all)) << text;
     }
     for (char const* const text : {"0x1", "inf", "nan", "-Inf", "1e309", "1e-400", "1 V", "1.5.2", "1e5e5"}) {
