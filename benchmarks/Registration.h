@@ -42,6 +42,7 @@ void Register_parsing();
 void Register_prepared();
 void Register_arrays();
 void Register_c_interface();
+void Register_growth();
 void Register_compile_time();
 
 } // namespace Benchmarks

@@ -19,6 +19,7 @@ int main(int argc, char** argv) try {
     Benchmarks::Register_arrays();
     Benchmarks::Register_c_interface();
     Benchmarks::Register_compile_time();
+    Benchmarks::Register_growth();
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();
 } catch (std::exception const& failure) {
