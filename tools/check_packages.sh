@@ -15,6 +15,7 @@ step 'making the packages'
 rm -rf build/packages
 tools/make_packages.sh "$amd64" build/packages
 tools/make_packages.sh "$armhf" build/packages
+tools/make_documentation_package.sh build/packages
 for package in build/packages/*.deb; do
     echo "${package##*/}: $(dpkg-deb -f "$package" Depends)"
 done
@@ -30,6 +31,7 @@ export SOURCE_DATE_EPOCH
     cmake --preset release -DVALUE_OBJECT_TESTS=OFF -DVALUE_OBJECT_EXAMPLES=OFF > /dev/null
     cmake --build --preset release > /dev/null
     tools/make_packages.sh build/release "$place/again"
+    tools/make_documentation_package.sh "$place/again"
 )
 for package in "$place"/again/*.deb; do
     cmp "$package" "build/packages/${package##*/}"
@@ -63,9 +65,10 @@ mkdir -p "$place/root/var/lib/dpkg"
 touch "$place/root/var/lib/dpkg/status"
 # Dependencies are not there, and neither is the ldconfig that a trigger asks for.
 dpkg --root="$place/root" --force-depends --force-not-root --no-triggers \
-    --install build/packages/*_amd64.deb > "$place/dpkg.log" 2>&1 || { cat "$place/dpkg.log"; exit 1; }
+    --install build/packages/*_{amd64,all}.deb > "$place/dpkg.log" 2>&1 || { cat "$place/dpkg.log"; exit 1; }
 expect_program_below "$place/root" x86_64-linux-gnu g++ \
     env LD_LIBRARY_PATH="$place/root/usr/lib/x86_64-linux-gnu"
+[[ -s $place/root/usr/share/doc/libvalueobject-doc/html/index.html ]]
 LD_LIBRARY_PATH=$place/root/usr/lib/x86_64-linux-gnu PYTHONPATH=$place/root/usr/lib/python3/dist-packages \
     /usr/bin/python3 -B -c 'from varnix_value import Quantity; print(Quantity("30 dBm").to("W"))' | diff -u <(echo '1 W') -
 
