@@ -47,6 +47,22 @@ def test_guide(monkeypatch, tmp_path):
     assert failures_of('python.md', re.sub('^```.*$', '', (DOCS / 'python.md').read_text(), flags=re.M)) == ''
 
 
+def test_readme(capsys):
+    """Each line prints what stands behind it, or raises it."""
+    (block,) = re.findall(r'^```python\n(.*?)^```', (DOCS.parent / 'README.md').read_text(), re.DOTALL | re.MULTILINE)
+    names, checked = {}, 0
+    for line in block.strip().split('\n'):
+        statement, _, expected = (part.strip() for part in line.partition('  # '))
+        if expected.startswith('raises: '):
+            with pytest.raises(vv.MeasurementRefused, match=expected.removeprefix('raises: ')):
+                exec(statement, names)
+        else:
+            exec(statement, names)
+            assert capsys.readouterr().out.strip() == expected
+        checked += expected != ''
+    assert checked == 4
+
+
 # ---- The questions of docs/measurement.md
 
 ROWS = re.findall(r'^\| (\S[^|]*?) \| ([^|]+?) \| [^|]*\|$', (DOCS / 'measurement.md').read_text(), re.M)

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""documents_test.py PROGRAM...: what the documents show of the tool is what it does: every command whose
+"""documents_test.py PROGRAM...: what the README and the documents show of the tool is what it does: every command whose
 output stands below it, the table of formats, and the commands that read files, which must at least run."""
 
 import os
@@ -18,6 +18,7 @@ FILES = {
     "feet.txt": "1\n2.5\n",
     "levels.txt": "30 dBm [29, 31]\n5 kW\n",
     "log.csv": "time,temp,dist,d_ft\n1,20,3,4\n",
+    "flight.csv": "time,altitude\n0,1000\n",
     "tables/a.csv": "n,temp\n1,20\n",
     "tables/b.csv": "n,temp\n1,30\n",
 }
@@ -28,10 +29,17 @@ def document(name):
         return file.read()
 
 
+def pages():
+    """The documents that show commands: those of the tool, the README, and what only the site has."""
+    yield from (os.path.join(FOLDER, name) for name in ("README.md", "docs/tool.md"))
+    for folder, _, names in os.walk(os.path.join(FOLDER, "docs", "site", "pages")):
+        yield from (os.path.join(folder, name) for name in sorted(names))
+
+
 def shown_commands():
     """The commands of the documents, each with the output that stands below it, or none."""
-    text = document("tool.md")
-    text = "\n".join(re.findall(r"```\n(\$ .*?)```", text, re.DOTALL))
+    text = "\n".join(document(page) for page in pages())
+    text = "".join(re.findall(r"^```\n(\$ .*?)^```", text, re.DOTALL | re.MULTILINE))
     examples = re.search(r"^\.SH EXAMPLES\n\.nf\n(.*?)\.fi", document("value-object.1"), re.DOTALL | re.MULTILINE)
     text += examples.group(1).replace("\\-", "-")
     for part in re.split(r"^\$ ", text, flags=re.MULTILINE)[1:]:
