@@ -57,7 +57,8 @@ set(CPACK_DEBIAN_C_RUNTIME_PACKAGE_NAME libvalueobjectc${PROJECT_VERSION_MAJOR})
 set(CPACK_DEBIAN_C_RUNTIME_PACKAGE_SECTION libs)
 set(CPACK_COMPONENT_C_RUNTIME_DESCRIPTION "${long_description}
 
-This package holds the shared library for programs in C, and for all that calls C.")
+This package holds the shared library for programs in C, and for all that
+calls C.")
 
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libvalueobject-dev)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)

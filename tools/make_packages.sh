@@ -25,10 +25,11 @@ fi
 python=()
 module=$(find "$build/python/varnix_value" -name '_native*.so' 2> /dev/null || true)
 if [[ -n $module ]]; then
-    # The module is for this version of Python, as its name says.
+    # The module is for this version of Python, as its name says, and for numpy's binary interface.
+    numpy_abi=$(dpkg-query -W -f '${Provides}' python3-numpy | grep -o 'python3-numpy-abi[0-9]*')
     minor=$(sed -E 's/.*cpython-3([0-9]+)-.*/\1/' <<< "$module")
     python=(-D CPACK_DEBIAN_PYTHON_PACKAGE_DEPENDS="$(tools/debian_depends.sh "$module"), $all_libraries, \
-python3 (>= 3.$minor~), python3 (<< 3.$((minor + 1))), python3-numpy (>= 1:1.22)")
+python3 (>= 3.$minor~), python3 (<< 3.$((minor + 1))), $numpy_abi, python3-numpy (>= 1:1.22)")
 fi
 cpack --config "$build/CPackConfig.cmake" -B "$work" \
     -D CPACK_DEBIAN_RUNTIME_PACKAGE_DEPENDS="$(tools/debian_depends.sh "$build/libValueObject.so")" \
