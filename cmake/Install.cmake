@@ -96,7 +96,7 @@ if(VALUE_OBJECT_DEBIAN_PACKAGES)
 endif()
 install(FILES README.md DESTINATION ${documents_dir} COMPONENT development)
 install(DIRECTORY docs examples DESTINATION ${documents_dir} COMPONENT development
-    FILES_MATCHING PATTERN "*.md" PATTERN "*.svg" PATTERN "*.c" PATTERN "*.cpp" PATTERN "*.lua" PATTERN "expected/*.txt")
+    FILES_MATCHING PATTERN "site" EXCLUDE PATTERN "*.md" PATTERN "*.svg" PATTERN "*.c" PATTERN "*.cpp" PATTERN "*.lua" PATTERN "expected/*.txt")
 
 if(NOT VALUE_OBJECT_DEBIAN_PACKAGES)
     install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT runtime)
