@@ -12,16 +12,6 @@ using namespace Varnix::Value::Tool;
 
 namespace {
 
-// A quantity is converted, and an expression computed: of an operator the blanks around it tell.
-bool Is_expression(std::string const& text) {
-    for (char const* const sign : {" + ", " - ", " * ", " / ", " < ", " <= ", " > ", " >= ", " == ", " != "}) {
-        if (text.find(sign) != std::string::npos) {
-            return true;
-        }
-    }
-    return false;
-}
-
 void Answer(std::string const& question, std::string const& unit, std::string const& with,
             Options const& options, Output& output) {
     if (Is_expression(question) || unit.empty()) {

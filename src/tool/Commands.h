@@ -11,6 +11,7 @@
 #include <varnix/value/Text_parsing.h>
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace Varnix::Value::Tool {
@@ -65,6 +66,9 @@ struct Computation_request {
     bool power_sum = false;          // of the levels on standard input, one a line
     bool power_mean = false;         // likewise
 };
+
+// Whether a text has an operator between two quantities.
+bool Is_expression(std::string_view text);
 
 Exit_status Compute(Computation_request const& request, Options const& options, Output& output);
 

@@ -246,6 +246,10 @@ void Write_power_sum(Computation_request const& request, Options const& options,
 
 } // namespace
 
+bool Is_expression(std::string_view text) {
+    return !Find_operators(text).empty();
+}
+
 Exit_status Compute(Computation_request const& request, Options const& options, Output& output) {
     std::string const expression = Joined(request.words);
     if (request.power_sum || request.power_mean) {
@@ -254,6 +258,9 @@ Exit_status Compute(Computation_request const& request, Options const& options, 
         throw Trouble("compute takes an expression: value-object compute '1 km + 500 m'");
     } else if (!request.limits.empty()) {
         Write_limit_check(expression, request, options, output);
+    } else if (request.words.size() == 1 && !request.to.empty() && !Is_expression(expression)) {
+        // One quantity that is converted. In several words an operator may be missing that the shell took.
+        Write_answer(expression, Read_answer(expression, options), request, options, output);
     } else {
         Write_operation(expression, Read_operands(expression, request.words.size() > 1, options),
                         request, options, output);
