@@ -4,11 +4,12 @@
 #include <varnix/value/Text_formatting.h>
 #include <varnix/value/Text_parsing.h>
 
+#include <exception>
 #include <iostream>
 
 using namespace Varnix::Value;
 
-int main() {
+int main() try {
     Value_object<double> const level = Parse_quantity("30 dBm [29, 31]"); // throws TextNotValid
     std::cout << level.Convert_to(Parse_unit("mW")) << '\n';
     for (char const* const text : {"km/h", "degC", "pinch", "rpm"}) {
@@ -20,4 +21,6 @@ int main() {
         }
     }
     std::cout << Format(level, Read_text_format("bp")) << '\n';
+} catch (std::exception const& failure) {
+    std::cout << failure.what() << '\n';
 }
