@@ -65,7 +65,8 @@ def output(command):
 
 
 def ours(arguments):
-    answer = output([TOOL, *shlex.split(arguments)])
+    """As the library has it, whose functions the tool calls by its options."""
+    answer = output([TOOL, *shlex.split(arguments)]).replace("compute --power-sum", "Power_sum")
     return "refused: " + answer.split(": ", 2)[2] if answer.startswith("value-object: ") else answer
 
 

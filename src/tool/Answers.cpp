@@ -188,4 +188,14 @@ std::string Unit_text(Answer const& answer, Unit_string_type spelling) {
     return Unit_of(std::get<Measurement>(answer.result), spelling);
 }
 
+Refusal As_the_tool_says(MeasurementRefused const& refused) {
+    constexpr std::string_view function = "Power_sum";
+    std::string reason = Reason(refused);
+    std::size_t const place = reason.find(function);
+    if (place != std::string::npos) {
+        reason.replace(place, function.size(), "compute --power-sum");
+    }
+    return Refusal(reason);
+}
+
 } // namespace Varnix::Value::Tool

@@ -31,13 +31,16 @@ std::string Text_of(Answer const& answer, Options const& options);
 // Its unit alone; empty where there is none.
 std::string Unit_text(Answer const& answer, Unit_string_type spelling);
 
+// A refusal with the tool's own way out where the library names a function.
+Refusal As_the_tool_says(MeasurementRefused const& refused);
+
 // Runs `action`; what measurements refuse becomes a Refusal.
 template <typename Action>
 auto Telling_refusals(Action const& action) {
     try {
         return action();
     } catch (MeasurementRefused const& refused) {
-        throw Refusal(Reason(refused));
+        throw As_the_tool_says(refused);
     }
 }
 
