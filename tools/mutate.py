@@ -48,6 +48,7 @@ LAYERS = {
                        [['tests/value_object_text_tests', '--gtest_fail_fast'],
                         ['tests/text_formatting_tests', '--gtest_fail_fast'],
                         replayed('parsing'), replayed('printing'), *RUN_CASES]),
+    'src/c/': Layer(['c_test'], [['tests/c_test']]),
     'src/measurement/': Layer(['ValueObjectMeasurement', 'measurement_inside_tests', 'value-object'],
                               [['tests/measurement_tests'], ['tests/measurement_inside_tests'], replayed('measurements'),
                                *RUN_CASES]),

@@ -14,9 +14,9 @@ using namespace Varnix::Value::C;
 
 namespace {
 
-// As quantities in C++ are given their units: checked, and in canonical order.
+// As a quantity is given its unit: checked, and in canonical order.
 Units Checked_unit_at(vo_unit const* unit) {
-    return Units_library::Arrange_tuple(Unit_at(unit));
+    return Value_object<double>(0.0, Unit_at(unit), 0.0, 0.0).Get_unit();
 }
 
 } // namespace

@@ -178,6 +178,7 @@ static void Check_other_answers(void) {
     vo_measurement const load = Read("50 ± 2.5 ohm");
     vo_measurement const low = Read("-40 dBm");
     vo_measurement const high = Read("-30 dBm");
+    vo_measurement const within = Read("-37 dBm");
     vo_measurement difference;
     vo_unit const target = Unit("dBm");
     vo_quantity first;
@@ -195,7 +196,11 @@ static void Check_other_answers(void) {
     Expect("-36.9897 dBm [-38.2016, -35.7669]", text);
     CHECK(vo_measurement_check_limits(&level, &low, &high, &verdict, NULL) == VO_OK && verdict == VO_PASS);
     CHECK(vo_measurement_check_limits(&low, &level, &high, &verdict, NULL) == VO_OK && verdict == VO_FAIL);
+    CHECK(vo_measurement_check_limits(&level, &high, &low, &verdict, NULL) == VO_REFUSED);
+    CHECK(vo_measurement_check_limits(&level, &within, &high, &verdict, NULL) == VO_OK && verdict == VO_VERDICT_UNDECIDED);
     CHECK(vo_measurement_compare(&low, &high, &order, NULL) == VO_OK && order == VO_LESS);
+    CHECK(vo_measurement_compare(&high, &low, &order, NULL) == VO_OK && order == VO_GREATER);
+    CHECK(vo_measurement_compare(&high, &high, &order, NULL) == VO_OK && order == VO_EQUAL);
     CHECK(vo_measurement_compare(&level, &level, &order, NULL) == VO_OK && order == VO_UNDECIDED);
 
     /* Differences of temperatures survive their struct, with the prefixes and signs of their own. */
@@ -213,6 +218,9 @@ static void Check_other_answers(void) {
     CHECK(vo_quantity_convert_with(&first, &watt, &second, &power, NULL) == VO_OK);
     CHECK(power.value == 20.0 && power.upper == 24.2);
     CHECK(vo_quantity_compare(&power, &power, &order, NULL) == VO_OK && order == VO_EQUAL);
+    CHECK(vo_quantity_parse("5 km", &first, NULL) == VO_OK && vo_quantity_parse("6 m", &second, NULL) == VO_OK);
+    CHECK(vo_quantity_compare(&first, &second, &order, NULL) == VO_OK && order == VO_GREATER);
+    CHECK(vo_quantity_compare(&second, &first, &order, NULL) == VO_OK && order == VO_LESS);
     power.value = (double)NAN;
     CHECK(vo_quantity_compare(&power, &power, &order, NULL) == VO_OK && order == VO_UNDECIDED);
 
@@ -299,8 +307,83 @@ static void Check_failures(void) {
         CHECK(vo_unit_parse(long_text + (skip == 0 ? 0 : 2), &after.unit, &fault) == VO_TEXT_NOT_VALID);
         CHECK(strlen(fault.message) < sizeof fault.message);
     }
-    Expect("VO_REFUSED", vo_status_name(VO_REFUSED));
+}
+
+/* ---- Statuses */
+
+typedef struct named_status {
+    vo_status status;
+    char const* name;
+} named_status;
+
+#define NAMED(status)                                                                                                                                \
+    { status, #status }
+static named_status const named_statuses[] = {
+    NAMED(VO_OK),
+    NAMED(VO_INVALID_ARGUMENT),
+    NAMED(VO_BUFFER_TOO_SMALL),
+    NAMED(VO_NO_MEMORY),
+    NAMED(VO_INTERNAL_ERROR),
+    NAMED(VO_TEXT_NOT_VALID),
+    NAMED(VO_REFUSED),
+    NAMED(VO_OUT_OF_RANGE),
+    NAMED(VO_OPERATION_NOT_VALID),
+    NAMED(VO_NO_RULE_TO_CONVERT),
+    NAMED(VO_UNIT_DIMENSION_NOT_SAME),
+    NAMED(VO_MISSING_UNIT),
+    NAMED(VO_OPERATION_UNDEFINED),
+    NAMED(VO_UNIT_DIMENSION_NOT_PROPER),
+    NAMED(VO_UNIT_EXPONENT_NOT_VALID),
+    NAMED(VO_UNIT_NOT_DEFINED),
+    NAMED(VO_TOO_MANY_UNITS),
+};
+
+/* Units that no text makes, and what every function says to them. */
+typedef struct malformed_unit {
+    vo_unit unit;
+    vo_status status;
+} malformed_unit;
+
+static malformed_unit const malformed_units[] = {
+    {{2, 0, {{1, 1}}}, VO_INVALID_ARGUMENT}, /* neither in decibels nor not */
+    {{-1, 0, {{1, 1}}}, VO_INVALID_ARGUMENT},
+    {{0, 0, {{1, 1}, {3, 1}}}, VO_UNIT_DIMENSION_NOT_PROPER}, /* metre and foot */
+    {{0, 0, {{0, 0}, {1, 1}}}, VO_OPERATION_NOT_VALID},       /* nothing, then a metre */
+    {{0, 0, {{77, 1}}}, VO_UNIT_NOT_DEFINED},
+};
+
+static void Check_statuses(void) {
+    vo_unit const watt = Unit("W");
+    vo_quantity first;
+    vo_quantity second;
+    vo_measurement x;
+    vo_fault fault;
+    char text[100];
+    for (size_t k = 0; k < sizeof named_statuses / sizeof *named_statuses; ++k) {
+        CHECK((size_t)named_statuses[k].status == k); /* as programs were compiled with */
+        Expect(named_statuses[k].name, vo_status_name((int)k));
+    }
     Expect("unknown status", vo_status_name(-1));
+    Expect("unknown status", vo_status_name(17));
+
+    for (size_t k = 0; k < sizeof malformed_units / sizeof *malformed_units; ++k) {
+        malformed_unit const* const row = &malformed_units[k];
+        CHECK(vo_quantity_make(1.0, 1.0, 1.0, &row->unit, &first, &fault) == row->status);
+        CHECK(vo_measurement_make(1.0, 1.0, 1.0, &row->unit, &x, &fault) == row->status);
+        CHECK(vo_unit_format(&row->unit, text, sizeof text, NULL, &fault) == row->status);
+        CHECK(fault.status == (int32_t)row->status && fault.reason[0] == '\0' && fault.position == 0);
+    }
+    x = Read("1 W");
+    x.difference = 1; /* of temperatures alone */
+    CHECK(vo_measurement_add(&x, &x, &x, &fault) == VO_INVALID_ARGUMENT);
+    x = Read("1 K");
+    x.difference = 2;
+    CHECK(vo_measurement_add(&x, &x, &x, &fault) == VO_INVALID_ARGUMENT);
+
+    CHECK(vo_quantity_parse("5 m", &first, NULL) == VO_OK && vo_quantity_parse("5 s", &second, NULL) == VO_OK);
+    CHECK(vo_quantity_convert_with(&first, &watt, &second, &first, &fault) == VO_NO_RULE_TO_CONVERT);
+    CHECK(vo_quantity_parse("1 V*A*ohm*g*m", &first, NULL) == VO_OK);
+    CHECK(vo_quantity_multiply(&first, &second, &first, &fault) == VO_TOO_MANY_UNITS);
 }
 
 /* Every argument that is NULL, one after the other. */
@@ -523,6 +606,7 @@ int main(void) {
     Check_other_answers();
     Check_converters();
     Check_failures();
+    Check_statuses();
     Check_null_arguments();
     Check_hostile_structs();
     Check_buffers();
