@@ -27,6 +27,7 @@ constexpr Foreign_unit foreign_units[] = {
     // SI units with names of their own.
     {"N",        symbols, "force",                    "W*s/m"},
     {"newton",   names,   "force",                    "W*s/m"},
+    {"hPa",      none,    "pressure",                 "(10^2 W*s/m^3)"},
     {"Pa",       symbols, "pressure",                 "W*s/m^3"},
     {"pascal",   names,   "pressure",                 "W*s/m^3"},
     {"J",        symbols, "energy",                   "W*s"},
@@ -56,7 +57,9 @@ constexpr Foreign_unit foreign_units[] = {
     {"kat",      symbols, "catalytic activity",       ""},
     {"sr",       symbols, "solid angle",              ""},
     // Pressure, force, energy and power.
-    {"bar",      symbols, "pressure",                 ""},
+    {"mbar",     none,    "pressure",                 "(10^2 W*s/m^3)"},
+    {"bar",      none,    "pressure",                 "(10^5 W*s/m^3)"},
+    {"bar",      symbols, "pressure",                 ""}, // with another prefix
     {"atm",      none,    "pressure",                 ""},
     {"psi",      none,    "pressure",                 ""},
     {"mmHg",     none,    "pressure",                 ""},
@@ -94,6 +97,7 @@ constexpr Foreign_unit foreign_units[] = {
     {"au",       none,    "length",                   ""},
     {"AU",       none,    "length",                   ""},
     {"mil",      none,    "length",                   "milli(in)"},
+    {"mils",     none,    "length",                   "milli(in)"},
     {"micron",   none,    "length",                   "µm"},
     {"angstrom", none,    "length",                   "(10^-10 m)"},
     {"Å",        none,    "length",                   "(10^-10 m)"},
@@ -149,6 +153,9 @@ constexpr Other_name other_names[] = {
     {"NM",        "n.mi"},
     {"d",         "dy"},
     {"a",         "yr"},
+    {"secs",      "s"},
+    {"hrs",       "h"},
+    {"yrs",       "yr"},
     {"decibel",   "dB"},
     {"decibels",  "dB"},
     {"degreeC",   "°C"},

@@ -246,8 +246,11 @@ Parse_result<Reading> Read_group(std::string_view text, Group_place const& place
     if (!fault) {
         fault = Read_letters(text, place, reading);
     }
-    if (!fault && (reading.prefix != NO_PREFIX || reading.count > 1)) {
-        fault = Word_fault(text, place.position, reading.end);
+    if (reading.prefix != NO_PREFIX || reading.count > 1) {
+        // The table knows better than a rule.
+        if (std::optional<Text_fault> trap = Word_fault(text, place.position, reading.end)) {
+            fault = std::move(trap);
+        }
     }
     if (fault) {
         return std::move(*fault);

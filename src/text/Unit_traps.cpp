@@ -73,11 +73,12 @@ struct Trap {
 
 // clang-format off
 constexpr Trap traps[] = {
-    {"nmi",  "nano(mi)", "n.mi", true}, // nautical miles
-    {"gm",   "g*m",      "g",    false},
-    {"gms",  "g*m*s",    "g",    false},
-    {"degK", "deg*K",    "K",    true},
-    {"Min",  "mega(in)", "min",  true}, // minutes with a capital letter
+    {"nmi",  "nano(mi)",    "n.mi", true}, // nautical miles
+    {"gm",   "g*m",         "g",    false},
+    {"gms",  "g*m*s",       "g",    false},
+    {"degK", "deg*K",       "K",    true},
+    {"Min",  "mega(in)",    "min",  true}, // minutes with a capital letter
+    {"mins", "milli(in*s)", "min",  false},
 };
 // clang-format on
 
@@ -101,8 +102,8 @@ std::optional<Text_fault> Word_fault(std::string_view text, std::size_t position
 
 namespace {
 
-// "kms", "kohms", "MBs", "kmh", "mins": a plural or a speed, more often than a product. Of volts,
-// amperes, watts and kelvin it is the product: "Ws" is a watt for a second.
+// "kms", "kohms", "MBs", "kmh": a plural or a speed, more often than a product. Of volts, amperes,
+// watts and kelvin it is the product: "Ws" is a watt for a second.
 bool Looks_like_plural_or_speed(Reading const& reading) {
     if (reading.count != 2 || reading.units[0].power != 1 || reading.units[1].power != 1) {
         return false;
@@ -124,10 +125,16 @@ std::optional<Text_fault> Plural_fault(std::string_view text, std::size_t positi
         return std::nullopt;
     }
     std::string_view const word = text.substr(position, reading.end - position);
-    return Text_fault{position,
-                      Quoted(word) + " looks like a plural or a speed: write " + Written(reading) +
-                          " for the product",
-                      {}};
+    std::string const time = Symbol(reading.units[1].unit);
+    std::string const singular(word.substr(0, word.size() - time.size()));
+    std::string const speed = singular + '/' + time;
+    std::string const product = Written(reading);
+    if (reading.units[1].unit != SECOND) {
+        return Ambiguous(text, position, product, speed);
+    }
+    bool const length = Words().Dimension_of(reading.units[0].unit) == LENGTH;
+    return length ? Ambiguous(text, position, product + ", " + singular, speed)
+                  : Ambiguous(text, position, product, singular);
 }
 
 std::optional<Text_fault> Decibel_fault(std::string_view text, std::size_t position) {

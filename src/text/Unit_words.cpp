@@ -46,7 +46,7 @@ Alias const aliases[] = {
     {"watt",            &C_Watts,         name_form},
     {"volt",            &C_Volts,         name_form},
     {"amp",             &C_Amps,          name_form},
-    {"bit",             &C_Bits,          name_form},
+    {"bit",             &C_Bits,          name_form},           // a symbol as well: "Mbit/s"
     {"nybbles",         &C_Nybble,        name_form},           // the core's name is the singular
     {"byte",            &C_Bytes,         name_form},
     {"octet",           &C_Octets,        name_form},
@@ -66,6 +66,7 @@ Alias const aliases[] = {
     {"celsius",         &C_DgreeC,        name_form},
     {"fahrenheit",      &C_DgreeF,        name_form},
     // Other symbols.
+    {"bit",             &C_Bits,          symbol_form},
     {"Ohm",             &C_Ohms,          symbol_form},
     {"\u03A9",          &C_Ohms,          symbol_form, true},   // Greek capital omega
     {"\u2126",          &C_Ohms,          symbol_form, true},   // ohm sign
