@@ -58,10 +58,6 @@ Enclosed Times_power(Enclosed const& number, int base, int power) {
     return number * (base == 10 ? Powers_of_ten(power) : Exact_factor{{power}});
 }
 
-bool Is_infinite(Decimal_text const& text) {
-    return std::isinf(text.nearest);
-}
-
 Scaled_number Scaled(Decimal_text const& text) {
     Scaled_number number = Read_digits(text.digits);
     number.power += text.power_of_ten;
@@ -72,19 +68,15 @@ Scaled_number Scaled(Decimal_text const& text) {
 } // namespace
 
 Enclosed Number_of(Decimal_text const& text) {
-    if (Is_infinite(text)) {
-        return Infinite(text.nearest < 0.0);
-    }
     Scaled_number const number = Scaled(text);
     return Times_power(number.mantissa, number.base, number.power);
 }
 
 // Both as whole numbers of the lesser place.
 Enclosed Sum_of(Decimal_text const& first, int sign, Decimal_text const& second) {
-    bool const infinite = Is_infinite(first) || Is_infinite(second);
-    Scaled_number const left = infinite ? Scaled_number{} : Scaled(first);
-    Scaled_number const right = infinite ? Scaled_number{} : Scaled(second);
-    if (infinite || left.base != right.base || std::abs(left.power - right.power) > 40) {
+    Scaled_number const left = Scaled(first);
+    Scaled_number const right = Scaled(second);
+    if (left.base != right.base || std::abs(left.power - right.power) > 40) {
         Enclosed const addend = Number_of(second);
         return Number_of(first) + (sign > 0 ? addend : -addend);
     }

@@ -13,10 +13,11 @@ namespace Varnix::Value::Physics {
 
 // ---- Reading
 
-// The number that a text stands for.
+// The number that a text stands for, which is finite: "inf" and "nan" have no digits to read.
 Enclosed Number_of(Decimal_text const& text);
 
 // The number of one text plus (or for sign -1 minus) that of another, exact where it is a double.
+// Both are finite.
 Enclosed Sum_of(Decimal_text const& first, int sign, Decimal_text const& second);
 
 // ---- Writing

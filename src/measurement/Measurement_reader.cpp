@@ -5,6 +5,7 @@
 #include "Decimals.h"
 #include "Measurement_parts.h"
 
+#include <cmath>
 #include <optional>
 #include <utility>
 #include <variant>
@@ -67,23 +68,35 @@ struct Read_numbers {
     double upper;
 };
 
+// An infinity, and what is no number, is a bound as it stands, for `Measurement` to judge.
+double Bound_below(Decimal_text const& text) {
+    return std::isfinite(text.nearest) ? Round_down(Number_of(text)) : text.nearest;
+}
+
+double Bound_above(Decimal_text const& text) {
+    return std::isfinite(text.nearest) ? Round_up(Number_of(text)) : text.nearest;
+}
+
+double Deviated_below(Decimal_text const& value, Decimal_text const& deviation) {
+    double const nearly = value.nearest - deviation.nearest;
+    return std::isfinite(nearly) ? Round_down(Sum_of(value, -1, deviation)) : nearly;
+}
+
+double Deviated_above(Decimal_text const& value, Decimal_text const& deviation) {
+    double const nearly = value.nearest + deviation.nearest;
+    return std::isfinite(nearly) ? Round_up(Sum_of(value, 1, deviation)) : nearly;
+}
+
 Read_numbers Numbers_of(Quantity_parts const& parts) {
-    Enclosed lower;
-    Enclosed upper;
     switch (parts.form) {
     case Quantity_form::value_alone:
-        lower = upper = Number_of(parts.value);
-        break;
+        return {parts.value.nearest, Bound_below(parts.value), Bound_above(parts.value)};
     case Quantity_form::bounds:
-        lower = Number_of(parts.lower);
-        upper = Number_of(parts.upper);
-        break;
+        return {parts.value.nearest, Bound_below(parts.lower), Bound_above(parts.upper)};
     default:
-        lower = Sum_of(parts.value, -1, parts.lower);
-        upper = Sum_of(parts.value, 1, parts.upper);
-        break;
+        return {parts.value.nearest, Deviated_below(parts.value, parts.lower),
+                Deviated_above(parts.value, parts.upper)};
     }
-    return {parts.value.nearest, Round_down(lower), Round_up(upper)};
 }
 
 // Checked as kelvins: a point in °C has no prefix, a difference may have one.

@@ -30,6 +30,26 @@ void Check_text(Measurement const& x) {
     }
 }
 
+bool Is_near(double bound, double nearest, double size) {
+    return bound == nearest || std::fabs(bound - nearest) <= 1e-15 * size + 1e-320;
+}
+
+// The bounds are those that are written, but for the last digits.
+void Check_bounds_read(Measurement const& x, std::string_view text) {
+    Quantity_parts const parts = *Try_split_quantity(text, {true, true});
+    double const value = parts.value.nearest;
+    double const below = parts.lower.nearest;
+    double const above = parts.upper.nearest;
+    if (parts.form == Quantity_form::value_alone) {
+        CHECK(Is_near(x.Get_lower(), value, std::fabs(value)) && Is_near(x.Get_upper(), value, std::fabs(value)));
+    } else if (parts.form == Quantity_form::bounds) {
+        CHECK(Is_near(x.Get_lower(), below, std::fabs(below)) && Is_near(x.Get_upper(), above, std::fabs(above)));
+    } else {
+        CHECK(Is_near(x.Get_lower(), value - below, std::fabs(value) + below));
+        CHECK(Is_near(x.Get_upper(), value + above, std::fabs(value) + above));
+    }
+}
+
 Measurement Taken(Input& input) {
     double const first = input.Take_number();
     double const second = input.Take_number();
@@ -143,6 +163,7 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size
     if (auto const read = Try_parse_measurement(text)) {
         Check_result(*read);
         Check_text(*read);
+        Check_bounds_read(*read, text);
     }
     Input input(data, size);
     Run(input);
