@@ -12,6 +12,7 @@ import sys
 
 HERE = pathlib.Path(__file__).parent
 STYLE = """
+:root { color-scheme: light dark }
 text { font: 14px system-ui, sans-serif; fill: #222 }
 .small { font-size: 12px; fill: #555 }
 .code { font-family: ui-monospace, monospace }

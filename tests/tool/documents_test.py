@@ -18,7 +18,7 @@ FILES = {
     "feet.txt": "1\n2.5\n",
     "levels.txt": "30 dBm [29, 31]\n5 kW\n",
     "log.csv": "time,temp,dist,d_ft\n1,20,3,4\n",
-    "flight.csv": "time,altitude\n0,1000\n",
+    "flight.csv": "time,altitude [ft],note\n0,1000,climbing\n1,1012.5,\n2,n/a,lost\n",
     "tables/a.csv": "n,temp\n1,20\n",
     "tables/b.csv": "n,temp\n1,30\n",
 }
@@ -78,7 +78,8 @@ class Documents(unittest.TestCase):
         for command, output in commands:
             with self.subTest(command):
                 done = self.run_command(command)
-                self.assertEqual((done.stderr, done.returncode), ("", 0))
+                refuses = "--keep-going" in command and "2>" in command
+                self.assertEqual((done.stderr, done.returncode), ("", 1 if refuses else 0))
                 if output:
                     self.assertEqual(done.stdout.strip("\n"), output)
 
