@@ -14,10 +14,14 @@ namespace {
 
 void Answer(std::string const& question, std::string const& unit, std::string const& with,
             Options const& options, Output& output) {
+    if (unit.empty() && !with.empty()) {
+        throw Refusal("a unit to convert to is missing, by what stands across");
+    }
     if (Is_expression(question) || unit.empty()) {
         Computation_request request;
         request.words = {question};
         request.to = unit;
+        request.with = with;
         Compute(request, options, output);
     } else {
         Conversion_request request;

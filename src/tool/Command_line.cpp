@@ -158,7 +158,10 @@ void Add_compute(CLI::App& tool, Arguments& arguments) {
     auto& expression = *command.add_option("expression", request.words,
                                            "Two quantities and an operator, or one to be checked");
     expression.type_name("EXPRESSION");
-    Add_option(command, "--to", request.to, Unit_value, "The unit of the result");
+    auto& to = Add_option(command, "--to", request.to, Unit_value, "The unit of the result");
+    Add_option(command, "--with", request.with, Quantity_value,
+               "The second quantity of an electrical relation to that unit")
+        .needs(&to);
     auto& limits = Add_option(command, "--limits", request.limits, "LOW HIGH",
                               "Check the quantity against two limits: pass, fail or undecided");
     auto& sum = *command.add_flag(
@@ -167,7 +170,7 @@ void Add_compute(CLI::App& tool, Arguments& arguments) {
     auto& mean = *command.add_flag("--power-mean", request.power_mean, "The same of their mean");
     Add_dialect_option(command, arguments);
     Add_output_options(command, arguments);
-    limits.expected(2)->excludes(command.get_option("--to"));
+    limits.expected(2)->excludes(&to);
     sum.excludes(&expression)->excludes(&limits)->excludes(&mean);
     mean.excludes(&expression)->excludes(&limits);
     for (CLI::Option* const option : {&limits, &sum, &mean}) {

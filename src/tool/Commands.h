@@ -62,6 +62,7 @@ struct Computation_request {
     std::vector<std::string> words;  // two quantities with an operator between them, or one, in one
                                      // text or in several
     std::string to;                  // the unit of the result; empty where it has its own
+    std::string with;                // the second quantity of an electrical relation to that
     std::vector<std::string> limits; // none, or a lower and an upper one
     bool power_sum = false;          // of the levels on standard input, one a line
     bool power_mean = false;         // likewise

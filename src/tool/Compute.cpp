@@ -115,6 +115,12 @@ char const* Compare(Measurement const& left, std::string_view sign, Measurement 
     return sign == "==" ? Told(equal, different) : Told(different, equal);
 }
 
+void Check_no_unit_asked(std::string_view sign, Computation_request const& request) {
+    if (Is_comparison(sign) && !request.to.empty()) {
+        throw Trouble("a comparison has no unit: leave out --to");
+    }
+}
+
 // What a comparison or a check of limits says.
 void Write_verdict(std::string const& expression, std::string const& verdict,
                    Options const& options, Output& output) {
@@ -130,8 +136,10 @@ void Write_verdict(std::string const& expression, std::string const& verdict,
 
 void Write_answer(std::string const& input, Answer const& answer,
                   Computation_request const& request, Options const& options, Output& output) {
-    Write_result(input, request.to.empty() ? answer : Converted(answer, Read_unit(request.to)),
-                 options, output);
+    Answer const asked =
+        request.to.empty() ? answer
+                           : Quantity_converter(request.to, request.with, options).Convert(answer);
+    Write_result(input, asked, options, output);
 }
 
 struct Operands {
@@ -143,6 +151,7 @@ struct Operands {
 void Write_operation(std::string const& expression, Operands const& operands,
                      Computation_request const& request, Options const& options, Output& output) {
     auto const& [left, sign, right] = operands;
+    Check_no_unit_asked(sign, request);
     bool const has_bounds = left.has_bounds || right.has_bounds;
     if (options.rules == Rules::as_the_library) {
         auto const& first = std::get<Quantity>(left.result);

@@ -1,12 +1,13 @@
-// `units`: the catalogue, the prefixes and the named units, as the library has them.
+// `units`: the catalogue, the prefixes and the named units.
 
 #include "Written_results.h"
 
+#include <varnix/value/Measurement.h>
 #include <varnix/value/Unit_kinds.h>
 #include <varnix/value/Units_library.h>
 
 #include <algorithm>
-#include <cmath>
+#include <optional>
 #include <vector>
 
 namespace Varnix::Value::Tool {
@@ -45,6 +46,19 @@ void Write_rows(std::string const& heading, std::vector<Row> const& rows, Output
     output.Append('\n');
 }
 
+bool Is_temperature(Units const& unit) {
+    return Units_library::Get_dimension(unit.tuples[0].unit) == TEMPERATURE;
+}
+
+// One of the unit in its base unit, as `convert` answers; nothing for months and years.
+std::optional<double> Factor_of(Units const& unit, Units const& base) {
+    try {
+        return Measurement(1.0, unit).Convert_to(base).Get_value();
+    } catch (MeasurementRefused const&) {
+        return std::nullopt;
+    }
+}
+
 // Where one of the catalogue's units leads: "0.3048 m", "by formula", or nothing for a unit that
 // stands for itself.
 std::string Equivalent(Units const& unit) {
@@ -52,11 +66,11 @@ std::string Equivalent(Units const& unit) {
     if (base.tuples[0].unit == unit.tuples[0].unit) {
         return {};
     }
-    if (Units_library::Get_dimension(unit.tuples[0].unit) == TEMPERATURE) {
+    if (Is_temperature(unit)) {
         return "= " + Format_unit(base) + " by formula";
     }
-    return "= " + Format_number(Units_library::Get_conversion_factor(base, unit)) + ' ' +
-           Format_unit(base);
+    std::optional<double> const factor = Factor_of(unit, base);
+    return factor ? "= " + Format_number(*factor) + ' ' + Format_unit(base) : "no fixed length";
 }
 
 std::string Scale(SI_units prefix) {
@@ -77,8 +91,9 @@ Json Json_catalogue_unit(Units const& unit) {
     Json object = Json_unit("unit", unit);
     Units const base = Units_library::Get_base_unit(unit);
     object["base"] = Format_unit(base);
-    if (Units_library::Get_dimension(unit.tuples[0].unit) != TEMPERATURE) {
-        object["factor"] = Units_library::Get_conversion_factor(base, unit);
+    std::optional<double> const factor = Factor_of(unit, base);
+    if (factor && !Is_temperature(unit)) {
+        object["factor"] = *factor;
     }
     return object;
 }

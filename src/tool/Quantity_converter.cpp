@@ -7,10 +7,10 @@
 
 namespace Varnix::Value::Tool {
 
-Quantity_converter::Quantity_converter(Conversion_request const& request, Options const& options_)
-    : to(Read_unit(request.to)),
-      with(request.with.empty() ? std::nullopt
-                                : std::optional(Read_answer(request.with, options_))),
+Quantity_converter::Quantity_converter(std::string const& to_, std::string const& with_,
+                                       Options const& options_)
+    : to(Read_unit(to_)),
+      with(with_.empty() ? std::nullopt : std::optional(Read_answer(with_, options_))),
       options(options_) {}
 
 namespace {
@@ -26,8 +26,6 @@ void Check_has_unit(Measurement const& x, Units const& to) {
     }
 }
 
-} // namespace
-
 Answer Converted(Answer const& answer, Units const& to) {
     if (auto const* quantity = std::get_if<Quantity>(&answer.result)) {
         return {Prepare_by_the_rules(quantity->Get_unit(), to).Convert(*quantity),
@@ -38,8 +36,13 @@ Answer Converted(Answer const& answer, Units const& to) {
     return {Telling_refusals([&] { return x.Convert_to(to); }), answer.has_bounds};
 }
 
+} // namespace
+
 Answer Quantity_converter::Convert(std::string_view text) const {
-    Answer const answer = Read_answer(text, options);
+    return Convert(Read_answer(text, options));
+}
+
+Answer Quantity_converter::Convert(Answer const& answer) const {
     if (!with) {
         return Converted(answer, to);
     }

@@ -1,4 +1,4 @@
-// Quantities as text, each in a unit of its own, converted into one unit.
+// Quantities, each in a unit of its own, converted into one unit.
 
 #ifndef VARNIX_VALUE_TOOL_QUANTITY_CONVERTER_H
 #define VARNIX_VALUE_TOOL_QUANTITY_CONVERTER_H
@@ -7,16 +7,19 @@
 #include "Commands.h"
 
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace Varnix::Value::Tool {
 
 class Quantity_converter {
   public:
-    // @throws Refusal where the target or the second quantity cannot be read
-    Quantity_converter(Conversion_request const& request, Options const& options);
+    // To a unit; by a relation with a second quantity, where that text is not empty.
+    // @throws Refusal where one of them cannot be read
+    Quantity_converter(std::string const& to, std::string const& with, Options const& options);
 
-    // The quantity that `text` is, converted. @throws Refusal where it is none, or does not convert
+    // @throws Refusal where it does not convert, or the text is no quantity
+    Answer Convert(Answer const& answer) const;
     Answer Convert(std::string_view text) const;
 
   private:
@@ -24,9 +27,6 @@ class Quantity_converter {
     std::optional<Answer> with;
     Options const& options;
 };
-
-// `answer` in another unit. @throws Refusal
-Answer Converted(Answer const& answer, Units const& to);
 
 } // namespace Varnix::Value::Tool
 
