@@ -46,7 +46,7 @@ QUESTIONS = [
 ]
 
 PINT = """
-import sys, warnings
+import sys, textwrap, warnings
 warnings.simplefilter("ignore")
 import pint
 registry = pint.UnitRegistry(autoconvert_offset_to_baseunit=False)
@@ -54,7 +54,7 @@ Q = registry.Quantity
 try:
     print(f"{eval(sys.argv[1]):.6g~P}")
 except Exception as failure:
-    print("refused:", str(failure).split(chr(10))[0][:60])
+    print("refused:", textwrap.shorten(str(failure).split(chr(10))[0], 60, placeholder=" ..."))
 """
 
 

@@ -23,10 +23,15 @@ int main() {
     Measurement const high = Parse_measurement("5.25 V");
     for (char const* const line : lines) {
         auto const reading = Try_parse_measurement(line);
+        if (!reading) {
+            std::cout << line << ": " << reading.Get_fault().message << '\n';
+            continue;
+        }
         try {
-            std::cout << line << ": " << Word(Check_limits(*reading, low, high)) << '\n';
-        } catch (Value_exception const& failure) {
-            std::cout << line << ": " << failure.what() << '\n';
+            Verdict const verdict = Check_limits(*reading, low, high);
+            std::cout << line << ": " << Word(verdict) << '\n';
+        } catch (MeasurementRefused const& refused) {
+            std::cout << line << ": " << refused.what() << '\n';
         }
     }
 }

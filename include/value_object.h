@@ -29,7 +29,8 @@
  * - A result may be the same object as an argument.
  * - Texts are UTF-8 and end with a zero byte.
  * - It allocates no memory, but in vo_converter_create, while a text is written (which is freed
- *   again), and where it fails. Without memory it returns VO_NO_MEMORY. Nothing is thrown through it.
+ *   again), in the first text that is read, which gathers the names of the units, and where it fails.
+ *   Without memory it returns VO_NO_MEMORY. Nothing is thrown through it.
  * - It depends on no locale and has no state: threads may call it at any time, each with results and
  *   faults of its own. A converter may be used by many threads at once.
  *

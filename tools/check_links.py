@@ -12,13 +12,28 @@ import urllib.parse
 
 
 class Page(html.parser.HTMLParser):
+    """Its links, the places they may lead to, and asterisks of Markdown that were not understood."""
+    AS_IT_STANDS = ('code', 'pre', 'script', 'style', 'tt')
+    OF_DOXYGEN = {'div': ('fragment',), 'table': ('memname', 'memberdecls')}
+
     def __init__(self, path):
         super().__init__()
-        self.links, self.places = [], set()
+        self.links, self.places, self.asterisks = [], set(), []
+        self.inside = []  # elements, each with whether its text stands as it is
         self.feed(path.read_text(encoding='utf-8'))
+
+    def handle_data(self, data):
+        if (re.search(r'\*\*\S|\S\*\*', data) or data.strip() == '**') and not any(self.inside):
+            self.asterisks.append(data.strip())
+
+    def handle_endtag(self, tag):
+        if (tag in self.AS_IT_STANDS or tag in self.OF_DOXYGEN) and self.inside:
+            self.inside.pop()
 
     def handle_starttag(self, tag, attributes):
         fields = dict(attributes)
+        if tag in self.AS_IT_STANDS or tag in self.OF_DOXYGEN:
+            self.inside.append(tag in self.AS_IT_STANDS or fields.get('class') in self.OF_DOXYGEN[tag])
         self.places.update(fields[name] for name in ('id', 'name') if fields.get(name))
         self.links += [fields[name] for name in ('href', 'src', 'data') if fields.get(name)]
 
@@ -33,6 +48,7 @@ def main(site, generated):
     pages = {path.resolve(): Page(path) for path in site.rglob('*.html')}
     menus = {path.resolve(): Menu(path) for pattern in ('menudata.js', 'navtreedata.js') for path in site.rglob(pattern)}
     broken = []
+    broken += [f'{path.name}: {text}' for path, page in pages.items() for text in page.asterisks]
     for path, page in [*pages.items(), *menus.items()]:
         for link in page.links:
             parts = urllib.parse.urlsplit(link)

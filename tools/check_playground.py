@@ -25,7 +25,11 @@ QUESTIONS = [
     ('10 dBm + 10 dBm', '', ''),
     ('5 pinch', 'm', ''),
     ('5 m', 'm/s', ''),
+    ('70 dBuV + 3 dB', 'dBm', '50 ohm'),
+    ('10 dBm [9, 11] + 3 dB', 'dBm', 'zzz'),
+    ('20 dBm == 100 mW', 'W', ''),
     # What nobody means.
+    ('5 [4, nan] V', 'V', ''),
     ('<img src=x onerror=document.body.remove()>', '</output>', '"&'),
     ('5 m', '\u202e\U0001f4a9', ''),
     ('1e999 m', 'm', ''),
@@ -57,7 +61,7 @@ def shown(page, question):
 def expected(tool, question):
     text, unit, across = question
     if re.search(r' ([-+*/<>]|[<>=!]=) ', text) or not unit:
-        command = ['compute', text, *(['--to', unit] if unit else [])]
+        command = ['compute', text, *(['--to', unit] if unit else []), *(['--with', across] if across else [])]
     else:
         command = ['convert', text, unit, *(['--with', across] if across else [])]
     done = subprocess.run([tool, *command], capture_output=True, text=True, check=False)
@@ -72,7 +76,7 @@ def main(page, tool, screenshot):
         if answer != wanted:
             failures += 1
             print(f'{question}\n  the tool: {wanted!r}\n  the page: {answer!r}')
-        if has_picture != ('[' in answer and '\n' not in answer):
+        if has_picture != bool(re.fullmatch(r'-?\d[^[]*\[.*\]', answer)):
             failures += 1
             print(f'{question}: {"a" if has_picture else "no"} picture of {answer}')
     chromium(f'--screenshot={screenshot}', '--window-size=900,700', address(page, QUESTIONS[0]))
