@@ -36,12 +36,14 @@ def draw_costs(times):
     jobs = [job for job in JOBS if job in times and 'udunits' in times[job]]
     figure, axes = plt.subplots(figsize=(6.5, 3))
     for row, job in enumerate(reversed(jobs)):
-        for shift, who, colour in ((.2, 'ours', OURS), (-.2, 'udunits', PEER)):
+        for shift, who, colour in ((.12, 'ours', OURS), (-.12, 'udunits', PEER)):
             median = statistics.median(times[job][who])
-            axes.barh(row + shift, median, .36, color=colour, label={'ours': 'ValueObject', 'udunits': 'UDUNITS-2'}[who] if row == 0 else None)
-            axes.text(median, row + shift, f' {median:.0f}', va='center', fontsize=8)
+            axes.plot(median, row + shift, 'o', color=colour, label={'ours': 'ValueObject', 'udunits': 'UDUNITS-2'}[who] if row == 0 else None)
+            axes.text(median * 1.15, row + shift, f'{median:.0f}', va='center', fontsize=8)
     axes.set_yticks(range(len(jobs)), [JOBS[job] for job in reversed(jobs)])
     axes.set_xscale('log')
+    axes.set_xlim(1, 4000)
+    axes.grid(axis='x', alpha=.3)
     axes.set_xlabel('nanoseconds: value and both bounds, units given at run time')
     axes.legend(loc='upper right', fontsize=8)
     save(figure, 'costs.svg')

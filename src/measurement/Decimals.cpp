@@ -241,9 +241,9 @@ int Leading_place(double number) {
 
 namespace {
 
-// Beyond these, a number is easier to read with an exponent.
-constexpr int Greatest_fixed_place = 16;
-constexpr int Least_fixed_place = -20;
+// Of numbers that are written without an exponent, as quantities are.
+constexpr int Greatest_fixed_place = 14;
+constexpr int Least_fixed_place = -5;
 
 std::string Fixed(std::string digits, int place) {
     if (place >= 0) {
@@ -267,17 +267,19 @@ std::string With_exponent(std::string digits, int place) {
 
 } // namespace
 
-std::string Text_of(Decimal const& decimal, Zeros zeros) {
-    std::string const sign = decimal.is_negative && !decimal.digits.empty() ? "-" : "";
+std::string Text_of(Decimal const& decimal, Notation notation) {
+    bool const fixed = notation == Notation::fixed;
     if (decimal.digits.empty()) {
-        return decimal.place < 0 && decimal.place >= Least_fixed_place ? Fixed("0", decimal.place)
-                                                                       : "0";
+        return fixed && decimal.place < 0 ? Fixed("0", decimal.place) : "0";
     }
-    int const leading = decimal.place + static_cast<int>(decimal.digits.size()) - 1;
-    bool const fixed = leading < Greatest_fixed_place && decimal.place >= Least_fixed_place &&
-                       (zeros == Zeros::filled || decimal.place <= 0);
-    return sign + (fixed ? Fixed(decimal.digits, decimal.place)
-                         : With_exponent(decimal.digits, decimal.place));
+    return (decimal.is_negative ? "-" : "") + (fixed
+                                                   ? Fixed(decimal.digits, decimal.place)
+                                                   : With_exponent(decimal.digits, decimal.place));
+}
+
+Notation Notation_at(int leading_place) {
+    bool const fixed = leading_place >= Least_fixed_place && leading_place <= Greatest_fixed_place;
+    return fixed ? Notation::fixed : Notation::with_exponent;
 }
 
 } // namespace Varnix::Value::Physics

@@ -50,10 +50,13 @@ Decimal Difference(Decimal const& first, Decimal const& second);
 // The place of the leading digit of a number other than zero.
 int Leading_place(double number);
 
-// "12.50", "-0.3", "1.25e-12"; with all digits. Places above the units are filled with zeros,
-// "1200", or, where no zero is to stand for a digit that is not meant, have an exponent, "1.2e+03".
-enum class Zeros { filled, meant };
-std::string Text_of(Decimal const& decimal, Zeros zeros = Zeros::filled);
+// With all digits: "12.50", "-0.3", "1200", where places above the units are filled with zeros; or
+// "1.25e-12", "1.2e+03".
+enum class Notation { fixed, with_exponent };
+std::string Text_of(Decimal const& decimal, Notation notation);
+
+// How a number is easiest to read whose leading digit is at that place.
+Notation Notation_at(int leading_place);
 
 } // namespace Varnix::Value::Physics
 

@@ -75,19 +75,30 @@ bool Value_encloses_bounds(Measurement const& x, std::string const& value) {
     return Round_down(read) <= x.Get_lower() && Round_up(read) >= x.Get_upper();
 }
 
-std::string Bound_text(double bound, Decimal (*rounded)(double, int), int place) {
-    return std::isinf(bound) ? Shortest(bound) : Text_of(rounded(bound, place));
+using Rounding = Decimal (*)(double number, int place);
+
+// Where numbers end, and how they are written.
+struct Ending {
+    int place;
+    Notation notation;
+};
+
+std::string Bound_text(double bound, Rounding rounded, Ending const& ending) {
+    return std::isinf(bound) ? Shortest(bound)
+                             : Text_of(rounded(bound, ending.place), ending.notation);
 }
 
 // All three to one place, the bounds outward.
-Number_texts Texts_at(Measurement const& x, int place, Zeros zeros = Zeros::filled) {
+Number_texts Texts_at(Measurement const& x, Ending const& ending) {
+    auto const [place, notation] = ending;
     Decimal const value = Nearest_at(x.Get_value(), place);
-    Number_texts texts = {Text_of(value), Bound_text(x.Get_lower(), Decimal_below, place),
-                          Bound_text(x.Get_upper(), Decimal_above, place), ""};
+    Number_texts texts = {Text_of(value, notation),
+                          Bound_text(x.Get_lower(), Decimal_below, ending),
+                          Bound_text(x.Get_upper(), Decimal_above, ending), ""};
     if (std::isfinite(x.Get_lower()) && std::isfinite(x.Get_upper())) {
         Decimal const below = Difference(value, Decimal_below(x.Get_lower(), place));
         Decimal const above = Difference(Decimal_above(x.Get_upper(), place), value);
-        texts.deviation = below == above && !below.is_negative ? Text_of(below, zeros) : "";
+        texts.deviation = below == above && !below.is_negative ? Text_of(below, notation) : "";
     }
     return texts;
 }
@@ -120,9 +131,9 @@ std::string Shortest_deviation(Measurement const& x) {
     }
     int const last =
         std::min({Last_place(x.Get_value()), Last_place(x.Get_lower()), Last_place(x.Get_upper())});
-    int place = Leading_place(std::max(std::fabs(x.Get_lower()), std::fabs(x.Get_upper())));
-    for (; place >= last; --place) {
-        Number_texts const texts = Texts_at(x, place);
+    int const first = Leading_place(std::max(std::fabs(x.Get_lower()), std::fabs(x.Get_upper())));
+    for (int place = first; place >= last; --place) {
+        Number_texts const texts = Texts_at(x, {place, Notation_at(first)});
         if (Read_closely(texts, x)) {
             return texts.deviation;
         }
@@ -135,8 +146,6 @@ Number_texts Shortest_texts(Measurement const& x, Bounds_style style) {
             style == Bounds_style::symmetric ? Shortest_deviation(x) : ""};
 }
 
-using Rounding = Decimal (*)(double number, int place);
-
 // A number of so many digits; one that a carry makes longer ends a place earlier.
 Decimal With_digits(double number, Rounding rounded, int digits) {
     int const place = (number == 0.0 ? 0 : Leading_place(number)) - digits + 1;
@@ -144,18 +153,26 @@ Decimal With_digits(double number, Rounding rounded, int digits) {
     return static_cast<int>(decimal.digits.size()) > digits ? rounded(number, place + 1) : decimal;
 }
 
+// No zero stands for a digit that is not meant.
+Ending Ending_of(Decimal const& decimal) {
+    int const leading = decimal.place + static_cast<int>(decimal.digits.size()) - 1;
+    return {decimal.place, decimal.place > 0 ? Notation::with_exponent : Notation_at(leading)};
+}
+
 std::string Text_with_digits(double number, Rounding rounded, int digits) {
-    return std::isinf(number) ? Shortest(number)
-                              : Text_of(With_digits(number, rounded, digits), Zeros::meant);
+    if (std::isinf(number)) {
+        return Shortest(number);
+    }
+    Decimal const decimal = With_digits(number, rounded, digits);
+    return Text_of(decimal, Ending_of(decimal).notation);
 }
 
 // Each number with its own digits; a deviation ends where the value does.
 Number_texts Significant_texts(Measurement const& x, int digits) {
-    int const place = With_digits(x.Get_value(), Nearest_at, digits).place;
+    Ending const ending = Ending_of(With_digits(x.Get_value(), Nearest_at, digits));
     return {Text_with_digits(x.Get_value(), Nearest_at, digits),
             Text_with_digits(x.Get_lower(), Decimal_below, digits),
-            Text_with_digits(x.Get_upper(), Decimal_above, digits),
-            Texts_at(x, place, Zeros::meant).deviation};
+            Text_with_digits(x.Get_upper(), Decimal_above, digits), Texts_at(x, ending).deviation};
 }
 
 constexpr int Default_bound_digits = 2;
@@ -169,7 +186,11 @@ Number_texts Texts_by_bounds(Measurement const& x, int digits, Bounds_style styl
     if (!is_wide || !std::isfinite(half)) {
         return Shortest_texts(x, style);
     }
-    return Texts_at(x, Leading_place(half) - (digits > 0 ? digits : Default_bound_digits) + 1);
+    // Half of [4.9, 5.1] is a tenth, and its double may lie below that.
+    int const place =
+        With_digits(half, Nearest_at, digits > 0 ? digits : Default_bound_digits).place;
+    int const leading = Leading_place(std::max(std::fabs(x.Get_value()), half));
+    return Texts_at(x, {place, Notation_at(leading)});
 }
 
 Number_texts Texts_of(Measurement const& x, Text_format const& format) {
@@ -179,7 +200,7 @@ Number_texts Texts_of(Measurement const& x, Text_format const& format) {
     case Digits::significant:
         return Significant_texts(x, std::min(std::max(format.count, 1), 100));
     case Digits::decimals:
-        return Texts_at(x, -std::min(std::max(format.count, 0), 100));
+        return Texts_at(x, {-std::min(std::max(format.count, 0), 100), Notation::fixed});
     case Digits::by_bounds:
         return Texts_by_bounds(x, std::min(format.count, 100), format.bounds);
     }
