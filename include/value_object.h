@@ -299,7 +299,8 @@ typedef struct vo_converter vo_converter;
 
 /** Which results a converter gives. */
 typedef enum vo_rules {
-    VO_MEASUREMENTS = 0, /**< the nearest double to what vo_measurement_convert encloses */
+    VO_MEASUREMENTS = 0, /**< the nearest double to what vo_measurement_convert encloses; of
+                             levels within 4 units in the last place or 1e-13 dB */
     VO_QUANTITIES = 1    /**< what vo_quantity_convert gives, to the bit */
 } vo_rules;
 

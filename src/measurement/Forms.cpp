@@ -4,7 +4,7 @@
 
 #include <varnix/value/Value_object.h>
 
-#include <cstdlib>
+#include <cstddef>
 
 namespace Varnix::Value::Physics {
 
@@ -59,6 +59,26 @@ namespace {
 
 constexpr int Largest_power = 64;
 
+// A unit to the power of zero is none: what a quantity is measured in are the others.
+Units Without_zero_powers(Units const& unit) {
+    Units kept = {unit.spl_conv, unit.si_prefix, {}};
+    std::size_t count = 0;
+    for (Unit_tuple const& tuple : unit.tuples) {
+        if (tuple.unit != NO_UNIT && tuple.exponent != 0) {
+            kept.tuples[count++] = tuple;
+        }
+    }
+    return kept;
+}
+
+void Check_powers(Units const& unit) {
+    for (Unit_tuple const& tuple : unit.tuples) {
+        if (tuple.exponent > Largest_power || tuple.exponent < -Largest_power) {
+            throw Refusal::exponent_out_of_range;
+        }
+    }
+}
+
 void Check_level(Units const& unit) {
     bool const on_a_scale = unit.tuples[1].unit == NO_UNIT && unit.tuples[0].exponent == 1 &&
                             (unit.tuples[0].unit == DEGREE_C || unit.tuples[0].unit == DEGREE_F);
@@ -70,7 +90,7 @@ void Check_level(Units const& unit) {
 } // namespace
 
 Units Valid_unit(Units const& unit, bool is_difference) {
-    Units const valid = Value_object<double>(0.0, unit, 0.0, 0.0).Get_unit();
+    Units const valid = Without_zero_powers(Value_object<double>(0.0, unit, 0.0, 0.0).Get_unit());
     if (!Is_known_prefix(valid.si_prefix)) {
         throw Refusal::unit_not_valid;
     }
@@ -80,11 +100,7 @@ Units Valid_unit(Units const& unit, bool is_difference) {
         }
         return Is_decibel(valid) ? C_DB : C_Empty;
     }
-    for (Unit_tuple const& tuple : valid.tuples) {
-        if (tuple.unit != NO_UNIT && std::abs(tuple.exponent) > Largest_power) {
-            throw Refusal::exponent_out_of_range;
-        }
-    }
+    Check_powers(valid);
     if (Is_decibel(valid)) {
         Check_level(valid);
     } else if (Form_of(valid, is_difference) == Form::scale_point && valid.si_prefix != NO_PREFIX) {

@@ -44,7 +44,7 @@ Units Reference_of_product(Units const& left, int sign, Units const& right) {
     }
     unit.si_prefix = Prefix_of_product(left.si_prefix, sign, right.si_prefix);
     unit.spl_conv = SPL_DB;
-    return unit;
+    return Valid_unit(unit);
 }
 
 bool Is_power(Kind const& kind) {

@@ -17,9 +17,9 @@ namespace {
 
 constexpr double infinity = std::numeric_limits<double>::infinity();
 
-Units Checked_unit(Units const& unit) {
+Units Checked_unit(Units const& unit, bool is_difference = false) {
     try {
-        return Valid_unit(unit);
+        return Valid_unit(unit, is_difference);
     } catch (Refusal reason) {
         Refuse(reason, "cannot measure in " + Described(unit));
     }
@@ -36,6 +36,14 @@ void Check_numbers(double value, double lower, double upper) {
     }
     if (value < lower || value > upper) {
         throw Refusal::value_outside_bounds;
+    }
+}
+
+void Check_numbers(double value, double lower, double upper, Units const& unit) {
+    try {
+        Check_numbers(value, lower, upper);
+    } catch (Refusal reason) {
+        Refuse(reason, "cannot measure " + Described(value, lower, upper, unit));
     }
 }
 
@@ -76,16 +84,21 @@ Measurement::Measurement(double value_, Units const& unit_)
 Measurement::Measurement(double value_, Units const& unit_, double lower_, double upper_)
     : value(value_ + 0.0), lower(lower_ + 0.0), upper(upper_ + 0.0), unit(Checked_unit(unit_)),
       difference(false) {
-    try {
-        Check_numbers(value, lower, upper);
-    } catch (Refusal reason) {
-        Refuse(reason, "cannot measure " + Described(value, lower, upper, unit));
-    }
+    Check_numbers(value, lower, upper, unit);
 }
 
 Measurement Measurement::Between(double lower, double upper, Units const& unit) {
     bool const can_be = !std::isnan(lower) && !std::isnan(upper) && lower <= upper;
     return {can_be ? Middle(lower, upper) : lower, unit, lower, upper};
+}
+
+Measurement Measurement::Difference(double value, Units const& unit, double lower, double upper) {
+    Units const valid = Checked_unit(unit, true);
+    if (!Is_temperature(valid)) {
+        Refuse(Refusal::temperature_role, "cannot measure a difference in " + Described(valid));
+    }
+    Check_numbers(value, lower, upper, valid);
+    return Measurement_parts::Made(value, lower, upper, valid, true);
 }
 
 Measurement Measurement::From(Value_object<double> const& quantity, Levels levels) {
@@ -141,9 +154,10 @@ bool Short_conversion(Measurement const& x, Units const& target, Numbers& number
 
 Measurement Converted_to(Measurement const& x, Units const& target) {
     Numbers numbers{};
+    bool const is_difference = x.Is_difference() && Is_temperature(target); // a level is none
     return Short_conversion(x, target, numbers)
-               ? Made_of(numbers, target, x.Is_difference())
-               : Rounded(Converted(x, target), target, x.Is_difference());
+               ? Made_of(numbers, target, is_difference)
+               : Rounded(Converted(x, target), target, is_difference);
 }
 
 } // namespace

@@ -93,22 +93,42 @@ double Measurement_converter::Nearest_of_enclosed(double number) const noexcept 
                : number;
 }
 
+double Measurement_converter::Quantity_of(double level) const noexcept {
+    if (!std::isfinite(level)) {
+        return std::pow(10.0, level) * factor_high;
+    }
+    // The whole powers of ten apart, so that the power to be taken of ten is small.
+    double const tens = std::nearbyint(level / step);
+    double const rest = std::pow(10.0, (level - tens * step) / step);
+    if (std::fabs(tens) <= 250.0) {
+        return rest * (std::pow(10.0, tens) * factor_high);
+    }
+    // In two halves, which are doubles where the whole may be none.
+    double const half = std::nearbyint(tens / 2.0);
+    return rest * std::pow(10.0, half) * factor_high * std::pow(10.0, tens - half);
+}
+
+double Measurement_converter::Level_of(double number) const noexcept {
+    double const ratio = number * factor_high;
+    if (std::isnormal(ratio) || !std::isfinite(number)) {
+        return step * std::log10(ratio);
+    }
+    // Beyond the doubles, or where they have fewer digits.
+    int exponent = 0;
+    double const digits = std::frexp(number, &exponent) * factor_high;
+    return step * (std::log10(digits) + exponent * std::log10(2.0));
+}
+
 double Measurement_converter::Convert_number(double number) const noexcept {
     switch (way) {
     case Way::same:
         return number;
     case Way::linear:
         return Nearest(number);
-    case Way::level_to_linear: {
-        // The whole powers of ten apart, so that the power to be taken of ten is small.
-        double const tens = std::nearbyint(number / step);
-        double const rest = std::pow(10.0, (number - tens * step) / step);
-        return std::fabs(tens) <= 300.0 ? rest * (std::pow(10.0, tens) * factor_high)
-                                        : std::pow(10.0, number / step) * factor_high;
-    }
+    case Way::level_to_linear:
+        return Quantity_of(number);
     case Way::linear_to_level:
-        return number == 0.0 ? -std::numeric_limits<double>::infinity()
-                             : step * std::log10(number * factor_high);
+        return number == 0.0 ? -std::numeric_limits<double>::infinity() : Level_of(number);
     }
     return number;
 }

@@ -3,7 +3,6 @@
 #include <varnix/value/Measurement_text.h>
 
 #include "Decimals.h"
-#include "Measurement_parts.h"
 
 #include <cmath>
 #include <optional>
@@ -99,15 +98,6 @@ Read_numbers Numbers_of(Quantity_parts const& parts) {
     }
 }
 
-// Checked as kelvins: a point in °C has no prefix, a difference may have one.
-Measurement Difference(Read_numbers const& numbers, Units const& unit) {
-    Units kelvins = unit;
-    kelvins.tuples[0].unit = KELVIN;
-    Measurement const checked(numbers.value, kelvins, numbers.lower, numbers.upper);
-    return Measurement_parts::Made(checked.Get_value(), checked.Get_lower(), checked.Get_upper(),
-                                   unit, true);
-}
-
 // ---- The whole
 
 using Failure = std::variant<Text_fault, MeasurementRefused>;
@@ -137,7 +127,8 @@ Read Read_measurement(std::string_view text) {
     Read_numbers const numbers = Numbers_of(*parts);
     try {
         return unit->is_difference
-                   ? Difference(numbers, unit->unit)
+                   ? Measurement::Difference(numbers.value, unit->unit, numbers.lower,
+                                             numbers.upper)
                    : Measurement(numbers.value, unit->unit, numbers.lower, numbers.upper);
     } catch (MeasurementRefused const& refused) {
         return Refused_at{refused, Is_about_unit(refused.Get_reason()) ? parts->unit_position

@@ -214,8 +214,13 @@ constexpr Units_list prefixed_units[] = {METER, SECOND, GRAM, WATT, VOLT, AMP, O
 constexpr SI_units engineering_prefixes[] = {PICO, NANO, MICRO, MILLI, NO_PREFIX, KILO, MEGA,
                                              GIGA, TERA, PETA,  EXA,   ZETTA,     YOTTA};
 
+// Prefixes of which differences are no greater than an int. Those of the catalogue go to 24.
+constexpr int greatest_prefix = 1000;
+
 bool Takes_prefix(Units unit) {
-    bool const decimal = unit.si_prefix == NO_PREFIX || Units_library::Get_unit_base(unit) == 10.0;
+    bool const decimal = unit.si_prefix == NO_PREFIX ||
+                         (Units_library::Get_unit_base(unit) == 10.0 &&
+                          unit.si_prefix >= -greatest_prefix && unit.si_prefix <= greatest_prefix);
     unit.si_prefix = NO_PREFIX;
     if (!decimal || unit.spl_conv == SPL_DB) {
         return false;

@@ -31,6 +31,14 @@ bool Reads_back(std::string const& text, Units const& unit) {
     return read && *read == unit;
 }
 
+// Powers in empty slots say nothing, and are not written.
+Units With_clear_slots(Units unit) {
+    for (Unit_tuple& tuple : unit.tuples) {
+        tuple.exponent = tuple.unit == NO_UNIT ? 0 : tuple.exponent;
+    }
+    return unit;
+}
+
 Units Without_prefix(Units unit) {
     unit.si_prefix = NO_PREFIX;
     return unit;
@@ -99,10 +107,11 @@ std::string Power_of_prefixed(Units const& unit, Unit_string_type spelling) {
 std::string Prefix_at_a_unit(Units const& unit, Unit_string_type spelling) {
     for (std::size_t k = 0; k < Tuple_count && unit.tuples[k].unit != NO_UNIT; ++k) {
         std::int32_t const power = unit.tuples[k].exponent;
-        if (power == 0 || power == INT32_MIN || unit.si_prefix % power != 0) {
+        std::int64_t const scale = unit.si_prefix; // INT32_MIN / -1 has no 32 bits
+        if (power == 0 || power == INT32_MIN || scale % power != 0) {
             continue;
         }
-        std::string const prefix = Prefix_text(unit.si_prefix / power, spelling);
+        std::string const prefix = Prefix_text(scale / power, spelling);
         if (!prefix.empty()) {
             return Explicit_units(unit, spelling, prefix, k);
         }
@@ -111,7 +120,7 @@ std::string Prefix_at_a_unit(Units const& unit, Unit_string_type spelling) {
 }
 
 std::string With_power_of_ten(Units const& unit, std::string const& units) {
-    return "(10^" + std::to_string(unit.si_prefix) + ' ' + units + ')';
+    return "(10^" + std::to_string(unit.si_prefix) + (units.empty() ? "" : " ") + units + ')';
 }
 
 // "km/h" is prefix and units like any other; the special name of the core is "Km/h".
@@ -209,9 +218,29 @@ std::vector<std::string> Level_spellings(Units const& unit, Unit_string_type spe
     return texts;
 }
 
+// ---- What no text is read as
+
+std::string Power_text(Unit_tuple const& tuple, Unit_string_type spelling) {
+    std::string const alone = Tuple_text({tuple.unit, 1}, spelling);
+    return tuple.exponent == 1 ? alone : alone + '^' + std::to_string(tuple.exponent);
+}
+
+// All that a unit consists of, for eyes: "(10^99 V)", "dB(10^0 V^0)". It is refused where it is read,
+// which is better than to be taken for another unit.
+std::string Unreadable_text(Units const& unit, Unit_string_type spelling) {
+    std::string units;
+    for (Unit_tuple const& tuple : unit.tuples) {
+        if (tuple.unit != NO_UNIT) {
+            units += (units.empty() ? "" : "*") + Power_text(tuple, spelling);
+        }
+    }
+    return (unit.spl_conv == SPL_DB ? "dB" : "") + With_power_of_ten(unit, units);
+}
+
 } // namespace
 
-std::string Format_unit(Units const& unit, Unit_string_type spelling) {
+std::string Format_unit(Units const& given, Unit_string_type spelling) {
+    Units const unit = With_clear_slots(given);
     std::string core_text = Spelled(unit, spelling);
     if (spelling != STR_NAME && spelling != STR_SYMBOL) {
         return core_text;
@@ -228,7 +257,7 @@ std::string Format_unit(Units const& unit, Unit_string_type spelling) {
             return text;
         }
     }
-    return core_text;
+    return Try_parse_unit(core_text) ? Unreadable_text(unit, spelling) : core_text;
 }
 
 } // namespace Varnix::Value

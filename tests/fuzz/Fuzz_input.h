@@ -80,12 +80,19 @@ class Input {
   private:
     Units Take_small_unit(std::size_t count) {
         auto const marker = static_cast<Special_conversion>(Take<std::uint8_t>() % 3);
-        Units unit = {marker, static_cast<SI_units>(Take<std::int8_t>()), {}};
+        Units unit = {marker, static_cast<SI_units>(Take_small_number()), {}};
         for (std::size_t k = 0; k < count; ++k) {
             auto const code = static_cast<Units_list>(Take<std::uint8_t>() % (Unit_code_limit + 1));
-            unit.tuples[k] = {code, Take<std::int8_t>()};
+            unit.tuples[k] = {code, Take_small_number()};
         }
         return unit;
+    }
+
+    // The ends of eight bits stand for those of all.
+    std::int32_t Take_small_number() {
+        using Limits = std::numeric_limits<std::int32_t>;
+        auto const taken = Take<std::int8_t>();
+        return taken == -128 ? Limits::min() : taken == 127 ? Limits::max() : taken;
     }
 
     std::uint8_t const* next;

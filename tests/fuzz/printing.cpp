@@ -49,11 +49,21 @@ void Check_round_trip(Quantity const& quantity) {
     CHECK(Same_number(again.Get_minus_err(), quantity.Get_minus_err()) && Same_number(again.Get_plus_err(), quantity.Get_plus_err()));
 }
 
-// A unit is read as the one that was written.
+// Powers in empty slots say nothing.
+Units With_clear_slots(Units unit) {
+    for (Unit_tuple& tuple : unit.tuples) {
+        tuple.exponent = tuple.unit == NO_UNIT ? 0 : tuple.exponent;
+    }
+    return unit;
+}
+
+// A unit is read as the one that was written, or not at all.
 void Check_unit(Units const& unit) {
     for (Unit_string_type const spelling : {STR_SYMBOL, STR_NAME}) {
         auto const read = Try_parse_unit(Format_unit(unit, spelling));
         CHECK(!Shows_in_text(unit) || unit.tuples[0].unit == NO_UNIT || (read && *read == unit));
+        Units const shown = With_clear_slots(unit);
+        CHECK(!read || *read == shown || !Is_canonical(shown) || unit.spl_conv > SPL_DB);
     }
 }
 

@@ -155,6 +155,11 @@ class VARNIX_VALUE_MEASUREMENT_EXPORT Measurement {
     ///         infinite.
     static Measurement Between(double lower, double upper, Units const& unit);
 
+    /// A difference of temperatures, in a unit that is a temperature to the first power: the
+    /// constructor's quantity `As_difference`. A prefix on °C or °F, which no point has, is allowed.
+    /// @throws as the constructor, and MeasurementRefused temperature_role for any other unit.
+    static Measurement Difference(double value, Units const& unit, double lower, double upper);
+
     /// The numbers and the unit of `quantity`, nothing converted.
     /// @throws as the constructor; MeasurementRefused levels_disagree for a level that stands for
     ///         another quantity there, unless `levels` lets it pass.

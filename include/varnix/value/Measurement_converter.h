@@ -59,6 +59,8 @@ class VARNIX_VALUE_MEASUREMENT_EXPORT Measurement_converter {
 
     double Nearest(double number) const noexcept;
     double Nearest_of_enclosed(double number) const noexcept;
+    double Quantity_of(double level) const noexcept;
+    double Level_of(double number) const noexcept;
 
     Units source;
     Units target;
