@@ -127,7 +127,9 @@ VO_EXPORT vo_status vo_unit_parse(char const* text, vo_unit* unit, vo_fault* fau
 VO_EXPORT vo_status vo_unit_parse_scpi(char const* text, vo_unit* unit, vo_fault* fault);
 
 /**
- * Writes a unit so that vo_unit_parse reads the same one.
+ * Writes a unit so that vo_unit_parse reads the same one. That of a plain number is written as
+ * nothing; and what no text is read as, a power of zero or a prefix beyond 10^40, so that it is not
+ * taken for another unit.
  *
  * Like every function that writes a text: `buffer` has room for `size` bytes, the zero byte
  * included, and may be NULL if `size` is 0. `length`, unless it is NULL, receives the length of the
@@ -145,11 +147,14 @@ VO_EXPORT vo_status vo_unit_kind(vo_unit const* unit, char* buffer, size_t size,
 VO_EXPORT vo_status vo_unit_same_kind(vo_unit const* first, vo_unit const* second, int* same,
                                       vo_fault* fault);
 
-/** The unit of a product of quantities in these units, by the rules of vo_quantity_multiply. */
+/**
+ * The unit that vo_quantity_multiply gives to a product of quantities in these units. The number has
+ * its own part in it: 1 km times 1 km are 1000000 m^2.
+ */
 VO_EXPORT vo_status vo_unit_multiply(vo_unit const* first, vo_unit const* second, vo_unit* product,
                                      vo_fault* fault);
 
-/** The unit of a quotient, as vo_unit_multiply. */
+/** The unit that vo_quantity_divide gives to a quotient, as vo_unit_multiply. */
 VO_EXPORT vo_status vo_unit_divide(vo_unit const* first, vo_unit const* second, vo_unit* quotient,
                                    vo_fault* fault);
 
@@ -190,8 +195,8 @@ VO_EXPORT vo_status vo_measurement_make(double value, double lower, double upper
 VO_EXPORT vo_status vo_measurement_parse(char const* text, vo_measurement* read, vo_fault* fault);
 
 /**
- * Writes a measurement, as vo_unit_format. `format` is "" for the fewest digits that give back the
- * same bits; or digits (".3" significant, ".2f" decimals, "b" by the bounds), then "p" for ± or "~"
+ * Writes a measurement, as vo_unit_format. `format` is "" for the fewest digits that give back each
+ * number, which vo_measurement_parse encloses: at most one unit in the last place wider; or digits (".3" significant, ".2f" decimals, "b" by the bounds), then "p" for ± or "~"
  * without bounds, then "k" with a prefix by size. Any other is VO_INVALID_ARGUMENT.
  */
 VO_EXPORT vo_status vo_measurement_format(vo_measurement const* x, char const* format, char* buffer,

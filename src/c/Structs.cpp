@@ -39,15 +39,13 @@ Value_object<double> Quantity_at(vo_quantity const* quantity) {
 
 Measurement Measurement_at(vo_measurement const* measurement) {
     vo_measurement const& given = At(measurement, "a measurement is a null pointer");
-    Measurement const read(given.value, Unit_at(&given.unit), given.lower, given.upper);
-    if (given.difference == 0) {
-        return read;
+    if (given.difference != 0 && given.difference != 1) {
+        throw Invalid_argument{"the field difference of a measurement is neither 0 nor 1"};
     }
-    Measurement const difference = read.As_difference();
-    if (given.difference != 1 || !difference.Is_difference()) {
-        throw Invalid_argument{"the field difference of a measurement is 1 for temperatures, or 0"};
-    }
-    return difference;
+    Units const unit = Unit_at(&given.unit);
+    return given.difference == 1
+               ? Measurement::Difference(given.value, unit, given.lower, given.upper)
+               : Measurement(given.value, unit, given.lower, given.upper);
 }
 
 vo_unit Struct_of(Units const& unit) noexcept {

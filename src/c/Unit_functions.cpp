@@ -7,7 +7,6 @@
 
 #include <varnix/value/Text_parsing.h>
 #include <varnix/value/Unit_kinds.h>
-#include <varnix/value/Units_library.h>
 
 using namespace Varnix::Value;
 using namespace Varnix::Value::C;
@@ -17,6 +16,10 @@ namespace {
 // As a quantity is given its unit: checked, and in canonical order.
 Units Checked_unit_at(vo_unit const* unit) {
     return Value_object<double>(0.0, Unit_at(unit), 0.0, 0.0).Get_unit();
+}
+
+Value_object<double> One_at(vo_unit const* unit) {
+    return {1.0, Unit_at(unit), 1.0, 1.0};
 }
 
 } // namespace
@@ -56,15 +59,17 @@ vo_status vo_unit_same_kind(vo_unit const* first, vo_unit const* second, int* sa
 vo_status vo_unit_multiply(vo_unit const* first, vo_unit const* second, vo_unit* product,
                            vo_fault* fault) {
     return Guarded(fault, [&] {
-        Store(Units_library::Multiply_units(Checked_unit_at(first), Checked_unit_at(second)),
-              product);
+        Value_object<double> one = One_at(first);
+        one *= One_at(second);
+        Store(one.Get_unit(), product);
     });
 }
 
 vo_status vo_unit_divide(vo_unit const* first, vo_unit const* second, vo_unit* quotient,
                          vo_fault* fault) {
     return Guarded(fault, [&] {
-        Store(Units_library::Divide_units(Checked_unit_at(first), Checked_unit_at(second)),
-              quotient);
+        Value_object<double> one = One_at(first);
+        one /= One_at(second);
+        Store(one.Get_unit(), quotient);
     });
 }

@@ -26,17 +26,18 @@ std::string Prefix_text(std::int64_t prefix, Unit_string_type spelling) {
     return Units_library::Get_unit_str_si_map(unit, spelling);
 }
 
-bool Reads_back(std::string const& text, Units const& unit) {
-    auto const read = Try_parse_unit(text);
-    return read && *read == unit;
-}
-
 // Powers in empty slots say nothing, and are not written.
 Units With_clear_slots(Units unit) {
     for (Unit_tuple& tuple : unit.tuples) {
         tuple.exponent = tuple.unit == NO_UNIT ? 0 : tuple.exponent;
     }
     return unit;
+}
+
+// As a unit without powers in empty slots, as all are here.
+bool Reads_back(std::string const& text, Units const& unit) {
+    auto const read = Try_parse_unit(text);
+    return read && With_clear_slots(*read) == unit;
 }
 
 Units Without_prefix(Units unit) {

@@ -213,6 +213,14 @@ static void Check_other_answers(void) {
     CHECK(vo_measurement_format(&difference, "", text, sizeof text, NULL, NULL) == VO_OK);
     Expect("10 ΔmK", text);
 
+    difference = Read("5 Δm°F");
+    CHECK(vo_measurement_add(&difference, &difference, &difference, NULL) == VO_OK);
+    CHECK(vo_measurement_format(&difference, "", text, sizeof text, NULL, NULL) == VO_OK);
+    Expect("10 Δm°F", text);
+    difference = Read("100 ΔK");
+    product = Unit("dBK");
+    CHECK(vo_measurement_convert(&difference, &product, &difference, NULL) == VO_OK && difference.difference == 0);
+
     CHECK(vo_quantity_parse("10 V [9, 11]", &first, NULL) == VO_OK);
     CHECK(vo_quantity_parse("5 ohm", &second, NULL) == VO_OK);
     CHECK(vo_quantity_convert_with(&first, &watt, &second, &power, NULL) == VO_OK);
@@ -226,6 +234,16 @@ static void Check_other_answers(void) {
 
     CHECK(vo_unit_multiply(&watt, &watt, &product, NULL) == VO_OK);
     CHECK(vo_unit_divide(&product, &watt, &product, NULL) == VO_OK && memcmp(&product, &watt, sizeof watt) == 0);
+    product = Unit("km");
+    CHECK(vo_unit_multiply(&product, &product, &product, NULL) == VO_OK);
+    CHECK(vo_unit_format(&product, text, sizeof text, NULL, NULL) == VO_OK);
+    Expect("m^2", text);
+    product = Unit("dB");
+    CHECK(vo_unit_multiply(&watt, &product, &product, NULL) == VO_OPERATION_NOT_VALID);
+    product = watt;
+    product.prefix = INT32_MIN; /* what no text is read as is written all the same, and refused */
+    product.factors[0].exponent = -1;
+    CHECK(vo_unit_format(&product, text, sizeof text, NULL, NULL) == VO_OK && vo_unit_parse(text, &product, NULL) == VO_TEXT_NOT_VALID);
     CHECK(vo_unit_same_kind(&watt, &target, &same, NULL) == VO_OK && same == 1);
     CHECK(vo_unit_kind(&watt, text, sizeof text, NULL, NULL) == VO_OK);
     Expect("power", text);
@@ -375,7 +393,7 @@ static void Check_statuses(void) {
     }
     x = Read("1 W");
     x.difference = 1; /* of temperatures alone */
-    CHECK(vo_measurement_add(&x, &x, &x, &fault) == VO_INVALID_ARGUMENT);
+    CHECK(vo_measurement_add(&x, &x, &x, &fault) == VO_REFUSED);
     x = Read("1 K");
     x.difference = 2;
     CHECK(vo_measurement_add(&x, &x, &x, &fault) == VO_INVALID_ARGUMENT);
@@ -471,10 +489,10 @@ static void Fill(vo_unit* unit) {
         return;
     }
     unit->decibels = Random_code() % 3;
-    unit->prefix = Random_code();
+    unit->prefix = Random_code() % 8 == 0 ? INT32_MIN : Random_code();
     for (int k = 0; k < 5; ++k) {
         unit->factors[k].unit = k < 2 ? Random_code() : 0;
-        unit->factors[k].exponent = k < 2 ? Random_code() : 0;
+        unit->factors[k].exponent = k >= 2 ? 0 : Random_code() % 8 == 0 ? INT32_MIN : Random_code();
     }
 }
 

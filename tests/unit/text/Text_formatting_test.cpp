@@ -118,6 +118,9 @@ Unit_case const unit_cases[] = {
     {"Area",         Unit({{METER, 2}}, NO_PREFIX, SPL_DB),          "dBsm",            "dBmeters^2"},
     {"PerKelvin",    Unit({{KELVIN, -1}}, NO_PREFIX, SPL_DB),        "dB/K",            "dB(/kelvin)"},
     {"Unknown",      Unit({{unknown_unit, 1}}),                      "",                ""},
+    {"NoSuchPrefix", Unit({{VOLT, 1}}, Power_of_ten(99)),            "(10^99 V)",       "(10^99 volts)"}, // refused: "V" is another unit
+    {"LeastPrefix",  Unit({{VOLT, -1}}, Power_of_ten(INT32_MIN)),    "(10^-2147483648 V^-1)", "(10^-2147483648 volts^-1)"},
+    {"ZeroPower",    Unit({{VOLT, 0}}),                              "(10^0 V^0)",      "(10^0 volts^0)"},
 };
 // clang-format on
 
