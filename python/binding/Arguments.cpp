@@ -1,5 +1,7 @@
 #include "Binding.h"
 
+#include <varnix/value/Text_formatting.h>
+
 #include <pybind11/numpy.h>
 
 #include <cmath>
@@ -8,24 +10,36 @@ namespace Varnix::Value::Python {
 
 namespace {
 
+bool Is_of(py::handle argument, py::handle numbers) {
+    bool const can_be = !py::isinstance<py::array>(argument) && !PyBool_Check(argument.ptr());
+    return can_be && py::isinstance(argument, numbers);
+}
+
 bool Is_real(py::handle argument) {
-    if (py::isinstance<py::array>(argument) || PyBool_Check(argument.ptr())) {
-        return false;
-    }
     static py::handle const real =
         py::object(py::module_::import("numbers").attr("Real")).release();
-    return py::isinstance(argument, real);
+    return Is_of(argument, real);
 }
 
 double As_double(py::handle argument) {
     double const number = PyFloat_AsDouble(argument.ptr());
-    if (PyErr_Occurred() != nullptr) {
+    if (PyErr_Occurred() == nullptr) {
+        return number;
+    }
+    if (PyErr_ExceptionMatches(PyExc_OverflowError) == 0) {
         throw py::error_already_set();
     }
-    return number;
+    PyErr_Clear();
+    throw py::value_error("a number beyond the largest double is no double");
 }
 
 } // namespace
+
+bool Is_whole(py::handle argument) {
+    static py::handle const whole =
+        py::object(py::module_::import("numbers").attr("Integral")).release();
+    return Is_of(argument, whole);
+}
 
 bool Is_number(py::handle argument, double& number) {
     if (PyFloat_Check(argument.ptr())) {
@@ -54,9 +68,11 @@ double Number_of(py::handle argument) {
     return number;
 }
 
-namespace {
-
 std::string_view Text_of(py::handle argument) {
+    if (!PyUnicode_Check(argument.ptr())) {
+        throw py::type_error("expected a text, found " +
+                             py::repr(argument.get_type()).cast<std::string>());
+    }
     Py_ssize_t size = 0;
     char const* const text = PyUnicode_AsUTF8AndSize(argument.ptr(), &size);
     if (text == nullptr) {
@@ -64,6 +80,8 @@ std::string_view Text_of(py::handle argument) {
     }
     return {text, static_cast<std::size_t>(size)};
 }
+
+namespace {
 
 [[noreturn]] void Raise_not_a(char const* what, py::handle argument) {
     throw py::type_error(std::string("expected ") + what + " or its text, found " +
@@ -110,10 +128,24 @@ Unit_argument Unit_of(py::handle argument) {
 Units Plain_unit_of(py::handle argument) {
     Unit_argument const unit = Unit_of(argument);
     if (unit.is_difference) {
-        throw py::value_error("differences of temperatures have no unit of their own; "
-                              "Difference(number, unit) makes one");
+        Raise("TextNotValid",
+              py::make_tuple("differences of temperatures have no unit of their own; "
+                             "Difference(number, unit) makes one",
+                             0, Format_unit(unit.unit)));
     }
     return unit.unit;
+}
+
+bool Is_text_alone(py::handle value, py::handle unit, py::handle lower, py::handle upper) {
+    if (lower.is_none() != upper.is_none()) {
+        throw py::type_error(
+            "a quantity has two bounds or none; an unknown one is -math.inf or math.inf");
+    }
+    if (unit.is_none() && (!PyUnicode_Check(value.ptr()) || !lower.is_none())) {
+        throw py::type_error(
+            "a quantity is made from a text, or from a number and its unit; \"\" is no unit");
+    }
+    return unit.is_none();
 }
 
 Measurement Read_quantity(std::string_view text) {
@@ -134,7 +166,7 @@ Measurement Quantity_of(py::handle argument) {
     return argument.cast<Measurement const&>();
 }
 
-// ---- Copies by pickle
+// ---- States of objects
 
 py::tuple State_of(Units const& unit) {
     py::tuple state(2 + 2 * Tuple_count);
@@ -152,12 +184,14 @@ Units Unit_from_state(py::tuple const& state) {
         throw py::value_error("not the state of a unit");
     }
     Units unit = C_Empty;
-    unit.spl_conv = state[0].cast<int>() != 0 ? SPL_DB : SPL_NONE;
-    unit.si_prefix = static_cast<SI_units>(state[1].cast<int>());
-    for (std::size_t k = 0; k < Tuple_count; ++k) {
-        unit.tuples[k] = {static_cast<Units_list>(state[2 + 2 * k].cast<int>()),
-                          state[3 + 2 * k].cast<int>()};
-    }
+    Restored("a unit", [&] {
+        unit.spl_conv = state[0].cast<int>() != 0 ? SPL_DB : SPL_NONE;
+        unit.si_prefix = static_cast<SI_units>(state[1].cast<int>());
+        for (std::size_t k = 0; k < Tuple_count; ++k) {
+            unit.tuples[k] = {static_cast<Units_list>(state[2 + 2 * k].cast<int>()),
+                              state[3 + 2 * k].cast<int>()};
+        }
+    });
     // Whether there is such a unit: as the constructor of a quantity asks.
     return Value_object<double>(0.0, unit, 0.0, 0.0).Get_unit();
 }

@@ -8,8 +8,11 @@
 
 #include <pybind11/pybind11.h>
 
+#include <cstring>
+#include <new>
 #include <string>
 #include <string_view>
+#include <typeinfo>
 
 namespace Varnix::Value::Python {
 
@@ -26,6 +29,12 @@ void Define_failures(py::module_& module);
 [[noreturn]] void Raise_text_not_valid(Text_fault const& fault, std::string_view text);
 
 // ---- Arguments
+
+// The text; TypeError where the argument is none.
+std::string_view Text_of(py::handle argument);
+
+// Whether the argument is a whole number: of Python or of numpy, and neither an array nor a truth.
+bool Is_whole(py::handle argument);
 
 // Whether the argument is a real number: of Python or of numpy, and no array. What is no double,
 // 2**53 + 1 or a fraction, is refused with ValueError: rounding it would take the certainty from
@@ -50,13 +59,46 @@ Units Plain_unit_of(py::handle argument);
 // A Quantity or its text.
 Measurement Quantity_of(py::handle argument);
 
+// Whether a text is all there is of what an object is made from; TypeError where that is neither a
+// text nor a number with its unit, and no bounds or both.
+bool Is_text_alone(py::handle value, py::handle unit, py::handle lower, py::handle upper);
+
 // The quantity that a text describes.
 Measurement Read_quantity(std::string_view text);
 
-// ---- Copies by pickle: every field of a unit, in numbers that mean the same everywhere
+// ---- Objects: how they are copied, pickled and made without their constructor
 
+// Every field of a unit, in numbers that mean the same everywhere.
 py::tuple State_of(Units const& unit);
 Units Unit_from_state(py::tuple const& state);
+
+// What `from_state` makes of a state; ValueError where that was not written by `what`.
+template <typename From_state>
+auto Restored(char const* what, From_state const& from_state) {
+    try {
+        return from_state();
+    } catch (py::cast_error const&) {
+        throw py::value_error(std::string("not the state of ") + what);
+    }
+}
+
+// Defines how an object that cannot be changed is copied, and pickled by each protocol.
+template <typename Value>
+void Define_copies(py::class_<Value>& defined, py::tuple (*state_of)(Value const&),
+                   Value (*from_state)(py::tuple const&)) {
+    defined.def("__copy__", [](py::object const& self) { return self; })
+        .def("__deepcopy__", [](py::object const& self, py::object const&) { return self; })
+        .def(py::pickle(state_of, from_state))
+        .def("__reduce_ex__", [](py::object const& self, py::object const&) {
+            py::object const make = py::module_::import("copyreg").attr("__newobj__");
+            return py::make_tuple(make, py::make_tuple(self.get_type()),
+                                  self.attr("__getstate__")());
+        });
+    // Of an object that no constructor was called for, pybind11 takes the memory as it is.
+    py::detail::get_type_info(typeid(Value), true)->operator_new = [](std::size_t size) {
+        return std::memset(::operator new(size), 0, size);
+    };
+}
 
 // ---- The parts of the module
 

@@ -83,8 +83,10 @@ constexpr std::size_t Loop_count = std::size(loops);
 struct Conversion {
     Conversion(Units const& source, Units const& target)
         : converter(source, target), from(Format_unit(source)), to(Format_unit(target)),
-          name(from + " to " + to), documentation("Converts numbers from " + from + " to " + to +
-                                                  ", each to the nearest double.") {
+          name(from + " to " + to),
+          documentation("Converts numbers from " + from + " to " + to +
+                        ", each to the nearest double, of levels within 4 "
+                        "units in the last place or 1e-13 dB.") {
         for (std::size_t k = 0; k < Loop_count; ++k) {
             functions[k] = loops[k].function;
             types[2 * k] = loops[k].from;

@@ -15,42 +15,49 @@ namespace {
 
 // ---- Making one
 
+Measurement Made(double value, Unit_argument const& unit, double lower, double upper) {
+    return unit.is_difference ? Measurement::Difference(value, unit.unit, lower, upper)
+                              : Measurement(value, unit.unit, lower, upper);
+}
+
 // `text` alone, or a number with its unit and perhaps both bounds.
+Measurement Make(py::object const& value, py::object const& unit, py::object const& lower,
+                 py::object const& upper, bool as_difference) {
+    if (Is_text_alone(value, unit, lower, upper)) {
+        Measurement const read = Read_quantity(Text_of(value));
+        return as_difference ? read.As_difference() : read;
+    }
+    Unit_argument read = Unit_of(unit);
+    read.is_difference = read.is_difference || as_difference;
+    double const number = Number_of(value);
+    return Made(number, read, lower.is_none() ? number : Number_of(lower),
+                upper.is_none() ? number : Number_of(upper));
+}
+
 Measurement Make_quantity(py::object const& value, py::object const& unit, py::object const& lower,
                           py::object const& upper) {
-    if (unit.is_none()) {
-        if (!PyUnicode_Check(value.ptr()) || !lower.is_none() || !upper.is_none()) {
-            throw py::type_error(
-                "a quantity is made from a text, or from a number and its unit; \"\" is no unit");
-        }
-        return Quantity_of(value);
-    }
-    if (lower.is_none() != upper.is_none()) {
-        throw py::type_error(
-            "a quantity has two bounds or none; an unknown one is -math.inf or math.inf");
-    }
-    Unit_argument const read = Unit_of(unit);
-    double const number = Number_of(value);
-    Measurement const made =
-        lower.is_none() ? Measurement(number, read.unit)
-                        : Measurement(number, read.unit, Number_of(lower), Number_of(upper));
-    return read.is_difference ? made.As_difference() : made;
+    return Make(value, unit, lower, upper, false);
 }
 
 Measurement Make_difference(py::object const& value, py::object const& unit,
                             py::object const& lower, py::object const& upper) {
-    Measurement const difference = Make_quantity(value, unit, lower, upper).As_difference();
+    Measurement const difference = Make(value, unit, lower, upper, true);
     if (!difference.Is_difference()) {
-        throw py::value_error(Format(difference) +
-                              " is no temperature; only temperatures have two meanings");
+        throw MeasurementRefused(Refusal::temperature_role,
+                                 Format(difference) +
+                                     " is no temperature; only temperatures have two meanings");
     }
     return difference;
 }
 
 Measurement Make_between(py::object const& lower, py::object const& upper, py::object const& unit) {
     Unit_argument const read = Unit_of(unit);
-    Measurement const made = Measurement::Between(Number_of(lower), Number_of(upper), read.unit);
-    return read.is_difference ? made.As_difference() : made;
+    double const least = Number_of(lower);
+    double const greatest = Number_of(upper);
+    if (!read.is_difference) {
+        return Measurement::Between(least, greatest, read.unit);
+    }
+    return Made(Measurement::Between(least, greatest, C_Kelvin).Get_value(), read, least, greatest);
 }
 
 // ---- Texts
@@ -59,7 +66,7 @@ std::string Unit_text_of(Measurement const& x) {
     if (!x.Is_difference()) {
         return Format_unit(x.Get_unit());
     }
-    return Format(Measurement(0.0, x.Get_unit()).As_difference()).substr(2); // behind "0 "
+    return Format(Measurement::Difference(0.0, x.Get_unit(), 0.0, 0.0)).substr(2); // behind "0 "
 }
 
 std::string Number_text(double number) {
@@ -78,8 +85,6 @@ std::string Representation(Measurement const& x) {
 }
 
 std::string Html(Measurement const& x) {
-    Text_format hidden;
-    hidden.bounds = Bounds_style::hidden;
     std::string const whole = Format(x);
     py::object const escape = py::module_::import("html").attr("escape");
     return "<span title=\"" + escape(Representation(x)).cast<std::string>() + "\">" +
@@ -128,9 +133,11 @@ Measurement Quantity_from_state(py::tuple const& state) {
     if (state.size() != 5) {
         throw py::value_error("not the state of a quantity");
     }
-    Measurement const x(state[0].cast<double>(), Unit_from_state(state[1].cast<py::tuple>()),
-                        state[2].cast<double>(), state[3].cast<double>());
-    return state[4].cast<bool>() ? x.As_difference() : x;
+    return Restored("a quantity", [&] {
+        return Made(state[0].cast<double>(),
+                    {Unit_from_state(state[1].cast<py::tuple>()), state[4].cast<bool>()},
+                    state[2].cast<double>(), state[3].cast<double>());
+    });
 }
 
 py::object Same(Measurement const& x, py::object const& other) {
@@ -197,15 +204,14 @@ py::object Divide_reflected(Measurement const& x, py::object const& other) {
 
 py::object Raise_to_power(Measurement const& x, py::object const& exponent,
                           py::object const& modulus) {
-    bool const is_whole = PyLong_Check(exponent.ptr()) && !PyBool_Check(exponent.ptr());
-    if (!is_whole || !modulus.is_none()) {
+    if (!Is_whole(exponent) || !modulus.is_none()) {
         return Not_implemented();
     }
-    int overflow = 0;
-    long const power = PyLong_AsLongAndOverflow(exponent.ptr(), &overflow);
+    int overflow = 0; // -1 or 1
+    long const power = PyLong_AsLongAndOverflow(py::int_(exponent).ptr(), &overflow);
     constexpr long beyond = 1000; // of every power that a quantity may have
-    return py::cast(
-        Pow(x, static_cast<int>(overflow != 0 ? beyond : std::clamp(power, -beyond, beyond))));
+    long const taken = overflow != 0 ? overflow * beyond : std::clamp(power, -beyond, beyond);
+    return py::cast(Pow(x, static_cast<int>(taken)));
 }
 
 void Define_operators(py::class_<Measurement>& quantity) {
@@ -270,10 +276,8 @@ void Define_texts(py::class_<Measurement>& quantity) {
     quantity.def("__str__", [](Measurement const& x) { return Format(x); })
         .def("__repr__", &Representation)
         .def("__format__", &Formatted)
-        .def("_repr_html_", &Html)
-        .def("__copy__", [](py::object const& self) { return self; })
-        .def("__deepcopy__", [](py::object const& self, py::object const&) { return self; })
-        .def(py::pickle(&State_of_quantity, &Quantity_from_state));
+        .def("_repr_html_", &Html);
+    Define_copies(quantity, &State_of_quantity, &Quantity_from_state);
 }
 
 } // namespace

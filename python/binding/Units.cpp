@@ -22,7 +22,7 @@ std::string Representation(Units const& unit) {
 } // namespace
 
 void Define_units(py::module_& module) {
-    py::class_<Units>(module, "Unit", R"(A unit, read from its text.
+    py::class_<Units> unit(module, "Unit", R"(A unit, read from its text.
 
 >>> Unit("km/h")
 Unit('km/h')
@@ -33,8 +33,8 @@ Unit('km/h')
 
 Units are equal where they are the same in every field: km and m are not. They are immutable,
 hashable, and can be copied and pickled.
-)")
-        .def(py::init(&Make_unit), py::arg("text"),
+)");
+    unit.def(py::init(&Make_unit), py::arg("text"),
              "The unit that the text names. Raises TextNotValid, a ValueError, for any other text.")
         .def_property_readonly("kind", &Kind_name, R"(The kind of quantity in words.
 
@@ -42,20 +42,18 @@ hashable, and can be copied and pickled.
 'power'
 )")
         .def_property_readonly(
-            "name", [](Units const& unit) { return Format_unit(unit, STR_NAME); },
+            "name", [](Units const& self) { return Format_unit(self, STR_NAME); },
             R"(The unit in full words.
 
 >>> Unit("kW").name
 'kilowatts'
 )")
-        .def("__str__", [](Units const& unit) { return Format_unit(unit); })
+        .def("__str__", [](Units const& self) { return Format_unit(self); })
         .def("__repr__", &Representation)
         .def(py::self == py::self)
         .def(py::self != py::self)
-        .def("__hash__", [](Units const& unit) { return py::hash(State_of(unit)); })
-        .def("__copy__", [](py::object const& self) { return self; })
-        .def("__deepcopy__", [](py::object const& self, py::object const&) { return self; })
-        .def(py::pickle(&State_of, &Unit_from_state));
+        .def("__hash__", [](Units const& self) { return py::hash(State_of(self)); });
+    Define_copies(unit, &State_of, &Unit_from_state);
 
     module.def(
         "same_kind",

@@ -84,6 +84,9 @@ def test_levels():
     np.testing.assert_array_equal(levels, [20.0, -np.inf, np.nan])
     with pytest.warns(RuntimeWarning, match='W to dBm'):
         Converter('W', 'dBm')(-1.0)
+    with np.errstate(all='raise', under='ignore'):
+        np.testing.assert_array_equal(convert([np.nan, np.inf, -np.inf, 3090.0], 'dBm', 'W'), [np.nan, np.inf, 0.0, 1e306])
+        np.testing.assert_allclose(convert([1e308, 1e-310, np.nan], 'mW', 'dBW'), [3050.0, -3130.0, np.nan], rtol=1e-15)
 
 
 def test_a_converter_outlives_its_name():

@@ -20,4 +20,7 @@ def is_louder(x: Quantity, y: Quantity) -> bool:
 
 
 convert([1.0], 'ft', 'm')
+Quantity(np.float32(1), 'V') * np.int64(2)
+Quantity('1 V') * np.ones(3)  # type: ignore[operator]
+Quantity(np.ones(1), 'V')  # type: ignore[call-overload]
 sum([Quantity('1 V'), Quantity(2, 'V', 1, 3)], start=Quantity('0 V'))

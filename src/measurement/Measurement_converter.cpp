@@ -109,11 +109,14 @@ double Measurement_converter::Quantity_of(double level) const noexcept {
 }
 
 double Measurement_converter::Level_of(double number) const noexcept {
-    double const ratio = number * factor_high;
-    if (std::isnormal(ratio) || !std::isfinite(number)) {
-        return step * std::log10(ratio);
+    if (!std::isfinite(number)) {
+        return step * std::log10(number);
     }
-    // Beyond the doubles, or where they have fewer digits.
+    double const size = std::fabs(number);
+    if (size > 1e-200 && size < 1e200) {
+        return step * std::log10(number * factor_high);
+    }
+    // The product may lie beyond the doubles, or where they have fewer digits.
     int exponent = 0;
     double const digits = std::frexp(number, &exponent) * factor_high;
     return step * (std::log10(digits) + exponent * std::log10(2.0));
