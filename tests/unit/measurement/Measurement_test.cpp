@@ -72,6 +72,14 @@ TEST(Measurement, Takes_units_that_mean_something) {
         unit.si_prefix = static_cast<SI_units>(prefix);
         EXPECT_THROW(Measurement(1.0, unit), MeasurementRefused) << prefix;
     }
+    for (std::int32_t const power : {65, -65, std::numeric_limits<std::int32_t>::max(), std::numeric_limits<std::int32_t>::min()}) {
+        EXPECT_THROW(Measurement(1.0, {SPL_NONE, NO_PREFIX, {{METER, power}}}), MeasurementRefused) << power;
+    }
+    EXPECT_EQ(Measurement(1.0, {SPL_NONE, NO_PREFIX, {{VOLT, 0}}}).Get_unit(), C_Empty);
+    EXPECT_EQ(Measurement(1.0, {SPL_NONE, KILO, {{METER, 0}, {SECOND, 1}}}).Get_unit(), Parse_unit("ks"));
+    EXPECT_EQ(Format(Measurement::Difference(5.0, Parse_unit("m°F"), 4.0, 6.0)), "5 Δm°F [4, 6]");
+    EXPECT_THROW(Measurement::Difference(5.0, C_Volts, 5.0, 5.0), MeasurementRefused);
+    EXPECT_THROW(Measurement::Difference(5.0, C_DgreeC, 6.0, 7.0), MeasurementRefused);
     Units kilo_nothing = C_Empty;
     kilo_nothing.si_prefix = KILO;
     EXPECT_THROW(Measurement(1.0, kilo_nothing), MeasurementRefused);
