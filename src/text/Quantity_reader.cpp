@@ -302,7 +302,8 @@ bool Quantity_splitter::Split_unit() {
                       "a deviation stands before the unit, as in 5.0 ± 0.1 V");
     }
     if (Has_bounds() && parts.form != Quantity_form::bounds && Begins_with_ratio_of_value(unit)) {
-        return Refuse(position, "a deviation in per cent of the value is not read");
+        return Refuse(position, "a deviation in per cent of the value is not read: write it in the "
+                                "unit, as in 5.0 ± 0.1 V");
     }
     position = bracket;
     return true;

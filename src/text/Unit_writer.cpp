@@ -8,8 +8,8 @@
 #include <varnix/value/Text_parsing.h>
 #include <varnix/value/Units_library.h>
 
+#include <array>
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 #include <vector>
 
@@ -59,10 +59,12 @@ Unit_tuple Inverse(Unit_tuple tuple) {
     return tuple;
 }
 
-// The units with their powers above the line or below it, joined by "*"; `prefix` stands before the
-// one in slot `prefixed`.
+// What stands before the unit of each slot.
+using Slot_prefixes = std::array<std::string, Tuple_count>;
+
+// The units with their powers above the line or below it, joined by "*".
 std::string Product(Units const& unit, Unit_string_type spelling, bool denominator,
-                    std::string const& prefix, std::size_t prefixed) {
+                    Slot_prefixes const& prefixes) {
     std::string text;
     for (std::size_t k = 0; k < Tuple_count; ++k) {
         Unit_tuple const& tuple = unit.tuples[k];
@@ -70,7 +72,7 @@ std::string Product(Units const& unit, Unit_string_type spelling, bool denominat
             continue;
         }
         text += text.empty() ? "" : "*";
-        text += k == prefixed ? prefix : "";
+        text += prefixes[k];
         text += Tuple_text(denominator ? Inverse(tuple) : tuple, spelling);
     }
     return text;
@@ -78,9 +80,9 @@ std::string Product(Units const& unit, Unit_string_type spelling, bool denominat
 
 // The units with every separator written: "m/(s*K)", "1/s", "V/cm".
 std::string Explicit_units(Units const& unit, Unit_string_type spelling,
-                           std::string const& prefix = {}, std::size_t prefixed = Tuple_count) {
-    std::string numerator = Product(unit, spelling, false, prefix, prefixed);
-    std::string const denominator = Product(unit, spelling, true, prefix, prefixed);
+                           Slot_prefixes const& prefixes = {}) {
+    std::string numerator = Product(unit, spelling, false, prefixes);
+    std::string const denominator = Product(unit, spelling, true, prefixes);
     if (denominator.empty()) {
         return numerator;
     }
@@ -112,9 +114,31 @@ std::string Prefix_at_a_unit(Units const& unit, Unit_string_type spelling) {
         if (power == 0 || power == INT32_MIN || scale % power != 0) {
             continue;
         }
-        std::string const prefix = Prefix_text(scale / power, spelling);
-        if (!prefix.empty()) {
-            return Explicit_units(unit, spelling, prefix, k);
+        Slot_prefixes prefixes;
+        prefixes[k] = Prefix_text(scale / power, spelling);
+        if (!prefixes[k].empty()) {
+            return Explicit_units(unit, spelling, prefixes);
+        }
+    }
+    return {};
+}
+
+// "mW/cm^2": of two units, a prefix at the length below the line and one of thousands above it.
+std::string Prefixes_at_two_units(Units const& unit, Unit_string_type spelling) {
+    std::size_t const below = unit.tuples[0].unit == METER ? 0 : 1;
+    Unit_tuple const& length = unit.tuples[below];
+    bool const fits = unit.tuples[2].unit == NO_UNIT && unit.tuples[1 - below].exponent == 1 &&
+                      length.unit == METER && length.exponent >= -3 && length.exponent < 0;
+    if (!fits) {
+        return {};
+    }
+    for (SI_units const at_length : {CENTI, MILLI}) {
+        std::int64_t const rest = std::int64_t{unit.si_prefix} - at_length * length.exponent;
+        Slot_prefixes prefixes;
+        prefixes[below] = Prefix_text(at_length, spelling);
+        prefixes[1 - below] = Prefix_text(rest, spelling);
+        if (rest % 3 == 0 && !prefixes[1 - below].empty()) {
+            return Explicit_units(unit, spelling, prefixes);
         }
     }
     return {};
@@ -153,6 +177,7 @@ std::vector<std::string> Linear_spellings(Units const& unit, Unit_string_type sp
         texts.push_back(Prefix_text(unit.si_prefix, STR_NAME) + '(' + units + ')');
     }
     texts.push_back(Prefix_at_a_unit(unit, spelling));
+    texts.push_back(Prefixes_at_two_units(unit, spelling));
     texts.push_back(With_power_of_ten(unit, units));
     return texts;
 }

@@ -188,12 +188,20 @@ std::string Unit_text(Answer const& answer, Unit_string_type spelling) {
     return Unit_of(std::get<Measurement>(answer.result), spelling);
 }
 
+// What a program would call, and what is typed instead.
+constexpr std::string_view ways_out[][2] = {
+    {"Power_sum", "compute --power-sum"},
+    {"Field_ratio or Power_ratio says which", "1 V * 20 dB or 1 W * 20 dB says which"},
+    {"(As_difference, Δ°C)", "(Δ°C, ΔK)"},
+};
+
 Refusal As_the_tool_says(MeasurementRefused const& refused) {
-    constexpr std::string_view function = "Power_sum";
     std::string reason = Reason(refused);
-    std::size_t const place = reason.find(function);
-    if (place != std::string::npos) {
-        reason.replace(place, function.size(), "compute --power-sum");
+    for (auto const& [function, typed] : ways_out) {
+        std::size_t const place = reason.find(function);
+        if (place != std::string::npos) {
+            reason.replace(place, function.size(), typed);
+        }
     }
     return Refusal(reason);
 }

@@ -60,7 +60,7 @@ void Check_quotes(Conversion_request const& request, Options const& options) {
     }
     bool const strict = options.rules == Rules::measurements;
     if (strict && !words.empty() && Form_of(words.back(), options.dialect) == Form::number &&
-        Needs_unit(Read_unit(request.to))) {
+        Needs_unit(Read_target(request.to).unit)) {
         throw Refusal("'" + words.back() +
                       "' has no unit: write number and unit in quotes, as in '" + words.back() +
                       ' ' + request.to + "', and then the unit to convert to");

@@ -7,9 +7,20 @@
 
 namespace Varnix::Value::Tool {
 
+Target Read_target(std::string_view text) {
+    if (auto const unit = Try_parse_unit(text)) {
+        return {*unit, false};
+    }
+    auto const zero = Try_parse_measurement("0 " + std::string(text));
+    if (zero && zero->Is_difference()) {
+        return {zero->Get_unit(), true};
+    }
+    return {Read_unit(text), false}; // which is refused, and says why
+}
+
 Quantity_converter::Quantity_converter(std::string const& to_, std::string const& with_,
                                        Options const& options_)
-    : to(Read_unit(to_)),
+    : to(options_.rules == Rules::measurements ? Read_target(to_) : Target{Read_unit(to_), false}),
       with(with_.empty() ? std::nullopt : std::optional(Read_answer(with_, options_))),
       options(options_) {}
 
@@ -26,33 +37,36 @@ void Check_has_unit(Measurement const& x, Units const& to) {
     }
 }
 
-Answer Converted(Answer const& answer, Units const& to) {
-    if (auto const* quantity = std::get_if<Quantity>(&answer.result)) {
-        return {Prepare_by_the_rules(quantity->Get_unit(), to).Convert(*quantity),
-                answer.has_bounds};
-    }
-    auto const& x = std::get<Measurement>(answer.result);
-    Check_has_unit(x, to);
-    return {Telling_refusals([&] { return x.Convert_to(to); }), answer.has_bounds};
-}
-
 } // namespace
 
-Answer Quantity_converter::Convert(std::string_view text) const {
-    return Convert(Read_answer(text, options));
+Answer Quantity_converter::Converted(Answer const& answer) const {
+    bool const has_bounds = answer.has_bounds || (with && with->has_bounds);
+    if (auto const* quantity = std::get_if<Quantity>(&answer.result)) {
+        return {with ? Convert_by_the_rules(*quantity, to.unit, std::get<Quantity>(with->result))
+                     : Prepare_by_the_rules(quantity->Get_unit(), to.unit).Convert(*quantity),
+                has_bounds};
+    }
+    auto const& x = std::get<Measurement>(answer.result);
+    if (with) {
+        auto const& other = std::get<Measurement>(with->result);
+        return {Telling_refusals([&] { return x.Convert_to(to.unit, other); }), has_bounds};
+    }
+    Check_has_unit(x, to.unit);
+    return {Telling_refusals([&] { return x.Convert_to(to.unit); }), has_bounds};
 }
 
 Answer Quantity_converter::Convert(Answer const& answer) const {
-    if (!with) {
-        return Converted(answer, to);
+    Answer const converted = Converted(answer);
+    if (to.is_difference && !std::get<Measurement>(converted.result).Is_difference()) {
+        throw Refusal(
+            "a point of a temperature scale is no difference: write Δ°C or ΔK with the number, "
+            "or convert to the unit without Δ");
     }
-    bool const has_bounds = answer.has_bounds || with->has_bounds;
-    if (auto const* quantity = std::get_if<Quantity>(&answer.result)) {
-        return {Convert_by_the_rules(*quantity, to, std::get<Quantity>(with->result)), has_bounds};
-    }
-    auto const& x = std::get<Measurement>(answer.result);
-    auto const& other = std::get<Measurement>(with->result);
-    return {Telling_refusals([&] { return x.Convert_to(to, other); }), has_bounds};
+    return converted;
+}
+
+Answer Quantity_converter::Convert(std::string_view text) const {
+    return Convert(Read_answer(text, options));
 }
 
 } // namespace Varnix::Value::Tool

@@ -12,6 +12,15 @@
 
 namespace Varnix::Value::Tool {
 
+// A unit to convert to. "Δ°C" and its kin, which no unit is, ask for a difference of temperatures.
+struct Target {
+    Units unit;
+    bool is_difference;
+};
+
+// @throws Refusal where the text is none
+Target Read_target(std::string_view text);
+
 class Quantity_converter {
   public:
     // To a unit; by a relation with a second quantity, where that text is not empty.
@@ -23,7 +32,9 @@ class Quantity_converter {
     Answer Convert(std::string_view text) const;
 
   private:
-    Units to;
+    Answer Converted(Answer const& answer) const;
+
+    Target to;
     std::optional<Answer> with;
     Options const& options;
 };

@@ -108,6 +108,7 @@ Unit_case const unit_cases[] = {
     {"SquareCenti",  Unit({{METER, 2}}, Power_of_ten(-4)),           "(cm)^2",          "(centimeters)^2"}, // no prefix has 10^-4
     {"SquareKibi",   Unit({{BYTE, 2}}, MEBI),                        "(KiB)^2",         "(kibibytes)^2"},
     {"PerCenti",     Unit({{VOLT, 1}, {METER, -1}}, Power_of_ten(2)), "V/cm",           "volts/centimeters"},
+    {"Exposure",     Unit({{WATT, 1}, {METER, -2}}, Power_of_ten(1)), "mW/cm^2",       "milliwatts/centimeters^2"},
     {"NoPrefix",     Unit({{METER, 1}}, Power_of_ten(5)),            "(10^5 m)",        "(10^5 meters)"},
     {"SmallNoPrefix", Unit({{METER, 2}, {SECOND, -1}}, Power_of_ten(-7)), "(10^-7 m^2/s)", "(10^-7 meters^2/seconds)"},
     {"PerHertz",     Unit({{WATT, 1}, {SECOND, 1}}, MILLI, SPL_DB),  "dBm/Hz",          "dBmilliwatts/hertz"},
