@@ -6,6 +6,7 @@
 #include <varnix/value/Text_parsing.h>
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <stdexcept>
@@ -71,6 +72,18 @@ bool Is_within(std::string const& digits, Measurement const& x) {
     return read.Get_lower() >= x.Get_lower() && read.Get_upper() <= x.Get_upper();
 }
 
+// The fewest digits that read back, and an exponent only where bounds would have one too.
+std::string Shortest(double number) {
+    double const size = std::fabs(number);
+    if (size < 1e-5 || size >= 1e15) {
+        return Format_number(number);
+    }
+    std::array<char, 40> text{};
+    auto const end =
+        std::to_chars(text.data(), text.data() + text.size(), number, std::chars_format::fixed);
+    return {text.data(), end.ptr};
+}
+
 // The value in digits that people would write: a decimal between the bounds, which without bounds
 // of the user's own are next to each other, and what was typed in decimals is in decimals again.
 std::string Short_digits(Measurement const& x) {
@@ -85,12 +98,12 @@ std::string Short_digits(Measurement const& x) {
         double rounded = 0.0;
         std::string const digits = Format_number(x.Get_value(), format);
         std::from_chars(digits.data(), digits.data() + digits.size(), rounded);
-        std::string shortened = Format_number(rounded);
+        std::string shortened = Shortest(rounded);
         if (Is_within(shortened, x)) {
             return shortened;
         }
     }
-    return Format_number(x.Get_value());
+    return Shortest(x.Get_value());
 }
 
 // The unit of a measurement is more than its descriptor says where it is a difference of
