@@ -56,7 +56,7 @@ Answer Quantity_converter::Converted(Answer const& answer) const {
 }
 
 Answer Quantity_converter::Convert(Answer const& answer) const {
-    Answer const converted = Converted(answer);
+    Answer converted = Converted(answer);
     if (to.is_difference && !std::get<Measurement>(converted.result).Is_difference()) {
         throw Refusal(
             "a point of a temperature scale is no difference: write Δ°C or ΔK with the number, "
