@@ -132,8 +132,9 @@ std::string Prefixes_at_two_units(Units const& unit, Unit_string_type spelling) 
     if (!fits) {
         return {};
     }
+    std::int64_t const power = length.exponent;
     for (SI_units const at_length : {CENTI, MILLI}) {
-        std::int64_t const rest = unit.si_prefix - std::int64_t{at_length} * length.exponent;
+        std::int64_t const rest = unit.si_prefix - at_length * power;
         Slot_prefixes prefixes;
         prefixes[below] = Prefix_text(at_length, spelling);
         prefixes[1 - below] = Prefix_text(rest, spelling);
