@@ -184,7 +184,9 @@ typedef struct vo_measurement {
     double upper;       /**< the upper bound; INFINITY if it is unknown */
     vo_unit unit;       /**< of all three */
     int32_t difference; /**< 1 for a difference of temperatures, "5 delta_K"; 0 for all else */
-    int32_t reserved;   /**< not read; 0 in results */
+    int32_t decimals; /**< which decimals the three numbers stand for ("3.3 V" is exactly 3.3 V, and
+                             no double is), or 0: they are doubles. Copy it with them; it does not
+                             count once you have written another number. 0 in what you fill in. */
 } vo_measurement;
 
 /** Checks three numbers with their unit, and puts the unit into canonical order. */

@@ -3,7 +3,7 @@ local ffi = require 'ffi'
 
 ffi.cdef [[
 typedef struct { int32_t decibels, prefix; struct { int32_t unit, exponent; } factors[5]; } vo_unit;
-typedef struct { double value, lower, upper; vo_unit unit; int32_t difference, reserved; } vo_measurement;
+typedef struct { double value, lower, upper; vo_unit unit; int32_t difference, decimals; } vo_measurement;
 typedef struct { int32_t status; uint32_t position; char reason[32], suggestion[72], message[400]; } vo_fault;
 int vo_unit_parse(char const* text, vo_unit* unit, vo_fault* fault);
 int vo_measurement_parse(char const* text, vo_measurement* read, vo_fault* fault);

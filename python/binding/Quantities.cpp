@@ -74,8 +74,11 @@ std::string Number_text(double number) {
                               : py::repr(py::float_(number)).cast<std::string>();
 }
 
-// Reads back to the same bits, as its texts need not: 0.1 V as a text is an interval.
+// Reads back to the same bits: decimals as a text, and doubles as numbers, as "0.1 V" is no double.
 std::string Representation(Measurement const& x) {
+    if (x.Get_decimal_code() != 0) {
+        return "Quantity(" + py::repr(py::str(Format(x))).cast<std::string>() + ")";
+    }
     std::string text = "Quantity(" + Number_text(x.Get_value()) + ", " +
                        py::repr(py::str(Unit_text_of(x))).cast<std::string>();
     if (x.Get_lower() != x.Get_value() || x.Get_upper() != x.Get_value()) {
@@ -116,27 +119,23 @@ Measurement Convert(Measurement const& x, py::object const& unit, py::object con
     return converted;
 }
 
-// ---- Equality, which asks whether two are the same in every field
-
-bool Is_same(Measurement const& x, Measurement const& y) {
-    return x.Get_value() == y.Get_value() && x.Get_lower() == y.Get_lower() &&
-           x.Get_upper() == y.Get_upper() && x.Get_unit() == y.Get_unit() &&
-           x.Is_difference() == y.Is_difference();
-}
+// ---- Equality, which asks whether two are the same in every field, and the hash that goes with it
 
 py::tuple State_of_quantity(Measurement const& x) {
     return py::make_tuple(x.Get_value(), State_of(x.Get_unit()), x.Get_lower(), x.Get_upper(),
-                          x.Is_difference());
+                          x.Is_difference(), x.Get_decimal_code());
 }
 
 Measurement Quantity_from_state(py::tuple const& state) {
-    if (state.size() != 5) {
+    if (state.size() != 5 && state.size() != 6) { // 5 by versions without decimals
         throw py::value_error("not the state of a quantity");
     }
     return Restored("a quantity", [&] {
+        std::int32_t const code = state.size() == 6 ? state[5].cast<std::int32_t>() : 0;
         return Made(state[0].cast<double>(),
                     {Unit_from_state(state[1].cast<py::tuple>()), state[4].cast<bool>()},
-                    state[2].cast<double>(), state[3].cast<double>());
+                    state[2].cast<double>(), state[3].cast<double>())
+            .With_decimal_code(code);
     });
 }
 
@@ -227,7 +226,10 @@ void Define_operators(py::class_<Measurement>& quantity) {
         .def("__pos__", [](py::object const& x) { return x; })
         .def("__abs__", [](Measurement const& x) { return Abs(x); })
         .def("__eq__", &Same)
-        .def("__hash__", [](Measurement const& x) { return py::hash(State_of_quantity(x)); })
+        .def("__hash__",
+             [](Measurement const& x) {
+                 return py::hash(State_of_quantity(x.With_decimal_code(0)));
+             })
         .def("__lt__", &Refuse_order)
         .def("__le__", &Refuse_order)
         .def("__gt__", &Refuse_order)

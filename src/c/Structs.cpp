@@ -43,9 +43,10 @@ Measurement Measurement_at(vo_measurement const* measurement) {
         throw Invalid_argument{"the field difference of a measurement is neither 0 nor 1"};
     }
     Units const unit = Unit_at(&given.unit);
-    return given.difference == 1
-               ? Measurement::Difference(given.value, unit, given.lower, given.upper)
-               : Measurement(given.value, unit, given.lower, given.upper);
+    Measurement const made =
+        given.difference == 1 ? Measurement::Difference(given.value, unit, given.lower, given.upper)
+                              : Measurement(given.value, unit, given.lower, given.upper);
+    return made.With_decimal_code(given.decimals);
 }
 
 vo_unit Struct_of(Units const& unit) noexcept {
@@ -67,7 +68,7 @@ vo_measurement Struct_of(Measurement const& measurement) noexcept {
             measurement.Get_upper(),
             Struct_of(measurement.Get_unit()),
             measurement.Is_difference() ? 1 : 0,
-            0};
+            measurement.Get_decimal_code()};
 }
 
 std::string_view Text_at(char const* text) {

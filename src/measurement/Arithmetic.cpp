@@ -10,6 +10,7 @@
 #include <varnix/value/Measurement.h>
 
 #include <cmath>
+#include <optional>
 #include <utility>
 
 namespace Varnix::Value {
@@ -57,7 +58,11 @@ Measurement Temperature_sum_of(Measurement const& x, int sign, Measurement const
     if (to_point && !Is_kelvin(unit) && unit.si_prefix != NO_PREFIX) {
         throw Refusal::prefix_on_temperature;
     }
-    Band const second = Converted(Band_of(y), y.Get_unit(), !roles.second_as_points, unit);
+    bool const y_is_difference = !roles.second_as_points;
+    if (auto const decimals = Decimal_sum(x, sign, y, y_is_difference, unit, roles.is_difference)) {
+        return *decimals;
+    }
+    Band const second = Converted(Scaled_numbers_of(y), y.Get_unit(), y_is_difference, unit);
     return Rounded(Band_of(x) + (sign > 0 ? second : -second), unit, roles.is_difference);
 }
 
@@ -71,8 +76,11 @@ Measurement Linear_sum(Measurement const& x, int sign, Measurement const& y) {
     if (Is_temperature(unit) && Is_temperature(other)) {
         return Temperature_sum_of(x, sign, y);
     }
+    if (auto const decimals = Decimal_sum(x, sign, y, y.Is_difference(), unit, x.Is_difference())) {
+        return *decimals;
+    }
     Numbers numbers{};
-    if (unit == other &&
+    if (unit == other && !Keep_decimals(x, y) &&
         Short_sum(Numbers_of(x), sign > 0 ? Numbers_of(y) : Negated(Numbers_of(y)), numbers)) {
         return Made_of(numbers, unit, x.Is_difference());
     }
@@ -150,8 +158,26 @@ bool Short_product_of(Measurement const& x, int sign, Measurement const& y,
                     : below == 1.0 && Short_quotient(Numbers_of(x), Numbers_of(y), numbers);
 }
 
-Band Times(Band const& x, Enclosed const& factor) {
-    return Increasing(x, [&](Enclosed const& number) { return number * factor; });
+// The product of decimals, in units whose sizes have a decimal ratio.
+std::optional<Measurement> Decimal_product(Measurement const& x, Measurement const& y,
+                                           Exact_factor const& factor, Units const& unit,
+                                           bool is_difference) {
+    if (!Keep_decimals(x, y)) {
+        return std::nullopt;
+    }
+    return Made_of_decimals(
+        Physics::Product(Physics::Product(Decimals_of(x), Decimals_of(y)), factor), unit,
+        is_difference);
+}
+
+// The product or quotient, counted in a unit that is so many times smaller.
+Measurement Scaled_product(Measurement const& x, int sign, Measurement const& y,
+                           Exact_factor const& factor, Units const& unit, bool is_difference) {
+    Scaled_band const left = Scaled_numbers_of(x);
+    Scaled_band const right = Scaled_numbers_of(y);
+    Exact_factor const scale = left.scale * Physics::Power(right.scale, sign) * factor;
+    return Rounded(Product_of_powers(left.numbers, 1, right.numbers, sign, scale), unit,
+                   is_difference);
 }
 
 Measurement Linear_product(Measurement const& x, int sign, Measurement const& y) {
@@ -164,23 +190,29 @@ Measurement Linear_product(Measurement const& x, int sign, Measurement const& y)
         throw *result.refusal;
     }
     bool const is_difference = Product_is_difference(x, y, result.unit);
-    Prepared_factor const factor(Size_of(left) * Physics::Power(Size_of(right), sign) /
-                                 Size_of(result.unit));
+    Exact_factor const factor =
+        Size_of(left) * Physics::Power(Size_of(right), sign) / Size_of(result.unit);
+    if (sign > 0) {
+        if (auto const decimals = Decimal_product(x, y, factor, result.unit, is_difference)) {
+            return *decimals;
+        }
+    }
     Numbers numbers{};
-    if (Short_product_of(x, sign, y, factor, numbers)) {
+    if (!Keep_decimals(x, y) && Short_product_of(x, sign, y, Prepared_factor(factor), numbers)) {
         return Made_of(numbers, result.unit, is_difference);
     }
-    Band const dividend = Times(Band_of(x), factor.Above());
-    Band const divided = sign > 0 ? dividend * Band_of(y) / Single(factor.Below())
-                                  : dividend / Times(Band_of(y), factor.Below());
-    return Rounded(divided, result.unit, is_difference);
+    return Scaled_product(x, sign, y, factor, result.unit, is_difference);
 }
 
 // A gain counted: 0.2 dB * 12.5.
 Measurement Counted_gain(Measurement const& gain, int sign, Measurement const& number) {
-    Band const count = Converted(number, C_Empty);
-    Band const decibels = Band_of(gain);
-    return Rounded(sign > 0 ? decibels * count : decibels / count, C_DB);
+    Exact_factor const size = Physics::Power(Size_of(number.Get_unit()), sign);
+    if (sign > 0) {
+        if (auto const decimals = Decimal_product(gain, number, size, C_DB, false)) {
+            return *decimals;
+        }
+    }
+    return Scaled_product(gain, sign, number, size, C_DB, false);
 }
 
 Measurement Product(Measurement const& x, Measurement const& y) {
@@ -294,6 +326,11 @@ void Check_sign_counts(Measurement const& x) {
     }
 }
 
+// With other decimals of the same magnitude, which therefore fit.
+Measurement Made_again(Decimal_numbers const& decimals, Measurement const& x) {
+    return *Made_of_decimals(decimals, x.Get_unit(), x.Is_difference());
+}
+
 constexpr int Largest_exponent = 64;
 
 Measurement Raised(Measurement const& x, int exponent) {
@@ -308,7 +345,17 @@ Measurement Raised(Measurement const& x, int exponent) {
     }
     Exact_factor const factor = Physics::Power(Size_of(unit), exponent) / Size_of(result.unit);
     bool const is_difference = Is_temperature(result.unit) && (exponent != 1 || x.Is_difference());
-    return Rounded(Power(Band_of(x), exponent) * factor, result.unit, is_difference);
+    if (exponent > 0 && x.Get_decimal_code() != 0) {
+        Maybe_decimals const power = Physics::Power(Kept_decimals(x), exponent);
+        if (auto const decimals =
+                Made_of_decimals(Physics::Product(power, factor), result.unit, is_difference)) {
+            return *decimals;
+        }
+    }
+    Scaled_band const base = Scaled_numbers_of(x);
+    Exact_factor const scale = Physics::Power(base.scale, exponent) * factor;
+    return Rounded(Product_of_powers(base.numbers, exponent, Single(Enclose(1.0)), 0, scale),
+                   result.unit, is_difference);
 }
 
 Measurement Root(Measurement const& x) {
@@ -319,7 +366,9 @@ Measurement Root(Measurement const& x) {
         throw *result.refusal;
     }
     Exact_factor const factor = Size_of(unit) / Physics::Power(Size_of(result.unit), 2);
-    return Rounded(Square_root(Band_of(x) * factor), result.unit, Is_temperature(result.unit));
+    Scaled_band const square = Scaled_numbers_of(x);
+    return Rounded(Square_root(square.numbers * (square.scale * factor)), result.unit,
+                   Is_temperature(result.unit));
 }
 
 } // namespace
@@ -327,6 +376,9 @@ Measurement Root(Measurement const& x) {
 Measurement operator-(Measurement const& x) {
     try {
         Check_sign_counts(x);
+        if (Maybe_decimals const decimals = Kept_decimals(x)) {
+            return Made_again(-*decimals, x);
+        }
         return Rounded(-Band_of(x), x.Get_unit(), x.Is_difference());
     } catch (Refusal reason) {
         Refuse(reason, "negate", x);
@@ -336,6 +388,9 @@ Measurement operator-(Measurement const& x) {
 Measurement Abs(Measurement const& x) {
     try {
         Check_sign_counts(x);
+        if (Maybe_decimals const decimals = Kept_decimals(x)) {
+            return Made_again(Absolute(*decimals), x);
+        }
         return Rounded(Absolute(Band_of(x)), x.Get_unit(), x.Is_difference());
     } catch (Refusal reason) {
         Refuse(reason, "take the absolute value of", x);

@@ -1,5 +1,6 @@
 #include "Bands.h"
 
+#include "Kept_decimals.h"
 #include "Measurement_parts.h"
 #include "Physical_units.h"
 
@@ -8,12 +9,28 @@
 
 namespace Varnix::Value::Physics {
 
-Band Band_of(Measurement const& x) {
-    Enclosed const value = Enclose(x.Get_value());
-    if (x.Get_lower() == x.Get_upper()) {
-        return Single(value);
+namespace {
+
+Band Band_of(double lower, double value, double upper) {
+    if (lower == upper) {
+        return Single(Enclose(value));
     }
-    return {Enclose(x.Get_lower()), value, Enclose(x.Get_upper()), false};
+    return {Enclose(lower), Enclose(value), Enclose(upper), false};
+}
+
+} // namespace
+
+Scaled_band Scaled_numbers_of(Measurement const& x) {
+    if (Maybe_decimals const decimals = Kept_decimals(x)) {
+        return {Band_of(decimals->lower, decimals->value, decimals->upper),
+                Powers_of_ten(decimals->power)};
+    }
+    return {Band_of(x.Get_lower(), x.Get_value(), x.Get_upper()), {}};
+}
+
+Band Band_of(Measurement const& x) {
+    Scaled_band const scaled = Scaled_numbers_of(x);
+    return scaled.numbers * scaled.scale;
 }
 
 namespace {
@@ -136,6 +153,18 @@ Band operator*(Band const& x, Exact_factor const& factor) {
     }
     Prepared_factor const prepared(factor);
     return Increasing(x, prepared);
+}
+
+Band Product_of_powers(Band const& first, int first_power, Band const& second, int second_power,
+                       Exact_factor const& factor) {
+    Band above = Power(first, std::max(first_power, 0)) * Power(second, std::max(second_power, 0));
+    if (first_power >= 0 && second_power >= 0) {
+        return above * factor;
+    }
+    Prepared_factor const prepared(factor);
+    Band const below =
+        Power(first, std::max(-first_power, 0)) * Power(second, std::max(-second_power, 0));
+    return above * Single(prepared.Above()) / (below * Single(prepared.Below()));
 }
 
 Band Absolute(Band const& x) {

@@ -29,6 +29,15 @@ inline Band Single(Enclosed const& number) {
 
 Band Band_of(Measurement const& x);
 
+// The numbers of a measurement without any rounding: those of decimals are whole, and a power of ten
+// says how much one of them is of the unit.
+struct Scaled_band {
+    Band numbers;
+    Exact_factor scale;
+};
+
+Scaled_band Scaled_numbers_of(Measurement const& x);
+
 // The measurement, each bound rounded outward. @throws Refusal::out_of_range
 Measurement Rounded(Band const& band, Units const& unit, bool is_difference = false);
 
@@ -58,6 +67,13 @@ Band operator-(Band const& x, Band const& y);
 Band operator*(Band const& x, Band const& y);
 Band operator/(Band const& x, Band const& y); // @throws Refusal::division_by_zero
 Band operator*(Band const& x, Exact_factor const& factor);
+
+// first^first_power * second^second_power * factor. Everything that is divided by is brought
+// together and divided by once, so that what is exact stays so: 1 V through 1000 ohm is 1 mA.
+// @throws Refusal::division_by_zero
+Band Product_of_powers(Band const& first, int first_power, Band const& second, int second_power,
+                       Exact_factor const& factor);
+
 Band Absolute(Band const& x);
 Band Power(Band const& x, int exponent); // @throws Refusal::division_by_zero
 Band Square_root(Band const& x);         // @throws Refusal::root_of_negative

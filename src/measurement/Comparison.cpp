@@ -1,12 +1,14 @@
 // Order, limits, and what two measurements allow together.
 
 #include "Conversions.h"
+#include "Exact_comparison.h"
 #include "Measurement_parts.h"
 #include "Refusals.h"
 
 #include <varnix/value/Measurement.h>
 
 #include <algorithm>
+#include <optional>
 
 namespace Varnix::Value {
 
@@ -23,10 +25,12 @@ void Check_roles(Measurement const& x, Measurement const& y) {
     }
 }
 
-// Two measurements in one unit.
+// Two measurements in one unit, and as they are, for decimals that enclosures do not tell apart.
 struct Pair {
     Band first;
     Band second;
+    Measurement const& x;
+    Measurement const& y;
 };
 
 Units Without_decibels(Units unit) {
@@ -42,27 +46,99 @@ Pair Brought_together(Measurement const& x, Measurement const& y) {
     bool const y_is_level = Form_of(y) == Form::level;
     Units const common = x_is_level && !y_is_level ? Without_decibels(unit) : unit;
     bool const turned = y_is_level && !x_is_level;
-    return {unit == common ? Band_of(x) : Converted(x, common), turned ? Converted(y, common)
-                                                                : common == y.Get_unit()
-                                                                    ? Band_of(y)
-                                                                    : Converted(y, common)};
+    return {unit == common ? Band_of(x) : Converted(x, common),
+            turned                   ? Converted(y, common)
+            : common == y.Get_unit() ? Band_of(y)
+                                     : Converted(y, common),
+            x, y};
 }
+
+// ---- Two ends of the bands
+
+using End = Enclosed Band::*;
+
+// Levels and gains by their decimals.
+std::optional<int> Sign_of_decibels(Pair const& pair, double Decimal_numbers::*of_x,
+                                    double Decimal_numbers::*of_y) {
+    auto const decimals = With_one_power(
+        Decimals_of(pair.x), Decimals_in(pair.y, pair.y.Is_difference(), pair.x.Get_unit()));
+    if (!decimals) {
+        return std::nullopt;
+    }
+    double const first = decimals->first.*of_x;
+    double const second = decimals->second.*of_y;
+    return first < second ? -1 : first > second ? 1 : 0;
+}
+
+double Decimal_numbers::*Decimal_end(End end) {
+    return end == &Band::lower   ? &Decimal_numbers::lower
+           : end == &Band::upper ? &Decimal_numbers::upper
+                                 : &Decimal_numbers::value;
+}
+
+// Decimals as exact rational numbers, through the ratio of the units or the formula between two
+// scales of temperature.
+std::optional<int> Exact_sign(Pair const& pair, End of_x, End of_y) {
+    Units const unit = pair.x.Get_unit();
+    Units const other = pair.y.Get_unit();
+    if (Is_decibel(unit) != Is_decibel(other)) {
+        return std::nullopt;
+    }
+    if (Is_decibel(unit)) {
+        return Sign_of_decibels(pair, Decimal_end(of_x), Decimal_end(of_y));
+    }
+    auto const [first, scale] = Scaled_numbers_of(pair.x);
+    auto const [second, other_scale] = Scaled_numbers_of(pair.y);
+    bool const by_scale =
+        Form_of(pair.x) == Form::scale_point || Form_of(pair.y) == Form::scale_point;
+    if (by_scale) {
+        Scale_formula const formula = Formula_between_scales(unit, other, scale.Power_of_two());
+        return Sign_of_difference(formula.factor * first.*of_x + formula.offset,
+                                  Physics::Power(other_scale, -1), formula.divisor * second.*of_y);
+    }
+    return Sign_of_difference(first.*of_x, scale * Size_of(unit) / (other_scale * Size_of(other)),
+                              second.*of_y);
+}
+
+// The sign of the difference of two ends: -1, 0 or 1; nothing where it is not certain.
+std::optional<int> Sign_of_difference(Pair const& pair, End of_x, End of_y) {
+    Enclosed const difference = pair.first.*of_x - pair.second.*of_y;
+    if (Is_negative(difference)) {
+        return -1;
+    }
+    if (Is_positive(difference)) {
+        return 1;
+    }
+    if (difference.Is_zero()) {
+        return 0;
+    }
+    return Keep_decimals(pair.x, pair.y) ? Exact_sign(pair, of_x, of_y) : std::nullopt;
+}
+
+// ---- Order
 
 Order Order_of(Pair const& pair) {
-    if (Is_negative(pair.first.upper - pair.second.lower)) {
+    if (Sign_of_difference(pair, &Band::upper, &Band::lower) == -1) {
         return Order::less;
     }
-    if (Is_positive(pair.first.lower - pair.second.upper)) {
+    if (Sign_of_difference(pair, &Band::lower, &Band::upper) == 1) {
         return Order::greater;
     }
-    bool const both_numbers = Is_one_number(pair.first) && Is_one_number(pair.second);
-    return both_numbers && (pair.first.value - pair.second.value).Is_zero() ? Order::equal
-                                                                            : Order::undecided;
+    bool const both_single = pair.first.is_single && pair.second.is_single;
+    return both_single && Sign_of_difference(pair, &Band::value, &Band::value) == 0
+               ? Order::equal
+               : Order::undecided;
 }
 
-// Whether the difference is certainly not positive.
-bool Is_at_most(Enclosed const& x, Enclosed const& y) {
-    return Round_up(x - y) <= 0.0;
+// Whether all of the first is certainly at most all of the second.
+bool First_is_at_most(Pair const& pair) {
+    return Round_up(pair.first.upper - pair.second.lower) <= 0.0 ||
+           Sign_of_difference(pair, &Band::upper, &Band::lower).value_or(1) <= 0;
+}
+
+bool Second_is_at_most(Pair const& pair) {
+    return Round_up(pair.second.upper - pair.first.lower) <= 0.0 ||
+           Sign_of_difference(pair, &Band::lower, &Band::upper).value_or(-1) >= 0;
 }
 
 template <typename Work>
@@ -85,8 +161,7 @@ bool Certainly_less(Measurement const& x, Measurement const& y) {
 }
 
 bool Possibly_less(Measurement const& x, Measurement const& y) {
-    return Compared(
-        x, y, [](Pair const& pair) { return !Is_at_most(pair.second.upper, pair.first.lower); });
+    return Compared(x, y, [](Pair const& pair) { return !Second_is_at_most(pair); });
 }
 
 bool Certainly_equal(Measurement const& x, Measurement const& y) {
@@ -99,20 +174,18 @@ bool Possibly_equal(Measurement const& x, Measurement const& y) {
 }
 
 Verdict Check_limits(Measurement const& x, Measurement const& low, Measurement const& high) {
-    if (!Compared(low, high, [](Pair const& pair) {
-            return Is_at_most(pair.first.upper, pair.second.lower);
-        })) {
+    if (!Compared(low, high, First_is_at_most)) {
         Refuse(Refusal::bounds_inverted, "take", low, "as a limit below", high);
     }
     auto const below = [&](Pair const& pair) {
-        return Is_at_most(pair.second.upper, pair.first.lower) ? Verdict::pass
-               : Order_of(pair) == Order::less                 ? Verdict::fail
-                                                               : Verdict::undecided;
+        return Second_is_at_most(pair)         ? Verdict::pass
+               : Order_of(pair) == Order::less ? Verdict::fail
+                                               : Verdict::undecided;
     };
     auto const above = [&](Pair const& pair) {
-        return Is_at_most(pair.first.upper, pair.second.lower) ? Verdict::pass
-               : Order_of(pair) == Order::greater              ? Verdict::fail
-                                                               : Verdict::undecided;
+        return First_is_at_most(pair)             ? Verdict::pass
+               : Order_of(pair) == Order::greater ? Verdict::fail
+                                                  : Verdict::undecided;
     };
     Verdict const from_low = Compared(x, low, below);
     Verdict const from_high = Compared(x, high, above);
@@ -134,11 +207,40 @@ Measurement In_unit_of(Measurement const& x, Measurement const& y) {
     return unit == y.Get_unit() ? y : Rounded(Converted(y, unit), unit, x.Is_difference());
 }
 
+// The decimals of both in the unit of the first, where one of them keeps any.
+std::optional<Decimal_pair> Decimals_together(Measurement const& x, Measurement const& y) {
+    return Keep_decimals(x, y)
+               ? With_one_power(Decimals_of(x), Decimals_in(y, y.Is_difference(), x.Get_unit()))
+               : std::nullopt;
+}
+
+Decimal_numbers Hull_of(Decimal_pair const& pair) {
+    auto const& [first, second] = pair;
+    return {std::min(first.lower, second.lower), first.value, std::max(first.upper, second.upper),
+            first.power};
+}
+
+Decimal_numbers Intersection_of(Decimal_pair const& pair) {
+    auto const& [first, second] = pair;
+    double const lower = std::max(first.lower, second.lower);
+    double const upper = std::min(first.upper, second.upper);
+    return {lower, std::min(std::max(first.value, lower), upper), upper, first.power};
+}
+
+std::optional<Measurement> With_decimals(std::optional<Decimal_pair> const& pair,
+                                         Decimal_numbers (*joined)(Decimal_pair const&),
+                                         Measurement const& x) {
+    return pair ? Made_of_decimals(joined(*pair), x.Get_unit(), x.Is_difference()) : std::nullopt;
+}
+
 } // namespace
 
 Measurement Hull(Measurement const& x, Measurement const& y) {
     try {
         Measurement const other = In_unit_of(x, y);
+        if (auto const hull = With_decimals(Decimals_together(x, y), Hull_of, x)) {
+            return *hull;
+        }
         return Measurement_parts::Made(x.Get_value(), std::min(x.Get_lower(), other.Get_lower()),
                                        std::max(x.Get_upper(), other.Get_upper()), x.Get_unit(),
                                        x.Is_difference());
@@ -154,6 +256,9 @@ Measurement Intersection(Measurement const& x, Measurement const& y) {
             throw Refusal::contradiction;
         }
         Measurement const other = In_unit_of(x, y);
+        if (auto const common = With_decimals(Decimals_together(x, y), Intersection_of, x)) {
+            return *common;
+        }
         double const lower = std::max(x.Get_lower(), other.Get_lower());
         double const upper = std::min(x.Get_upper(), other.Get_upper());
         double const value = std::min(std::max(x.Get_value(), lower), upper);

@@ -1,5 +1,7 @@
 #include "Conversions.h"
 
+#include "Measurement_parts.h"
+
 #include <algorithm>
 
 namespace Varnix::Value::Physics {
@@ -33,19 +35,17 @@ Refusal Why_kinds_differ(Kind const& first, Kind const& second) {
 
 namespace {
 
-// kelvins = (factor * x + offset) / divisor, all whole.
+// kelvins = (factor * x + offset) / divisor.
 struct Scale {
     Units_list unit;
-    double factor;
-    double offset;
-    double divisor;
+    Whole_formula formula;
 };
 
 // clang-format off
 constexpr Scale scales[] = {
-    {KELVIN,     1.0,     0.0,   1.0},
-    {DEGREE_C, 100.0, 27315.0, 100.0}, // 0 °C is 273.15 K
-    {DEGREE_F, 100.0, 45967.0, 180.0}, // 0 °F is 459.67 * 5 / 9 K
+    {KELVIN,   {  1,     0,   1}},
+    {DEGREE_C, {100, 27315, 100}}, // 0 °C is 273.15 K
+    {DEGREE_F, {100, 45967, 180}}, // 0 °F is 459.67 * 5 / 9 K
 };
 // clang-format on
 
@@ -54,38 +54,40 @@ Scale const& Scale_of(Units const& unit) {
                          [&](Scale const& scale) { return scale.unit == unit.tuples[0].unit; });
 }
 
-Enclosed Whole(double number, Exact_factor const& factor) {
-    return Enclose(number) * factor;
+// From the one scale to kelvin, and back to the other: ((f x + o) / d * D - O) / F with the source's
+// small letters and the target's capitals. All numbers are whole, so that what is exact stays so.
+Whole_formula Formula_between(Scale const& from, Scale const& to) {
+    Whole_formula const& source = from.formula;
+    Whole_formula const& target = to.formula;
+    return {source.factor * target.divisor,
+            source.offset * target.divisor - target.offset * source.divisor,
+            source.divisor * target.factor};
 }
 
-// A prefix as a whole number above the line, and one below it.
+Enclosed Whole(std::int64_t number, Exact_factor const& factor) {
+    return Enclose(static_cast<double>(number)) * factor;
+}
+
+// A power of ten or two as a whole number above the line, and one below it.
 struct Fraction {
     Exact_factor above;
     Exact_factor below;
 };
 
-Fraction Fraction_of(SI_units prefix) {
-    Exact_factor const size = Size_of(prefix);
-    return prefix < 0 ? Fraction{{}, Physics::Power(size, -1)} : Fraction{size, {}};
+Fraction Fraction_of(SI_units prefix, int power_of_ten) {
+    Exact_factor const size = Size_of(prefix) * Powers_of_ten(power_of_ten);
+    return size.Power_of_two() < 0 ? Fraction{{}, Physics::Power(size, -1)} : Fraction{size, {}};
 }
 
 } // namespace
 
-// From the one scale to kelvin, and back to the other. All numbers are whole, so that what is exact
-// stays so.
-Scale_formula Formula_between_scales(Units const& from, Units const& to) {
-    Scale const& source = Scale_of(from);
-    Scale const& target = Scale_of(to);
-    Fraction const source_size = Fraction_of(from.si_prefix);
-    Fraction const target_size = Fraction_of(to.si_prefix);
-    // ((f x a/b + o) / d * D - O) / F * B/A with the source's small letters and the target's
-    // capitals, over the common denominator.
-    double const factor = source.factor * target.divisor;
-    double const offset = source.offset * target.divisor - target.offset * source.divisor;
-    double const divisor = source.divisor * target.factor;
-    return {Whole(factor, source_size.above * target_size.below),
-            Whole(offset, source_size.below * target_size.below),
-            Whole(divisor, source_size.below * target_size.above)};
+Scale_formula Formula_between_scales(Units const& from, Units const& to, int power_of_ten) {
+    Whole_formula const formula = Formula_between(Scale_of(from), Scale_of(to));
+    Fraction const source_size = Fraction_of(from.si_prefix, power_of_ten);
+    Fraction const target_size = Fraction_of(to.si_prefix, 0);
+    return {Whole(formula.factor, source_size.above * target_size.below),
+            Whole(formula.offset, source_size.below * target_size.below),
+            Whole(formula.divisor, source_size.below * target_size.above)};
 }
 
 // ---- Levels
@@ -110,11 +112,12 @@ Band Converted_level(Band const& x, Exact_factor const& ratio, int factor) {
 
 } // namespace
 
-Band Converted(Band const& x, Units const& from, bool is_difference, Units const& to) {
+Band Converted(Scaled_band const& scaled, Units const& from, bool is_difference, Units const& to) {
     Form const form = Form_of(from, is_difference);
     Form const target_form = Form_of(to, is_difference);
+    Band const& x = scaled.numbers;
     if (form == Form::gain && target_form == Form::gain) {
-        return x;
+        return x * scaled.scale;
     }
     if (form == Form::gain || target_form == Form::gain) {
         Check_gain(from, to);
@@ -125,15 +128,86 @@ Band Converted(Band const& x, Units const& from, bool is_difference, Units const
         throw Why_kinds_differ(kind, target_kind);
     }
     if (form == Form::scale_point || target_form == Form::scale_point) {
-        return Increasing(x, Formula_between_scales(from, to));
+        return Increasing(x, Formula_between_scales(from, to, scaled.scale.Power_of_two()));
     }
     Exact_factor const ratio = Size_of(from) / Size_of(to);
     int const factor = Level_factor(kind);
     if (form == Form::level) {
-        return target_form == Form::level ? Converted_level(x, ratio, factor)
-                                          : Scaled_power_of_ten(x, factor, ratio);
+        Band const level = x * scaled.scale;
+        return target_form == Form::level ? Converted_level(level, ratio, factor)
+                                          : Scaled_power_of_ten(level, factor, ratio);
     }
-    return target_form == Form::level ? Scaled_logarithm(factor, x, ratio) : x * ratio;
+    return target_form == Form::level ? Scaled_logarithm(factor, x, scaled.scale * ratio)
+                                      : x * (scaled.scale * ratio);
+}
+
+// ---- Decimals
+
+namespace {
+
+// Prefixes of kelvin are powers of ten of the numbers.
+Maybe_decimals Decimals_between_scales(Maybe_decimals numbers, Units const& from, Units const& to) {
+    bool const are_decimal = !Is_binary_prefix(from.si_prefix) && !Is_binary_prefix(to.si_prefix);
+    if (!numbers || !are_decimal || !Is_temperature(from) || !Is_temperature(to)) {
+        return std::nullopt;
+    }
+    numbers->power += from.si_prefix;
+    Maybe_decimals result = By_formula(numbers, Formula_between(Scale_of(from), Scale_of(to)));
+    if (result) {
+        result->power -= to.si_prefix;
+    }
+    return result;
+}
+
+Maybe_decimals Decimals_of_level(Maybe_decimals const& numbers, Exact_factor const& ratio,
+                                 int factor) {
+    int const tens = Tens_in(ratio);
+    if (ratio != Powers_of_ten(tens)) {
+        return std::nullopt;
+    }
+    double const shift = factor * tens;
+    return Sum(numbers, 1, Decimal_numbers{shift, shift, shift, 0});
+}
+
+} // namespace
+
+Maybe_decimals Decimals_in(Measurement const& x, bool is_difference, Units const& to) {
+    Units const& from = Measurement_parts::Unit_of(x);
+    Maybe_decimals const numbers = Decimals_of(x);
+    if (from == to) {
+        return numbers;
+    }
+    Kind const kind = Kind_of(from);
+    if (!numbers || Is_decibel(from) != Is_decibel(to) || kind != Kind_of(to)) {
+        return std::nullopt;
+    }
+    Form const form = Form_of(from, is_difference);
+    if (form == Form::scale_point || Form_of(to, is_difference) == Form::scale_point) {
+        return Decimals_between_scales(numbers, from, to);
+    }
+    Exact_factor const ratio = Size_of(from) / Size_of(to);
+    return form == Form::level ? Decimals_of_level(numbers, ratio, Level_factor(kind))
+                               : Product(numbers, ratio);
+}
+
+std::optional<Measurement> Decimal_sum(Measurement const& x, int sign, Measurement const& y,
+                                       bool y_is_difference, Units const& unit,
+                                       bool is_difference) {
+    if (!Keep_decimals(x, y)) {
+        return std::nullopt;
+    }
+    Maybe_decimals const second = Decimals_in(y, y_is_difference, x.Get_unit());
+    return Made_of_decimals(Sum(Decimals_of(x), sign, second), unit, is_difference);
+}
+
+std::optional<Measurement> Shifted_decimals(Maybe_decimals const& x, Band const& shift,
+                                            Units const& unit) {
+    int whole = 0;
+    if (!x || !shift.is_single || !Is_small_whole(shift.value, whole)) {
+        return std::nullopt;
+    }
+    double const decibels = whole;
+    return Made_of_decimals(Sum(x, 1, Decimal_numbers{decibels, decibels, decibels, 0}), unit);
 }
 
 } // namespace Varnix::Value::Physics

@@ -5,6 +5,7 @@
 
 #include "Bands.h"
 #include "Forms.h"
+#include "Kept_decimals.h"
 
 #include <varnix/value/Measurement.h>
 
@@ -24,16 +25,38 @@ struct Scale_formula {
     Enclosed operator()(Enclosed const& x) const { return (factor * x + offset) / divisor; }
 };
 
-Scale_formula Formula_between_scales(Units const& from, Units const& to);
+// For numbers that are counted in a power of ten of the unit.
+Scale_formula Formula_between_scales(Units const& from, Units const& to, int power_of_ten = 0);
 
 // @throws Refusal kinds_differ, needs_impedance, no_fixed_length, gain_is_ambiguous,
 // gain_is_no_quantity,
 //         no_level_of_zero
-Band Converted(Band const& x, Units const& from, bool is_difference, Units const& to);
+Band Converted(Scaled_band const& x, Units const& from, bool is_difference, Units const& to);
 
 inline Band Converted(Measurement const& x, Units const& to) {
-    return Converted(Band_of(x), x.Get_unit(), x.Is_difference(), to);
+    return Converted(Scaled_numbers_of(x), x.Get_unit(), x.Is_difference(), to);
 }
+
+// ---- Decimals
+
+inline bool Keep_decimals(Measurement const& x, Measurement const& y) {
+    return (x.Get_decimal_code() | y.Get_decimal_code()) != 0;
+}
+
+// The decimals of a measurement in another unit, where they stay decimals. Nothing where they do
+// not, and where the units do not convert.
+Maybe_decimals Decimals_in(Measurement const& x, bool is_difference, Units const& to);
+
+// The sum, or difference for sign -1, of two measurements of which one keeps decimals, in a unit
+// that has the numbers of the first's; the second counts as a difference, or not. Nothing where it
+// is no decimal.
+std::optional<Measurement> Decimal_sum(Measurement const& x, int sign, Measurement const& y,
+                                       bool y_is_difference, Units const& unit,
+                                       bool is_difference = false);
+
+// The sum of decimals and a shift in decibels that is one whole number.
+std::optional<Measurement> Shifted_decimals(Maybe_decimals const& x, Band const& shift,
+                                            Units const& unit);
 
 } // namespace Varnix::Value::Physics
 

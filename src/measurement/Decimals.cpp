@@ -4,6 +4,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 #include <cstdlib>
 #include <limits>
 
@@ -24,6 +25,15 @@ int Digit_value(char character) {
     return character <= '9' ? character - '0' : (character | 0x20) - 'a' + 10;
 }
 
+// Beyond every double it is -100000; what reads the text has refused numbers that are too large.
+int Exponent_of(std::string_view text) {
+    text.remove_prefix(!text.empty() && text[0] == '+' ? 1 : 0);
+    int exponent = 0;
+    auto const result = std::from_chars(text.data(), text.data() + text.size(), exponent);
+    bool const too_long = result.ec == std::errc::result_out_of_range;
+    return too_long ? -100000 : std::max(exponent, -100000);
+}
+
 // "0x1.8p3" has hexadecimal digits, and its exponent counts powers of two.
 Scaled_number Read_digits(std::string_view text) {
     bool const hexadecimal =
@@ -42,14 +52,7 @@ Scaled_number Read_digits(std::string_view text) {
         read.power -= !behind_point ? 0 : hexadecimal ? 4 : 1;
     }
     if (end < text.size()) {
-        std::string_view exponent_text = text.substr(end + 1);
-        exponent_text.remove_prefix(!exponent_text.empty() && exponent_text[0] == '+' ? 1 : 0);
-        int exponent = 0;
-        auto const result = std::from_chars(exponent_text.data(),
-                                            exponent_text.data() + exponent_text.size(), exponent);
-        // Beyond every double; what reads the text has refused numbers that are too large.
-        bool const too_long = result.ec == std::errc::result_out_of_range;
-        read.power += too_long ? -100000 : std::max(exponent, -100000);
+        read.power += Exponent_of(text.substr(end + 1));
     }
     return read;
 }
@@ -85,6 +88,62 @@ Enclosed Sum_of(Decimal_text const& first, int sign, Decimal_text const& second)
     Enclosed const sum =
         Times_power(left.mantissa, left.base, left.power - place) + (sign > 0 ? addend : -addend);
     return Times_power(sum, left.base, place);
+}
+
+namespace {
+
+// Digits as a whole number, in which zeros at the end count only once another digit follows.
+struct Whole_digits {
+    std::uint64_t whole = 0;
+    int zeros = 0;
+    bool fits = true;
+
+    void Add(int digit) {
+        if (digit == 0) {
+            zeros += whole == 0 ? 0 : 1;
+            return;
+        }
+        for (; zeros > 0 && fits; --zeros) {
+            Append(0);
+        }
+        Append(static_cast<unsigned>(digit));
+    }
+
+  private:
+    void Append(unsigned digit) {
+        whole = fits ? whole * 10 + digit : 0;
+        fits = fits && whole <= std::uint64_t{1} << 53;
+    }
+};
+
+constexpr int Greatest_exponent = 1000; // far beyond the decimals that are kept
+
+} // namespace
+
+std::optional<Whole_decimal> Whole_of(Decimal_text const& text) {
+    if (!std::isfinite(text.nearest) || text.digits.substr(0, 2) == "0x" ||
+        text.digits.substr(0, 2) == "0X") {
+        return std::nullopt;
+    }
+    std::size_t const end = std::min(text.digits.size(), text.digits.find_first_of("eE"));
+    Whole_digits digits;
+    int decimals = 0;
+    bool behind_point = false;
+    for (char const character : text.digits.substr(0, end)) {
+        if (character == '.') {
+            behind_point = true;
+            continue;
+        }
+        digits.Add(character - '0');
+        decimals += behind_point ? 1 : 0;
+    }
+    int const exponent = end < text.digits.size() ? Exponent_of(text.digits.substr(end + 1)) : 0;
+    int const power = exponent + text.power_of_ten + digits.zeros - decimals;
+    if (!digits.fits || std::abs(exponent) > Greatest_exponent) {
+        return std::nullopt;
+    }
+    double const whole = static_cast<double>(digits.whole);
+    return Whole_decimal{text.negative ? -whole : whole, digits.whole == 0 ? 0 : power};
 }
 
 // ---- Writing

@@ -86,8 +86,9 @@ Units Linear(Units unit) {
     return unit;
 }
 
-Band Linear_band(Measurement const& x) {
-    return Is_decibel(x.Get_unit()) ? Converted(x, Linear(x.Get_unit())) : Band_of(x);
+Scaled_band Linear_numbers(Measurement const& x) {
+    return Is_decibel(x.Get_unit()) ? Scaled_band{Converted(x, Linear(x.Get_unit())), {}}
+                                    : Scaled_numbers_of(x);
 }
 
 // In the target's unit without decibels. The sizes of the units go in before the root is taken.
@@ -96,14 +97,15 @@ Band Related(Ordered_relation const& of, Units const& target) {
     int const b = of.relation.second_power;
     bool const is_root = a % 2 != 0;
     int const share = is_root ? 1 : 2;
-    Exact_factor const sizes = Physics::Power(Size_of(of.first.Get_unit()), a / share) *
-                               Physics::Power(Size_of(of.second.Get_unit()), b / share) /
-                               Physics::Power(Size_of(target), is_root ? 2 : 1);
-    Band const numerator = Power(Linear_band(of.first), a / share);
-    Band const other = Linear_band(of.second);
+    Scaled_band const first = Linear_numbers(of.first);
+    Scaled_band const second = Linear_numbers(of.second);
+    Exact_factor const sizes =
+        Physics::Power(first.scale * Size_of(of.first.Get_unit()), a / share) *
+        Physics::Power(second.scale * Size_of(of.second.Get_unit()), b / share) /
+        Physics::Power(Size_of(target), is_root ? 2 : 1);
     Band const related =
-        b > 0 ? numerator * Power(other, b / share) : numerator / Power(other, -b / share);
-    return is_root ? Square_root(related * sizes) : related * sizes;
+        Product_of_powers(first.numbers, a / share, second.numbers, b / share, sizes);
+    return is_root ? Square_root(related) : related;
 }
 
 // ---- By levels, whose numbers add
@@ -112,7 +114,8 @@ Band Related(Ordered_relation const& of, Units const& target) {
 Band Twenty_log(Measurement const& x) {
     Units const unit = x.Get_unit();
     if (!Is_decibel(unit)) {
-        return Scaled_logarithm(20, Band_of(x), Size_of(unit));
+        Scaled_band const numbers = Scaled_numbers_of(x);
+        return Scaled_logarithm(20, numbers.numbers, numbers.scale * Size_of(unit));
     }
     Band const shift = Single(Enclose(20.0) * Logarithm(Size_of(unit)));
     bool const of_power = Level_factor(Kind_of(unit)) == 10;

@@ -68,10 +68,22 @@ Measurement Level_of_product(Measurement const& x, int sign, Measurement const& 
     Exact_factor const rest = Size_of(left) * Physics::Power(Size_of(right), sign) / Size_of(unit);
     Band const second = sign > 0 ? Band_of(y) : -Band_of(y);
     Band const shift = Single(Enclose(10.0) * Logarithm(rest));
+    if (Keep_decimals(x, y)) {
+        Maybe_decimals const sum = Sum(Decimals_of(x), sign, Decimals_of(y));
+        if (auto const decimals = Shifted_decimals(sum, shift, unit)) {
+            return *decimals;
+        }
+    }
     return Rounded(Band_of(x) + second + shift, unit);
 }
 
 Measurement Shifted(Measurement const& level, int sign, Measurement const& gain) {
+    if (Keep_decimals(level, gain)) {
+        Maybe_decimals const sum = Sum(Decimals_of(level), sign, Decimals_of(gain));
+        if (auto const decimals = Made_of_decimals(sum, level.Get_unit())) {
+            return *decimals;
+        }
+    }
     Band const shift = sign > 0 ? Band_of(gain) : -Band_of(gain);
     return Rounded(Band_of(level) + shift, level.Get_unit());
 }
@@ -82,6 +94,9 @@ Measurement Level_sum(Measurement const& x, int sign, Measurement const& y) {
     }
     if (sign > 0) {
         throw Refusal::levels_do_not_add;
+    }
+    if (auto const decimals = Decimal_sum(x, -1, y, false, C_DB)) {
+        return *decimals;
     }
     return Rounded(Band_of(x) - Converted(y, x.Get_unit()), C_DB);
 }
@@ -116,6 +131,30 @@ Units Amplifiable(Measurement const& x) {
     return unit;
 }
 
+// A number times 10^(decibels / step). Whole powers of ten go into the scale, exactly.
+Enclosed Amplified_number(Enclosed const& number, Enclosed const& decibels, int step,
+                          Exact_factor const& scale) {
+    Enclosed const exponent = decibels / Enclose(step);
+    int tens = 0;
+    return Is_small_whole(exponent, tens) ? number * (scale * Powers_of_ten(tens))
+                                          : number * Power_of_ten(exponent) * scale;
+}
+
+// The four corners, of which the signs of the ends choose two.
+Band Amplified_band(Scaled_band const& x, Band const& gain, int step) {
+    auto const amplified = [&](Enclosed const& number, Enclosed const& decibels) {
+        return Amplified_number(number, decibels, step, x.scale);
+    };
+    Band const& numbers = x.numbers;
+    if (numbers.is_single && gain.is_single) {
+        return Single(amplified(numbers.value, gain.value));
+    }
+    return {amplified(numbers.lower, Is_below_zero(numbers.lower) ? gain.upper : gain.lower),
+            amplified(numbers.value, gain.value),
+            amplified(numbers.upper, Is_below_zero(numbers.upper) ? gain.lower : gain.upper),
+            false};
+}
+
 } // namespace
 
 Measurement Amplified(Measurement const& x, int sign, Measurement const& gain) {
@@ -127,12 +166,8 @@ Measurement Amplified(Measurement const& x, int sign, Measurement const& gain) {
     }
     Units const unit = Amplifiable(x);
     Band const decibels = sign > 0 ? Band_of(gain) : -Band_of(gain);
-    int const factor = Level_factor(Kind_of(unit));
-    int steps = 0;
-    if (decibels.is_single && Is_small_whole(decibels.value / Enclose(factor), steps)) {
-        return Rounded(Band_of(x) * Powers_of_ten(steps), unit, x.Is_difference());
-    }
-    return Rounded(Band_of(x) * Scaled_power_of_ten(decibels, factor, {}), unit, x.Is_difference());
+    int const step = Level_factor(Kind_of(unit));
+    return Rounded(Amplified_band(Scaled_numbers_of(x), decibels, step), unit, x.Is_difference());
 }
 
 // ---- Densities
@@ -167,7 +202,7 @@ Measurement Widened(Measurement const& x, int sign, Measurement const& bandwidth
     if (!fits || !Is_frequency(bandwidth)) {
         throw Refusal::not_a_density;
     }
-    Band const width = Band_of(bandwidth);
+    auto const [width, scale] = Scaled_numbers_of(bandwidth);
     if (Is_below_zero(width.lower)) {
         throw Refusal::negative_quantity;
     }
@@ -180,8 +215,14 @@ Measurement Widened(Measurement const& x, int sign, Measurement const& bandwidth
     }
     // The ratio of the references, bandwidth counted in its own unit, goes into the logarithm.
     Exact_factor const rest = Size_of(unit) / Size_of(result);
-    Exact_factor const size = Size_of(bandwidth.Get_unit());
+    Exact_factor const size = scale * Size_of(bandwidth.Get_unit());
     Band const decibels = Scaled_logarithm(10, width, sign > 0 ? size * rest : size / rest);
+    if (x.Get_decimal_code() != 0) {
+        Band const shift = sign > 0 ? decibels : -decibels;
+        if (auto const sum = Shifted_decimals(Kept_decimals(x), shift, result)) {
+            return *sum;
+        }
+    }
     return Rounded(Band_of(x) + (sign > 0 ? decibels : -decibels), result);
 }
 

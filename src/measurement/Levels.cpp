@@ -42,7 +42,9 @@ Measurement Gain_of(Measurement const& ratio, int step) {
         if (Kind_of(unit) != Kind()) {
             throw Refusal::kinds_differ;
         }
-        return Rounded(Scaled_logarithm(step, Band_of(ratio), Size_of(unit)), C_DB);
+        Scaled_band const numbers = Scaled_numbers_of(ratio);
+        return Rounded(Scaled_logarithm(step, numbers.numbers, numbers.scale * Size_of(unit)),
+                       C_DB);
     } catch (Refusal reason) {
         Refuse(reason, "make a gain of", ratio);
     }

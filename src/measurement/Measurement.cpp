@@ -3,6 +3,7 @@
 #include <varnix/value/Measurement.h>
 
 #include "Conversions.h"
+#include "Kept_decimals.h"
 #include "Measurement_parts.h"
 #include "Refusals.h"
 
@@ -134,16 +135,39 @@ Measurement Measurement::As_point() const {
     return result;
 }
 
+// ---- Decimals
+
+Measurement Measurement::With_decimal_code(std::int32_t code) const noexcept {
+    Measurement result = *this;
+    result.decimal_code = Checked_code(Numbers_of(*this), code);
+    return result;
+}
+
+bool Is_same(Measurement const& x, Measurement const& y) noexcept {
+    bool const same_doubles = x.Get_value() == y.Get_value() && x.Get_lower() == y.Get_lower() &&
+                              x.Get_upper() == y.Get_upper();
+    bool const same_unit = x.Get_unit() == y.Get_unit() && x.Is_difference() == y.Is_difference();
+    return same_doubles && same_unit &&
+           (x.Get_decimal_code() == y.Get_decimal_code() || (Are_doubles(x) && Are_doubles(y)));
+}
+
 // ---- Conversion
 
 namespace {
+
+std::optional<Measurement> Converted_decimals(Measurement const& x, Units const& target,
+                                              bool is_difference) {
+    return x.Get_decimal_code() == 0
+               ? std::nullopt
+               : Made_of_decimals(Decimals_in(x, x.Is_difference(), target), target, is_difference);
+}
 
 // A linear quantity by a factor: the usual case.
 bool Short_conversion(Measurement const& x, Units const& target, Numbers& numbers) {
     Units const& unit = Measurement_parts::Unit_of(x);
     bool const by_factor =
         Form_of(x) == Form::linear && Form_of(target, x.Is_difference()) == Form::linear;
-    if (!by_factor || Kind_of(unit) != Kind_of(target)) {
+    if (!by_factor || x.Get_decimal_code() != 0 || Kind_of(unit) != Kind_of(target)) {
         return false;
     }
     double above = 0.0;
@@ -155,6 +179,9 @@ bool Short_conversion(Measurement const& x, Units const& target, Numbers& number
 Measurement Converted_to(Measurement const& x, Units const& target) {
     Numbers numbers{};
     bool const is_difference = x.Is_difference() && Is_temperature(target); // a level is none
+    if (std::optional<Measurement> const decimals = Converted_decimals(x, target, is_difference)) {
+        return *decimals;
+    }
     return Short_conversion(x, target, numbers)
                ? Made_of(numbers, target, is_difference)
                : Rounded(Converted(x, target), target, is_difference);

@@ -53,7 +53,7 @@ Measurement_converter::Measurement_converter(Units const& from, Units const& to)
     : source(Checked(from)), target(Checked(to)), way(Way::same), step(0), factor_high(1.0),
       factor_low(0.0), offset_high(0.0), offset_low(0.0) {
     try {
-        Converted(Single(Enclose(1.0)), source, false, target);
+        Converted({Single(Enclose(1.0)), {}}, source, false, target);
     } catch (Refusal reason) {
         Refuse(reason, "cannot convert " + Described(from) + " to " + Described(to));
     }
@@ -89,7 +89,8 @@ double Measurement_converter::Nearest(double number) const noexcept {
 
 double Measurement_converter::Nearest_of_enclosed(double number) const noexcept {
     return std::isfinite(number)
-               ? Round_to_nearest(Converted(Single(Enclose(number)), source, false, target).value)
+               ? Round_to_nearest(
+                     Converted({Single(Enclose(number)), {}}, source, false, target).value)
                : number;
 }
 

@@ -3,6 +3,7 @@
 #include <varnix/value/Measurement_text.h>
 
 #include "Decimals.h"
+#include "Kept_decimals.h"
 
 #include <cmath>
 #include <optional>
@@ -98,9 +99,58 @@ Read_numbers Numbers_of(Quantity_parts const& parts) {
     }
 }
 
-// ---- The whole
+// ---- The same as decimals
 
-using Failure = std::variant<Text_fault, MeasurementRefused>;
+Maybe_decimals Single_decimal(Decimal_text const& text) {
+    std::optional<Whole_decimal> const read = Whole_of(text);
+    return read
+               ? Maybe_decimals(Decimal_numbers{read->whole, read->whole, read->whole, read->power})
+               : std::nullopt;
+}
+
+// An infinite bound is the same on every scale.
+Maybe_decimals Decimal_bound(Decimal_text const& text, Maybe_decimals const& value) {
+    double const nearest = text.nearest;
+    return value && std::isinf(nearest)
+               ? Maybe_decimals(Decimal_numbers{nearest, nearest, nearest, value->power})
+               : Single_decimal(text);
+}
+
+// Three single decimals as the numbers of one.
+Maybe_decimals Joined(Maybe_decimals const& lower, Maybe_decimals const& value,
+                      Maybe_decimals const& upper) {
+    auto const below = With_one_power(lower, value);
+    auto const above = below ? With_one_power(below->second, upper) : std::nullopt;
+    auto const least = above ? With_one_power(below->first, above->first) : std::nullopt;
+    if (!least) {
+        return std::nullopt;
+    }
+    Decimal_numbers const joined = {least->first.lower, least->second.value, above->second.upper,
+                                    least->second.power};
+    bool const in_order = joined.lower <= joined.value && joined.value <= joined.upper;
+    return in_order ? Maybe_decimals(joined) : std::nullopt;
+}
+
+Maybe_decimals Decimals_of(Quantity_parts const& parts) {
+    Maybe_decimals const value = Single_decimal(parts.value);
+    switch (parts.form) {
+    case Quantity_form::value_alone:
+        return value;
+    case Quantity_form::bounds:
+        return Joined(Decimal_bound(parts.lower, value), value, Decimal_bound(parts.upper, value));
+    default:
+        return Joined(Sum(value, -1, Single_decimal(parts.lower)), value,
+                      Sum(value, 1, Single_decimal(parts.upper)));
+    }
+}
+
+// The measurement that was made of doubles, with the decimals where they fit.
+Measurement With_decimals(Measurement const& made, Quantity_parts const& parts) {
+    return Made_of_decimals(Decimals_of(parts), made.Get_unit(), made.Is_difference())
+        .value_or(made);
+}
+
+// ---- The whole
 
 // What was refused, and where it stands in the text.
 struct Refused_at {
@@ -126,10 +176,11 @@ Read Read_measurement(std::string_view text) {
     }
     Read_numbers const numbers = Numbers_of(*parts);
     try {
-        return unit->is_difference
-                   ? Measurement::Difference(numbers.value, unit->unit, numbers.lower,
-                                             numbers.upper)
-                   : Measurement(numbers.value, unit->unit, numbers.lower, numbers.upper);
+        Measurement const made =
+            unit->is_difference
+                ? Measurement::Difference(numbers.value, unit->unit, numbers.lower, numbers.upper)
+                : Measurement(numbers.value, unit->unit, numbers.lower, numbers.upper);
+        return With_decimals(made, *parts);
     } catch (MeasurementRefused const& refused) {
         return Refused_at{refused, Is_about_unit(refused.Get_reason()) ? parts->unit_position
                                                                        : parts->bounds_position};

@@ -3,8 +3,6 @@
 #include "Error_free.h"
 
 #include <cmath>
-#include <cstdint>
-#include <cstring>
 
 namespace Varnix::Value::Physics {
 
@@ -18,31 +16,13 @@ namespace {
 constexpr double Least = 0x1p-400;
 constexpr double Greatest = 0x1p400;
 
-// A result rounded to nearest, and on which side of it the exact one lies: rest has its sign.
+// A result rounded to nearest, with the sign of what rounding left out, if that is certain.
 struct Nearest {
-    double rounded;
-    double rest;
+    Exact_pair result;
     bool is_certain;
 };
 
-constexpr Nearest unknown = {0.0, 0.0, false};
-
-// The next double away from zero, or towards it.
-double Neighbour(double number, bool away) {
-    std::uint64_t bits = 0;
-    std::memcpy(&bits, &number, sizeof bits);
-    bits += away ? 1U : ~std::uint64_t{0};
-    std::memcpy(&number, &bits, sizeof number);
-    return number;
-}
-
-double Down(Nearest const& result) {
-    return result.rest < 0.0 ? Neighbour(result.rounded, result.rounded < 0.0) : result.rounded;
-}
-
-double Up(Nearest const& result) {
-    return result.rest > 0.0 ? Neighbour(result.rounded, result.rounded > 0.0) : result.rounded;
-}
+constexpr Nearest unknown = {{0.0, 0.0}, false};
 
 bool Is_in_reach(double number) {
     double const magnitude = std::fabs(number);
@@ -51,7 +31,7 @@ bool Is_in_reach(double number) {
 
 Nearest Sum(double x, double y) {
     Exact_pair const sum = Exact_sum(x, y);
-    return {sum.rounded, sum.rest, std::fabs(sum.rounded) < 0x1p1020};
+    return {sum, std::fabs(sum.rounded) < 0x1p1020};
 }
 
 // (high + low) / divisor, from the sum of two doubles.
@@ -65,32 +45,31 @@ Nearest Divided(Exact_pair const& dividend, double divisor) {
     Exact_pair const sum = Exact_sum(quotient, correction);
     bool const can_be_told =
         correction == 0.0 || std::fabs(sum.rest) > std::fabs(correction) * 0x1p-48;
-    return {sum.rounded, sum.rest, can_be_told};
+    return {sum, can_be_told};
 }
 
 // x * y / divisor
 Nearest Product(double x, double y, double divisor) {
     if (x == 0.0 || y == 0.0) {
-        return {0.0, 0.0, true};
+        return {{0.0, 0.0}, true};
     }
     if (!Is_in_reach(x) || !Is_in_reach(y)) {
         return unknown;
     }
     Exact_pair const product = Exact_product(x, y);
-    return divisor == 1.0 ? Nearest{product.rounded, product.rest, true}
-                          : Divided(product, divisor);
+    return divisor == 1.0 ? Nearest{product, true} : Divided(product, divisor);
 }
 
 Nearest Quotient(double x, double y) {
     if (x == 0.0) {
-        return {0.0, 0.0, true};
+        return {{0.0, 0.0}, true};
     }
     return Is_in_reach(x) && Is_in_reach(y) ? Divided({x, 0.0}, y) : unknown;
 }
 
 bool Put_together(Nearest const& lower, Nearest const& value, Nearest const& upper,
                   Numbers& result) {
-    result = {Down(lower), value.rounded, Up(upper)};
+    result = {Down(lower.result), value.result.rounded, Up(upper.result)};
     return lower.is_certain && value.is_certain && upper.is_certain;
 }
 

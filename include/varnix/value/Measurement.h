@@ -17,7 +17,8 @@
 //     std::cout << Measurement(60.0, C_Mph) * time << '\n';         // 0.0333 mi
 //
 // What is promised of every operation, in the default floating-point environment: take the doubles
-// that come in as exact numbers, and the operands as free to be any of the numbers between their
+// that come in as exact numbers, the decimals of a text as exact decimals (3.3 V keeps a limit of
+// 3.3 V, and 0.1 V + 0.2 V is 0.3 V), and the operands as free to be any of the numbers between their
 // bounds. Then no result lies outside the bounds that come out; each bound is at most one unit in
 // the last place beyond the nearest double outside; a bound that is itself a double is returned as
 // it is, where it follows by
@@ -51,6 +52,7 @@
 #include <varnix/value/exceptions.h>
 #include <varnix/value/measurement_export.h>
 
+#include <cstdint>
 #include <string>
 
 namespace Varnix::Value {
@@ -189,6 +191,18 @@ class VARNIX_VALUE_MEASUREMENT_EXPORT Measurement {
     /// @throws MeasurementRefused prefix_on_temperature for a difference in °C or °F with a prefix.
     Measurement As_point() const;
 
+    // ---- Decimals
+
+    /// Which decimals the three numbers stand for, or 0 where they are the doubles that the getters
+    /// give. What is read from a text is exact in decimals: "3.3 V" is 3.3 V, and no double is. The
+    /// number is a code for programs that store a measurement as three doubles, a unit, and this.
+    std::int32_t Get_decimal_code() const noexcept { return decimal_code; }
+
+    /// The same measurement with its three numbers meant as the decimals of a code that
+    /// `Get_decimal_code` gave. Where the numbers are not those that the code was made for, and for
+    /// 0, they are doubles.
+    Measurement With_decimal_code(std::int32_t code) const noexcept;
+
     // ---- Conversion
 
     /// The same quantity in `target`. A temperature keeps its mark.
@@ -214,9 +228,15 @@ class VARNIX_VALUE_MEASUREMENT_EXPORT Measurement {
     double upper = 0.0;
     Units unit = {};
     bool difference = false;
+    std::int32_t decimal_code = 0;
 };
 
 static_assert(sizeof(Measurement) == 80, "measurements have a fixed size");
+
+/// Whether `x` and `y` are the same in every field: all three numbers, exactly, unit and mark. "5.0
+/// V" is the same as 5 V, and not as 5000 mV; "0.1 V" is not the double 0.1. Which of two is less,
+/// or whether they are equal whatever their units, `Compare` says. Never throws.
+VARNIX_VALUE_MEASUREMENT_EXPORT bool Is_same(Measurement const& x, Measurement const& y) noexcept;
 
 // ---- Arithmetic on linear quantities, and on levels and gains where it has one meaning only
 
