@@ -62,13 +62,6 @@ Measurement Make_between(py::object const& lower, py::object const& upper, py::o
 
 // ---- Texts
 
-std::string Unit_text_of(Measurement const& x) {
-    if (!x.Is_difference()) {
-        return Format_unit(x.Get_unit());
-    }
-    return Format(Measurement::Difference(0.0, x.Get_unit(), 0.0, 0.0)).substr(2); // behind "0 "
-}
-
 std::string Number_text(double number) {
     return std::isinf(number) ? (number < 0.0 ? "float('-inf')" : "float('inf')")
                               : py::repr(py::float_(number)).cast<std::string>();
@@ -80,7 +73,7 @@ std::string Representation(Measurement const& x) {
         return "Quantity(" + py::repr(py::str(Format(x))).cast<std::string>() + ")";
     }
     std::string text = "Quantity(" + Number_text(x.Get_value()) + ", " +
-                       py::repr(py::str(Unit_text_of(x))).cast<std::string>();
+                       py::repr(py::str(Format_unit(x))).cast<std::string>();
     if (x.Get_lower() != x.Get_value() || x.Get_upper() != x.Get_value()) {
         text += ", " + Number_text(x.Get_lower()) + ", " + Number_text(x.Get_upper());
     }

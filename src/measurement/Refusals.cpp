@@ -96,13 +96,7 @@ std::string Described(Units const& unit) {
 }
 
 std::string Described(double value, double lower, double upper, Units const& unit) {
-    std::string text = Format_number(value);
-    std::string const unit_text = Format_unit(unit);
-    text += unit_text.empty() ? "" : ' ' + unit_text;
-    if (lower != value || upper != value) {
-        text += " [" + Format_number(lower) + ", " + Format_number(upper) + ']';
-    }
-    return In_parentheses(text, unit);
+    return In_parentheses(Write_numbers({value, lower, upper}, Format_unit(unit), {}), unit);
 }
 
 std::string Described(Measurement const& x) {

@@ -5,10 +5,6 @@
 #include <varnix/value/Measurement_text.h>
 #include <varnix/value/Text_parsing.h>
 
-#include <algorithm>
-#include <array>
-#include <charconv>
-#include <cmath>
 #include <stdexcept>
 
 namespace Varnix::Value::Tool {
@@ -62,127 +58,26 @@ Answer Read_answer(std::string_view text, Options const& options) {
 
 namespace {
 
-Measurement Number_in(std::string const& digits) {
-    return Parse_measurement(digits);
-}
+constexpr int bound_digits = 4;
 
-// Whether a decimal lies between the bounds.
-bool Is_within(std::string const& digits, Measurement const& x) {
-    Measurement const read = Number_in(digits);
-    return read.Get_lower() >= x.Get_lower() && read.Get_upper() <= x.Get_upper();
-}
-
-// The fewest digits that read back, and an exponent only where bounds would have one too.
-std::string Shortest(double number) {
-    double const size = std::fabs(number);
-    if (size < 1e-5 || size >= 1e15) {
-        return Format_number(number);
-    }
-    std::array<char, 40> text{};
-    auto const end =
-        std::to_chars(text.data(), text.data() + text.size(), number, std::chars_format::fixed);
-    return {text.data(), end.ptr};
-}
-
-// The value in digits that people would write: a decimal between the bounds, which without bounds
-// of the user's own are next to each other, and what was typed in decimals is in decimals again.
-std::string Short_digits(Measurement const& x) {
-    constexpr int safe_digits = 15;
-    if (x.Get_lower() != x.Get_upper()) {
-        if (x.Get_lower() <= 0.0 && x.Get_upper() >= 0.0) {
-            return "0";
-        }
-        Text_format format;
-        format.digits = Digits::significant;
-        format.count = safe_digits;
-        double rounded = 0.0;
-        std::string const digits = Format_number(x.Get_value(), format);
-        std::from_chars(digits.data(), digits.data() + digits.size(), rounded);
-        std::string shortened = Shortest(rounded);
-        if (Is_within(shortened, x)) {
-            return shortened;
-        }
-    }
-    return Shortest(x.Get_value());
-}
-
-// The unit of a measurement is more than its descriptor says where it is a difference of
-// temperatures.
-std::string Unit_of(Measurement const& x, Unit_string_type spelling) {
-    if (!x.Is_difference()) {
-        return Format_unit(x.Get_unit(), spelling);
-    }
-    Text_format format;
-    format.unit = spelling;
-    format.bounds = Bounds_style::hidden;
-    std::string const text = Format(x, format);
-    return text.substr(text.find(' ') + 1);
-}
-
-constexpr int Bound_digits = 4;
-
-// "1.2590" is "1.259": zeros behind a point at the end of a number are left out.
-std::string Without_trailing_zeros(std::string const& text) {
-    std::string shown;
-    std::size_t point = std::string::npos;
-    auto const end_number = [&] {
-        if (point != std::string::npos) {
-            shown.erase(shown.find_last_not_of('0') + 1);
-            shown.erase(shown.back() == '.' ? shown.size() - 1 : shown.size());
-        }
-        point = std::string::npos;
-    };
-    for (char const character : text) {
-        bool const is_digit = character >= '0' && character <= '9';
-        bool const starts_decimals =
-            character == '.' && !shown.empty() && shown.back() >= '0' && shown.back() <= '9';
-        if (!is_digit) {
-            end_number();
-        }
-        shown += character;
-        point = starts_decimals ? shown.size() : point;
-    }
-    end_number();
-    return shown;
-}
-
-// Decimals that were typed have bounds a place or two further out, and what is computed of them a
-// few more: to the digits that are shown they are decimals again. All digits are those of the
-// certain bounds.
-Measurement Inward(Measurement const& x) {
-    double const lower = x.Get_lower();
-    double const upper = x.Get_upper();
-    bool const finite = std::isfinite(lower) && std::isfinite(upper);
-    double const room = finite ? std::max(std::fabs(lower), std::fabs(upper)) * 0x1p-48 : 0.0;
-    Measurement const inward(x.Get_value(), x.Get_unit(), std::min(lower + room, x.Get_value()),
-                             std::max(upper - room, x.Get_value()));
-    return x.Is_difference() ? inward.As_difference() : inward;
-}
-
-std::string Text_without_bounds(Measurement const& x, Text_format format) {
-    if (format.digits == Digits::shortest && !format.engineering_prefix) {
-        std::string const unit = Unit_of(x, format.unit);
-        return Short_digits(x) + (unit.empty() ? "" : ' ' + unit);
-    }
-    format.bounds = Bounds_style::hidden;
-    return Format(x, format);
-}
-
-std::string Text_with_bounds(Measurement const& x, Text_format format) {
-    if (format.digits != Digits::shortest) {
-        return Format(Inward(x), format);
-    }
-    format.digits = Digits::by_bounds;
-    format.count = Bound_digits;
-    return Without_trailing_zeros(Format(Inward(x), format));
-}
-
-std::string Measured_text(Measurement const& x, bool has_bounds, Options const& options) {
+// Bounds that were not typed come from rounding alone, and are not shown.
+Writing Writing_of(bool has_bounds, Options const& options) {
+    Writing writing;
+    writing.format = options.format;
+    writing.bounds = Bound_rounding::outward;
     if (options.all_digits) {
-        return Format(x, options.format);
+        return writing;
     }
-    return has_bounds ? Text_with_bounds(x, options.format)
-                      : Text_without_bounds(x, options.format);
+    bool const is_short = options.format.digits == Digits::shortest;
+    if (!has_bounds) {
+        writing.format.bounds = Bounds_style::hidden;
+        writing.within_bounds = is_short;
+    } else if (is_short) {
+        writing.format.digits = Digits::by_bounds;
+        writing.format.count = bound_digits;
+        writing.trailing_zeros = false;
+    }
+    return writing;
 }
 
 } // namespace
@@ -191,14 +86,14 @@ std::string Text_of(Answer const& answer, Options const& options) {
     if (auto const* quantity = std::get_if<Quantity>(&answer.result)) {
         return Format(*quantity, options.format);
     }
-    return Measured_text(std::get<Measurement>(answer.result), answer.has_bounds, options);
+    return Write(std::get<Measurement>(answer.result), Writing_of(answer.has_bounds, options));
 }
 
 std::string Unit_text(Answer const& answer, Unit_string_type spelling) {
     if (auto const* quantity = std::get_if<Quantity>(&answer.result)) {
         return Format_unit(quantity->Get_unit(), spelling);
     }
-    return Unit_of(std::get<Measurement>(answer.result), spelling);
+    return Format_unit(std::get<Measurement>(answer.result), spelling);
 }
 
 // What a program would call, and what is typed instead.

@@ -1,6 +1,6 @@
 #include "Written_results.h"
 
-#include <varnix/value/Text_parsing.h>
+#include <varnix/value/Measurement_text.h>
 
 #include <algorithm>
 #include <cmath>
@@ -33,27 +33,21 @@ std::string Json_text(std::string_view text) {
 
 namespace {
 
-struct Shown_numbers {
-    double value;
-    double lower;
-    double upper;
-};
-
-Shown_numbers Numbers_of(Answer const& answer) {
+// Whose shortest digits, which JSON has, enclose what the bounds enclose.
+Exact_numbers Numbers_of(Answer const& answer) {
     if (auto const* quantity = std::get_if<Quantity>(&answer.result)) {
         // The electrical relations leave the bounds as they come.
         auto const [lower, upper] =
             std::minmax(quantity->Get_minus_err(), quantity->Get_plus_err());
         return {quantity->Get_value(), lower, upper};
     }
-    auto const& x = std::get<Measurement>(answer.result);
-    return {x.Get_value(), x.Get_lower(), x.Get_upper()};
+    return Enclosing_doubles(Exact_numbers_of(std::get<Measurement>(answer.result)));
 }
 
 } // namespace
 
 void Add_answer(Json& object, Answer const& answer, Options const& options) {
-    Shown_numbers const numbers = Numbers_of(answer);
+    Exact_numbers const numbers = Numbers_of(answer);
     object["value"] = Json_number(numbers.value);
     object["lower"] = Json_number(numbers.lower);
     object["upper"] = Json_number(numbers.upper);

@@ -23,6 +23,7 @@
 #include <varnix/value/Measurement.h>
 #include <varnix/value/Text_formatting.h>
 #include <varnix/value/Text_parsing.h>
+#include <varnix/value/Text_writing.h>
 #include <varnix/value/measurement_export.h>
 
 #include <iosfwd>
@@ -45,13 +46,26 @@ VARNIX_VALUE_MEASUREMENT_EXPORT Measurement Parse_measurement(std::string_view t
 VARNIX_VALUE_MEASUREMENT_EXPORT Parse_result<Measurement>
 Try_parse_measurement(std::string_view text);
 
-/// The measurement as a text, by default with the shortest digits that give back each number.
-/// Bounds are left out where the number alone, read back, encloses them. Fewer digits round the
-/// bounds outward and the value to nearest; `Digits::by_bounds` ends at the second digit of half
-/// their distance. ± is written, where asked for, when the deviations from the printed value are
-/// alike in the last place printed.
+/// The measurement as a text, which never encloses less, whoever reads it: the decimal that is
+/// written for a lower bound is not above it, that for an upper bound not below it, and value minus
+/// and plus a written deviation enclose both. The value is rounded to nearest, ties to the even
+/// digit. By default numbers have the fewest digits with which a bound is at most one step of a
+/// double further out, and the bounds are left out where they are equal or the two doubles around
+/// the written value. Fewer digits round the bounds outward; `Digits::by_bounds` ends at the second
+/// digit of half their distance. ± is written, where asked for, where the least deviations below
+/// and above the written value are equal in the last place written.
 VARNIX_VALUE_MEASUREMENT_EXPORT std::string Format(Measurement const& x,
                                                    Text_format const& format = {});
+
+/// The same with what `Writing` adds; bounds are outward where it says so.
+VARNIX_VALUE_MEASUREMENT_EXPORT std::string Write(Measurement const& x, Writing const& writing);
+
+/// The text of the unit; that of a difference of temperatures is marked: "Δ°C", "delta_celsius".
+VARNIX_VALUE_MEASUREMENT_EXPORT std::string Format_unit(Measurement const& x,
+                                                        Unit_string_type spelling = STR_SYMBOL);
+
+/// The numbers of a measurement as they are written.
+VARNIX_VALUE_MEASUREMENT_EXPORT Exact_numbers Exact_numbers_of(Measurement const& x) noexcept;
 
 /// Writes `Format(x)`; the width and the other settings of the stream do not count.
 VARNIX_VALUE_MEASUREMENT_EXPORT std::ostream& operator<<(std::ostream& stream,

@@ -12,6 +12,7 @@
 
 #include <varnix/value/Text_formatting.h> // IWYU pragma: export
 #include <varnix/value/Text_parsing.h>    // IWYU pragma: export
+#include <varnix/value/Text_writing.h>    // IWYU pragma: export
 #include <varnix/value/Unit_kinds.h>      // IWYU pragma: export
 
 #endif
