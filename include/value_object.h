@@ -193,12 +193,12 @@ typedef struct vo_measurement {
 VO_EXPORT vo_status vo_measurement_make(double value, double lower, double upper,
                                         vo_unit const* unit, vo_measurement* made, vo_fault* fault);
 
-/** Reads "30 dBm [29, 31]", "5.0 ± 0.1 V", "5.00(3) kV": bounds enclose the decimals as written. */
+/** Reads "30 dBm [29, 31]", "5.0 ± 0.1 V", "5.00(3) kV": the decimals are kept exactly, and enclosed where they do not fit. */
 VO_EXPORT vo_status vo_measurement_parse(char const* text, vo_measurement* read, vo_fault* fault);
 
 /**
- * Writes a measurement, as vo_unit_format. `format` is "" for the fewest digits that give back each
- * number, which vo_measurement_parse encloses: at most one unit in the last place wider; or digits (".3" significant, ".2f" decimals, "b" by the bounds), then "p" for ± or "~"
+ * Writes a measurement, as vo_unit_format. `format` is "" for decimals as they were typed, and
+ * for other numbers the fewest digits that enclose, at most one step of a double wider; or digits (".3" significant, ".2f" decimals, "b" by the bounds), then "p" for ± or "~"
  * without bounds, then "k" with a prefix by size. Any other is VO_INVALID_ARGUMENT.
  */
 VO_EXPORT vo_status vo_measurement_format(vo_measurement const* x, char const* format, char* buffer,

@@ -303,8 +303,8 @@ False
 >>> print(Quantity(5.0, "V", 4.9, 5.1))
 5 V [4.9, 5.1]
 
-The first is not the second, as 4.9 is no double: a text encloses its decimals, a number is taken
-as the double that it is. Raises TextNotValid, MeasurementRefused.
+The first is not the second, as 4.9 is no double: a text keeps its decimals, a number is taken as
+the double that it is. Raises TextNotValid, MeasurementRefused.
 )")
         .def_static("between", &Make_between, py::arg("lower"), py::arg("upper"), py::arg("unit"),
                     R"(What lies between two numbers; the value is the middle.

@@ -9,10 +9,9 @@
 //     std::cout << Format(supply, Read_text_format("bp")) << '\n';     // 5.00 ± 0.10 V
 //     std::cout << Parse_measurement("20 Δ°C").Convert_to(C_DgreeF) << '\n'; // 36 Δ°F
 //
-// What is written is never narrower than the measurement, and what is read never narrower than the
-// text: "0.1 V" lies between two doubles, and has them as its bounds. What is a double stays exact.
-// Printing and reading back so gives a measurement that encloses the first, at most one unit in the
-// last place wider; hexadecimal numbers ("0x1.8p3 V") give the same bits.
+// Decimals are exact: what is read keeps its decimals where they are at most 2^53 over a power of
+// ten up to 10^22, and is written as it was typed. Other numbers are enclosed: what is written is
+// never narrower than the measurement, and what is read never narrower than the text.
 //
 // Failures and threads are as in <varnix/value/Measurement.h>; texts allocate memory, and functions
 // here may throw `std::bad_alloc`.
@@ -35,8 +34,8 @@ namespace Varnix::Value {
 /// @addtogroup texts
 /// @{
 
-/// A measurement as it is typed: the notation of `Parse_quantity`, with the numbers enclosed,
-/// hexadecimal numbers, infinite bounds, and the differences "Δ°C", "Δ°F", "ΔK" ("delta_degC",
+/// A measurement as it is typed: the notation of `Parse_quantity`, with the numbers kept as decimals
+/// or, where they do not fit, enclosed; hexadecimal numbers, infinite bounds, and the differences "Δ°C", "Δ°F", "ΔK" ("delta_degC",
 /// "delta_degF", "delta_K").
 /// @throws TextNotValid for what cannot be read.
 /// @throws MeasurementRefused for what can, but is no measurement: "5 V [5.1, 5.2]", "10 dBohm".
