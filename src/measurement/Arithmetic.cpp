@@ -21,6 +21,11 @@ using namespace Physics;
 
 namespace {
 
+// Of 20 °C and 5 K the second may be meant as a difference, or as a point near absolute zero.
+bool Is_point_beside_kelvins(Measurement const& x, Measurement const& y) {
+    return Form_of(x) == Form::scale_point && Is_kelvin(y.Get_unit()) && !y.Is_difference();
+}
+
 // What the sum or difference of two temperatures is, or why there is none.
 struct Temperature_sum {
     bool is_difference;    // the result
@@ -35,6 +40,9 @@ Temperature_sum Temperatures_added(Measurement const& x, Measurement const& y) {
     if (x.Is_difference() || y.Is_difference()) {
         return {false, x.Is_difference()};
     }
+    if (Is_point_beside_kelvins(x, y) || Is_point_beside_kelvins(y, x)) {
+        throw Refusal::temperature_role;
+    }
     if (!both_kelvin) {
         throw Refusal::temperature_points_add;
     }
@@ -44,6 +52,9 @@ Temperature_sum Temperatures_added(Measurement const& x, Measurement const& y) {
 Temperature_sum Temperatures_subtracted(Measurement const& x, Measurement const& y) {
     bool const both_kelvin = Is_kelvin(x.Get_unit()) && Is_kelvin(y.Get_unit());
     if (x.Is_difference() && !y.Is_difference() && !both_kelvin) {
+        throw Refusal::temperature_role;
+    }
+    if (Is_point_beside_kelvins(x, y)) {
         throw Refusal::temperature_role;
     }
     bool const both_points = !x.Is_difference() && !y.Is_difference();
@@ -58,11 +69,12 @@ Measurement Temperature_sum_of(Measurement const& x, int sign, Measurement const
     if (to_point && !Is_kelvin(unit) && unit.si_prefix != NO_PREFIX) {
         throw Refusal::prefix_on_temperature;
     }
-    bool const y_is_difference = !roles.second_as_points;
-    if (auto const decimals = Decimal_sum(x, sign, y, y_is_difference, unit, roles.is_difference)) {
+    bool const as_differences = !roles.second_as_points;
+    if (auto const decimals = Decimal_sum(x, sign, y, as_differences, unit, roles.is_difference)) {
         return *decimals;
     }
-    Band const second = Converted(Scaled_numbers_of(y), y.Get_unit(), y_is_difference, unit);
+    Band const second =
+        Converted(Scaled_numbers_of(y), y.Get_unit(), as_differences, unit, as_differences);
     return Rounded(Band_of(x) + (sign > 0 ? second : -second), unit, roles.is_difference);
 }
 
@@ -84,7 +96,7 @@ Measurement Linear_sum(Measurement const& x, int sign, Measurement const& y) {
         Short_sum(Numbers_of(x), sign > 0 ? Numbers_of(y) : Negated(Numbers_of(y)), numbers)) {
         return Made_of(numbers, unit, x.Is_difference());
     }
-    Band const second = unit == other ? Band_of(y) : Converted(y, unit);
+    Band const second = unit == other ? Band_of(y) : Converted(y, unit, x.Is_difference());
     return Rounded(Band_of(x) + (sign > 0 ? second : -second), unit, x.Is_difference());
 }
 
@@ -137,13 +149,17 @@ bool Is_plain(Measurement const& x) {
     return !Is_decibel(unit) && Kind_of(unit) == Kind();
 }
 
-// Whether a product is a temperature difference: what comes of other units is one, and what is only
-// counted keeps its mark.
-bool Product_is_difference(Measurement const& x, Measurement const& y, Units const& unit) {
+// Whether a product or quotient is a temperature difference: what is only counted keeps its mark,
+// and what comes of other units is one, 100 ppm over 10 ppm/°C too.
+bool Product_is_difference(Measurement const& x, int sign, Measurement const& y,
+                           Units const& unit) {
     if (!Is_temperature(unit)) {
         return false;
     }
-    return Is_plain(y) ? x.Is_difference() : !Is_plain(x) || y.Is_difference();
+    if (Is_plain(y)) {
+        return x.Is_difference();
+    }
+    return sign < 0 || !Is_plain(x) || y.Is_difference();
 }
 
 // Units of one size, or of one that is only divided by.
@@ -189,7 +205,7 @@ Measurement Linear_product(Measurement const& x, int sign, Measurement const& y)
     if (result.refusal) {
         throw *result.refusal;
     }
-    bool const is_difference = Product_is_difference(x, y, result.unit);
+    bool const is_difference = Product_is_difference(x, sign, y, result.unit);
     Exact_factor const factor =
         Size_of(left) * Physics::Power(Size_of(right), sign) / Size_of(result.unit);
     if (sign > 0) {

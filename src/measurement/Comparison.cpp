@@ -16,10 +16,13 @@ using namespace Physics;
 
 namespace {
 
-// Temperatures compare as points, or as differences; of kelvin alone it does not matter.
+// Temperatures compare as points, or as differences; of kelvin alone it does not matter. A level
+// counts as the kelvins that it is relative to.
 void Check_roles(Measurement const& x, Measurement const& y) {
-    bool const both_kelvin = Is_kelvin(x.Get_unit()) && Is_kelvin(y.Get_unit());
-    bool const both_temperatures = Is_temperature(x.Get_unit()) && Is_temperature(y.Get_unit());
+    Units const first = Without_decibels(x.Get_unit());
+    Units const second = Without_decibels(y.Get_unit());
+    bool const both_kelvin = Is_kelvin(first) && Is_kelvin(second);
+    bool const both_temperatures = Is_temperature(first) && Is_temperature(second);
     if (both_temperatures && !both_kelvin && x.Is_difference() != y.Is_difference()) {
         throw Refusal::temperature_role;
     }
@@ -33,9 +36,8 @@ struct Pair {
     Measurement const& y;
 };
 
-Units Without_decibels(Units unit) {
-    unit.spl_conv = SPL_NONE;
-    return unit;
+Band In_unit(Measurement const& x, Units const& unit, bool is_difference) {
+    return x.Get_unit() == unit ? Band_of(x) : Converted(x, unit, is_difference);
 }
 
 // In the unit of the first; a level beside a linear quantity becomes linear, as that may be zero.
@@ -45,12 +47,7 @@ Pair Brought_together(Measurement const& x, Measurement const& y) {
     bool const x_is_level = Form_of(x) == Form::level;
     bool const y_is_level = Form_of(y) == Form::level;
     Units const common = x_is_level && !y_is_level ? Without_decibels(unit) : unit;
-    bool const turned = y_is_level && !x_is_level;
-    return {unit == common ? Band_of(x) : Converted(x, common),
-            turned                   ? Converted(y, common)
-            : common == y.Get_unit() ? Band_of(y)
-                                     : Converted(y, common),
-            x, y};
+    return {In_unit(x, common, x.Is_difference()), In_unit(y, common, x.Is_difference()), x, y};
 }
 
 // ---- Two ends of the bands
@@ -200,11 +197,23 @@ Verdict Check_limits(Measurement const& x, Measurement const& low, Measurement c
 
 namespace {
 
-// The second in the unit of the first, rounded outward.
-Measurement In_unit_of(Measurement const& x, Measurement const& y) {
+struct Bounds {
+    double lower;
+    double upper;
+};
+
+// Those of the second in the unit of the first, rounded outward. Its value does not count: it may
+// be too large there, or have no level.
+Bounds Bounds_in_unit_of(Measurement const& x, Measurement const& y) {
     Check_roles(x, y);
-    Units const unit = x.Get_unit();
-    return unit == y.Get_unit() ? y : Rounded(Converted(y, unit), unit, x.Is_difference());
+    if (x.Get_unit() == y.Get_unit()) {
+        return {y.Get_lower(), y.Get_upper()};
+    }
+    Scaled_band band = Scaled_numbers_of(y);
+    band.numbers.value = band.numbers.upper;
+    Band const converted =
+        Converted(band, y.Get_unit(), y.Is_difference(), x.Get_unit(), x.Is_difference());
+    return {Round_down(converted.lower), Round_up(converted.upper)};
 }
 
 // The decimals of both in the unit of the first, where one of them keeps any.
@@ -224,6 +233,9 @@ Decimal_numbers Intersection_of(Decimal_pair const& pair) {
     auto const& [first, second] = pair;
     double const lower = std::max(first.lower, second.lower);
     double const upper = std::min(first.upper, second.upper);
+    if (lower > upper) {
+        throw Refusal::contradiction;
+    }
     return {lower, std::min(std::max(first.value, lower), upper), upper, first.power};
 }
 
@@ -237,12 +249,12 @@ std::optional<Measurement> With_decimals(std::optional<Decimal_pair> const& pair
 
 Measurement Hull(Measurement const& x, Measurement const& y) {
     try {
-        Measurement const other = In_unit_of(x, y);
+        Bounds const other = Bounds_in_unit_of(x, y);
         if (auto const hull = With_decimals(Decimals_together(x, y), Hull_of, x)) {
             return *hull;
         }
-        return Measurement_parts::Made(x.Get_value(), std::min(x.Get_lower(), other.Get_lower()),
-                                       std::max(x.Get_upper(), other.Get_upper()), x.Get_unit(),
+        return Measurement_parts::Made(x.Get_value(), std::min(x.Get_lower(), other.lower),
+                                       std::max(x.Get_upper(), other.upper), x.Get_unit(),
                                        x.Is_difference());
     } catch (Refusal reason) {
         Refuse(reason, "join", x, "with", y);
@@ -255,12 +267,15 @@ Measurement Intersection(Measurement const& x, Measurement const& y) {
         if (order == Order::less || order == Order::greater) {
             throw Refusal::contradiction;
         }
-        Measurement const other = In_unit_of(x, y);
+        Bounds const other = Bounds_in_unit_of(x, y);
         if (auto const common = With_decimals(Decimals_together(x, y), Intersection_of, x)) {
             return *common;
         }
-        double const lower = std::max(x.Get_lower(), other.Get_lower());
-        double const upper = std::min(x.Get_upper(), other.Get_upper());
+        double const lower = std::max(x.Get_lower(), other.lower);
+        double const upper = std::min(x.Get_upper(), other.upper);
+        if (lower > upper) {
+            throw Refusal::contradiction;
+        }
         double const value = std::min(std::max(x.Get_value(), lower), upper);
         return Measurement_parts::Made(value, lower, upper, x.Get_unit(), x.Is_difference());
     } catch (Refusal reason) {

@@ -6,19 +6,24 @@
 
 namespace Varnix::Value::Physics {
 
-namespace {
-
-bool Is_electrical_alone(Kind kind) {
+Electrical Electrical_of(Kind kind) {
+    int const volts = kind[Base::voltage];
+    int const amperes = kind[Base::current];
     kind[Base::voltage] = kind[Base::current] = 0;
-    return kind == Kind();
+    if (kind != Kind() || volts < 0 || volts > 1) {
+        return Electrical::none;
+    }
+    if (volts == 0) {
+        return amperes == 1 ? Electrical::current : Electrical::none;
+    }
+    return amperes == 0    ? Electrical::voltage
+           : amperes == 1  ? Electrical::power
+           : amperes == -1 ? Electrical::resistance
+                           : Electrical::none;
 }
 
-} // namespace
-
 Refusal Why_kinds_differ(Kind const& first, Kind const& second) {
-    bool const both_electrical = first != Kind() && second != Kind() &&
-                                 Is_electrical_alone(first) && Is_electrical_alone(second);
-    if (both_electrical) {
+    if (Electrical_of(first) != Electrical::none && Electrical_of(second) != Electrical::none) {
         return Refusal::needs_impedance;
     }
     Kind joined_first = first;
@@ -110,11 +115,29 @@ Band Converted_level(Band const& x, Exact_factor const& ratio, int factor) {
     return Increasing(x, [&](Enclosed const& number) { return number + shift; });
 }
 
+// With a point in °C or °F on one side. The other is kelvin, another scale, or a level of kelvin,
+// which goes by way of it; %*K and its kin are no scales.
+Band Converted_point(Scaled_band const& x, Units const& from, Units const& to) {
+    Units const source = Without_decibels(from);
+    Units const target = Without_decibels(to);
+    if (!Is_temperature(source) || !Is_temperature(target)) {
+        throw Refusal::temperature_role;
+    }
+    int const factor = Level_factor(Kind_of(source));
+    Scaled_band const quantity =
+        Is_decibel(from) ? Scaled_band{Scaled_power_of_ten(x.numbers * x.scale, factor, {}), {}}
+                         : x;
+    Band const converted = Increasing(
+        quantity.numbers, Formula_between_scales(source, target, quantity.scale.Power_of_two()));
+    return Is_decibel(to) ? Scaled_logarithm(factor, converted, {}) : converted;
+}
+
 } // namespace
 
-Band Converted(Scaled_band const& scaled, Units const& from, bool is_difference, Units const& to) {
+Band Converted(Scaled_band const& scaled, Units const& from, bool is_difference, Units const& to,
+               bool to_difference) {
     Form const form = Form_of(from, is_difference);
-    Form const target_form = Form_of(to, is_difference);
+    Form const target_form = Form_of(to, to_difference);
     Band const& x = scaled.numbers;
     if (form == Form::gain && target_form == Form::gain) {
         return x * scaled.scale;
@@ -128,7 +151,7 @@ Band Converted(Scaled_band const& scaled, Units const& from, bool is_difference,
         throw Why_kinds_differ(kind, target_kind);
     }
     if (form == Form::scale_point || target_form == Form::scale_point) {
-        return Increasing(x, Formula_between_scales(from, to, scaled.scale.Power_of_two()));
+        return Converted_point(scaled, from, to);
     }
     Exact_factor const ratio = Size_of(from) / Size_of(to);
     int const factor = Level_factor(kind);

@@ -11,6 +11,11 @@
 
 namespace Varnix::Value::Physics {
 
+// What electrical relations are between.
+enum class Electrical { none, voltage, current, power, resistance };
+
+Electrical Electrical_of(Kind kind);
+
 // Why two units that are not of one kind are not: @return kinds_differ, needs_impedance or
 // no_fixed_length
 Refusal Why_kinds_differ(Kind const& first, Kind const& second);
@@ -28,13 +33,19 @@ struct Scale_formula {
 // For numbers that are counted in a power of ten of the unit.
 Scale_formula Formula_between_scales(Units const& from, Units const& to, int power_of_ten = 0);
 
+// Each side says whether it is a difference where it is a temperature alone.
 // @throws Refusal kinds_differ, needs_impedance, no_fixed_length, gain_is_ambiguous,
-// gain_is_no_quantity,
-//         no_level_of_zero
-Band Converted(Scaled_band const& x, Units const& from, bool is_difference, Units const& to);
+// gain_is_no_quantity, no_level_of_zero, temperature_role
+Band Converted(Scaled_band const& x, Units const& from, bool is_difference, Units const& to,
+               bool to_difference);
 
+inline Band Converted(Measurement const& x, Units const& to, bool to_difference) {
+    return Converted(Scaled_numbers_of(x), x.Get_unit(), x.Is_difference(), to, to_difference);
+}
+
+// The mark is kept.
 inline Band Converted(Measurement const& x, Units const& to) {
-    return Converted(Scaled_numbers_of(x), x.Get_unit(), x.Is_difference(), to);
+    return Converted(x, to, x.Is_difference());
 }
 
 // ---- Decimals

@@ -12,32 +12,19 @@ using namespace Physics;
 
 namespace {
 
-enum Quantity { voltage, current, power, resistance, none };
-
-Quantity Quantity_of(Kind kind) {
-    int const volts = kind[Base::voltage];
-    int const amperes = kind[Base::current];
-    kind[Base::voltage] = kind[Base::current] = 0;
-    if (kind != Kind()) {
-        return none;
-    }
-    if (volts == 0) {
-        return amperes == 1 ? current : none;
-    }
-    if (volts != 1) {
-        return none;
-    }
-    return amperes == 0 ? voltage : amperes == 1 ? power : amperes == -1 ? resistance : none;
-}
-
 // target^2 = first^a * second^b. Of a target that takes no root, a and b are even.
 struct Relation {
-    Quantity target;
-    Quantity first;
-    Quantity second;
+    Electrical target;
+    Electrical first;
+    Electrical second;
     int first_power;
     int second_power;
 };
+
+constexpr Electrical voltage = Electrical::voltage;
+constexpr Electrical current = Electrical::current;
+constexpr Electrical power = Electrical::power;
+constexpr Electrical resistance = Electrical::resistance;
 
 // clang-format off
 constexpr Relation relations[] = {
@@ -65,9 +52,9 @@ struct Ordered_relation {
 };
 
 Ordered_relation Relation_of(Units const& target, Measurement const& x, Measurement const& y) {
-    Quantity const wanted = Quantity_of(Kind_of(target));
-    Quantity const left = Quantity_of(Kind_of(x.Get_unit()));
-    Quantity const right = Quantity_of(Kind_of(y.Get_unit()));
+    Electrical const wanted = Electrical_of(Kind_of(target));
+    Electrical const left = Electrical_of(Kind_of(x.Get_unit()));
+    Electrical const right = Electrical_of(Kind_of(y.Get_unit()));
     for (Relation const& row : relations) {
         if (row.target == wanted && row.first == left && row.second == right) {
             return {row, x, y};
@@ -81,13 +68,8 @@ Ordered_relation Relation_of(Units const& target, Measurement const& x, Measurem
 
 // ---- By the quantities themselves
 
-Units Linear(Units unit) {
-    unit.spl_conv = SPL_NONE;
-    return unit;
-}
-
 Scaled_band Linear_numbers(Measurement const& x) {
-    return Is_decibel(x.Get_unit()) ? Scaled_band{Converted(x, Linear(x.Get_unit())), {}}
+    return Is_decibel(x.Get_unit()) ? Scaled_band{Converted(x, Without_decibels(x.Get_unit())), {}}
                                     : Scaled_numbers_of(x);
 }
 
@@ -149,7 +131,7 @@ Measurement By_relation(Measurement const& x, Measurement const& with, Units con
     }
     return Rounded(from_level ? Related_level(of, target)
                               : Scaled_logarithm(Level_factor(Kind_of(target)),
-                                                 Related(of, Linear(target)), {}),
+                                                 Related(of, Without_decibels(target)), {}),
                    target);
 }
 

@@ -636,6 +636,14 @@ Enclosed Power_of_ten(Enclosed const& x) {
     return power;
 }
 
+// e^r - 1 by its series, where r is small; elsewhere little cancels.
+Enclosed Power_of_ten_less_one(Enclosed const& x) {
+    Enclosed const one = Enclose(1.0);
+    Enclosed const rest = x * ln_10;
+    bool const is_small = rest.exponent < -7;
+    return is_small ? rest * (one + Exponential_series(rest)) : Power_of_ten(x) - one;
+}
+
 // ---- Logarithms
 
 namespace {
@@ -690,8 +698,9 @@ Enclosed Logarithm_near_one(Enclosed const& x) {
 } // namespace
 
 Enclosed Logarithm(Enclosed const& x) {
-    if (x.high == 0.0 || Is_infinite(x)) {
-        return Infinite(x.high == 0.0);
+    bool const is_zero = x.high == 0.0 || x.exponent < -Infinite_limit; // over an infinite one
+    if (is_zero || Is_infinite(x)) {
+        return Infinite(is_zero);
     }
     int power = 0;
     if (Is_whole_power_of_ten(x, power)) {

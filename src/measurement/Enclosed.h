@@ -104,7 +104,8 @@ Enclosed operator*(Enclosed const& x, Exact_factor const& factor);
 
 // ---- Powers of ten and logarithms
 
-Enclosed Power_of_ten(Enclosed const& x); // 10^x; exact for whole x from 0 to 22
+Enclosed Power_of_ten(Enclosed const& x);          // 10^x; exact for whole x from 0 to 22
+Enclosed Power_of_ten_less_one(Enclosed const& x); // 10^x - 1, with all digits for small x too
 Enclosed Logarithm(Enclosed const& x); // log10 x of x >= 0; exact for powers of ten, -inf for zero
 
 // log10 of a ratio of units; exact for powers of ten.

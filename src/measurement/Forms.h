@@ -24,6 +24,12 @@ inline bool Is_decibel(Units const& unit) {
     return unit.spl_conv == SPL_DB;
 }
 
+// What the decibels of a level are relative to, or the unit itself.
+inline Units Without_decibels(Units unit) {
+    unit.spl_conv = SPL_NONE;
+    return unit;
+}
+
 // Whether the unit is one temperature to the first power and linear; whether that is kelvin, whose
 // zero is that of the quantity.
 bool Is_temperature(Units const& unit);

@@ -10,11 +10,6 @@ namespace Varnix::Value::Physics {
 
 namespace {
 
-Units Linear_reference(Units unit) {
-    unit.spl_conv = SPL_NONE;
-    return unit;
-}
-
 bool Is_catalogue_prefix(int power) {
     return power == -2 || power == -1 || (power >= -12 && power <= 24 && power % 3 == 0);
 }
@@ -31,8 +26,8 @@ SI_units Prefix_of_product(SI_units left, int sign, SI_units right) {
 
 // The reference of the level of a product, or quotient, of two references.
 Units Reference_of_product(Units const& left, int sign, Units const& right) {
-    Units plain_left = Linear_reference(left);
-    Units plain_right = Linear_reference(right);
+    Units plain_left = Without_decibels(left);
+    Units plain_right = Without_decibels(right);
     plain_left.si_prefix = plain_right.si_prefix = NO_PREFIX;
     Result_unit const result = Unit_of_product(plain_left, sign, plain_right);
     if (result.refusal) {

@@ -161,19 +161,16 @@ Measurement Power_mean(std::initializer_list<Measurement> levels) {
 namespace {
 
 // The level of what remains of a power without a lesser one: x + 10 log10 (1 - 10^((y - x)/10)).
-Enclosed Level_of_rest(Enclosed const& sum, Enclosed const& part) {
+Enclosed Level_of_rest(Enclosed const& sum, Enclosed const& part, bool is_lower_end) {
     if (Is_infinite(sum) || Is_infinite(part)) {
         return sum;
     }
-    Enclosed const rest = Enclose(1.0) - Power_of(part, sum);
-    // Of two levels that differ by next to nothing, no more than this is known of the rest.
-    return Level_of(Is_positive(rest) ? rest : Enclose(Round_up(rest)), sum);
-}
-
-Enclosed Least_level_of_rest(Enclosed const& sum, Enclosed const& part) {
-    bool const infinite = Is_infinite(sum) || Is_infinite(part);
-    bool const can_be_told = infinite || Is_positive(Enclose(1.0) - Power_of(part, sum));
-    return can_be_told ? Level_of_rest(sum, part) : Infinite(true);
+    Enclosed const rest = -Power_of_ten_less_one((part - sum) / Enclose(10.0));
+    if (rest.error < 0x1p-40) {
+        return Level_of(rest, sum);
+    }
+    // The levels differ by no more than the ratio of their references is uncertain by.
+    return is_lower_end ? Infinite(true) : Level_of(Enclose(Round_up(rest)), sum);
 }
 
 } // namespace
@@ -186,9 +183,9 @@ Measurement Power_difference(Measurement const& sum, Measurement const& part) {
         if (!Is_negative(less.upper - whole.lower)) {
             throw Refusal::no_level_of_zero;
         }
-        return Rounded({Least_level_of_rest(whole.lower, less.upper),
-                        Level_of_rest(whole.value, less.value),
-                        Level_of_rest(whole.upper, less.lower), false},
+        return Rounded({Level_of_rest(whole.lower, less.upper, true),
+                        Level_of_rest(whole.value, less.value, false),
+                        Level_of_rest(whole.upper, less.lower, false), false},
                        unit);
     } catch (Refusal reason) {
         Refuse(reason, "take the power of", part, "from that of", sum);

@@ -22,6 +22,10 @@ Units Checked(Units const& unit) {
     }
 }
 
+bool Is_point_in(Units const& unit) {
+    return Form_of(unit, false) == Form::scale_point;
+}
+
 // What a number becomes, as factor and offset.
 struct Linear_rule {
     Enclosed factor = {1.0, 0.0, 0.0, 0};
@@ -29,13 +33,12 @@ struct Linear_rule {
 };
 
 Linear_rule Rule_between(Units const& from, Units const& to) {
-    Form const form = Form_of(from, false);
     Exact_factor const ratio = Size_of(from) / Size_of(to);
-    if (form == Form::scale_point || Form_of(to, false) == Form::scale_point) {
+    if (Is_point_in(from) || Is_point_in(to)) {
         Scale_formula const formula = Formula_between_scales(from, to);
         return {formula.factor / formula.divisor, formula.offset / formula.divisor};
     }
-    if (form == Form::level && Is_decibel(to)) {
+    if (Form_of(from, false) == Form::level && Is_decibel(to)) {
         return {{1.0, 0.0, 0.0, 0}, Enclose(Level_factor(Kind_of(from))) * Logarithm(ratio)};
     }
     return {Enclose(1.0) * ratio, {}};
@@ -53,14 +56,18 @@ Measurement_converter::Measurement_converter(Units const& from, Units const& to)
     : source(Checked(from)), target(Checked(to)), way(Way::same), step(0), factor_high(1.0),
       factor_low(0.0), offset_high(0.0), offset_low(0.0) {
     try {
-        Converted({Single(Enclose(1.0)), {}}, source, false, target);
+        Converted({Single(Enclose(1.0)), {}}, source, false, target, false);
     } catch (Refusal reason) {
-        Refuse(reason, "cannot convert " + Described(from) + " to " + Described(to));
+        Refuse(reason, "convert", from, "to", to);
     }
     if (source == target) {
         return;
     }
     bool const crosses = Is_decibel(source) != Is_decibel(target);
+    if (crosses && (Is_point_in(source) || Is_point_in(target))) {
+        way = Way::by_kelvins;
+        return;
+    }
     way = !crosses ? Way::linear : Is_decibel(source) ? Way::level_to_linear : Way::linear_to_level;
     step = Level_factor(Kind_of(source));
     Linear_rule const rule = Rule_between(source, target);
@@ -90,7 +97,7 @@ double Measurement_converter::Nearest(double number) const noexcept {
 double Measurement_converter::Nearest_of_enclosed(double number) const noexcept {
     return std::isfinite(number)
                ? Round_to_nearest(
-                     Converted({Single(Enclose(number)), {}}, source, false, target).value)
+                     Converted({Single(Enclose(number)), {}}, source, false, target, false).value)
                : number;
 }
 
@@ -123,6 +130,24 @@ double Measurement_converter::Level_of(double number) const noexcept {
     return step * (std::log10(digits) + exponent * std::log10(2.0));
 }
 
+namespace {
+
+// From a scale to a level of kelvin, or back: enclosed, as digits cancel near 0 K and near 0 °C.
+double Converted_by_kelvins(double number, Units const& from, Units const& to) {
+    if (std::isnan(number)) {
+        return number;
+    }
+    if (Is_decibel(from)) {
+        return Round_to_nearest(
+            Converted({Single(Enclose(number)), {}}, from, false, to, false).value);
+    }
+    Enclosed const kelvins = Formula_between_scales(from, Without_decibels(to))(Enclose(number));
+    return Is_below_zero(kelvins) ? std::numeric_limits<double>::quiet_NaN()
+                                  : Round_to_nearest(Enclose(10.0) * Logarithm(kelvins));
+}
+
+} // namespace
+
 double Measurement_converter::Convert_number(double number) const noexcept {
     switch (way) {
     case Way::same:
@@ -133,6 +158,8 @@ double Measurement_converter::Convert_number(double number) const noexcept {
         return Quantity_of(number);
     case Way::linear_to_level:
         return number == 0.0 ? -std::numeric_limits<double>::infinity() : Level_of(number);
+    case Way::by_kelvins:
+        return Converted_by_kelvins(number, source, target);
     }
     return number;
 }

@@ -59,6 +59,16 @@ Measurement Worked_out(char const* name, Measurement const& x, Units const& unit
     }
 }
 
+// (s - 1) / (s + 1). Of a large s both are rounded, and the quotient might come out above 1; of a
+// small one 1 - 2 / (s + 1) would lose digits. An infinite ratio reflects all.
+Enclosed Reflected(Enclosed const& s) {
+    if (Is_infinite(s)) {
+        return one;
+    }
+    bool const is_large = s.exponent > 53;
+    return is_large ? one - Enclose(2.0) / (s + one) : (s - one) / (s + one);
+}
+
 } // namespace
 
 // ---- Reflections
@@ -69,9 +79,7 @@ Measurement Reflection_of_vswr(Measurement const& vswr) {
         if (Is_below(band.lower, one)) {
             throw Refusal::not_passive;
         }
-        // 1 - 2 / (s + 1) would lose digits; an infinite ratio reflects all.
-        return Increasing(
-            band, [](Enclosed const& s) { return Is_infinite(s) ? one : (s - one) / (s + one); });
+        return Increasing(band, Reflected);
     });
 }
 

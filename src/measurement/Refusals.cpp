@@ -1,5 +1,7 @@
 #include "Refusals.h"
 
+#include "Conversions.h"
+
 #include <varnix/value/Measurement_text.h>
 #include <varnix/value/Text_formatting.h>
 #include <varnix/value/Unit_kinds.h>
@@ -108,16 +110,72 @@ void Refuse(Refusal reason, std::string const& what) {
                              what + ": " + reason_words[static_cast<std::size_t>(reason)].words);
 }
 
+namespace {
+
+// Why, and after "; " the way out, where the two units have more to say than the reason alone.
+
+// What an electrical relation takes besides the two.
+std::string Third_quantity_words(Units const& first, Units const& second) {
+    Electrical const from = Electrical_of(Kind_of(first));
+    Electrical const to = Electrical_of(Kind_of(second));
+    bool const of_resistance = from == Electrical::resistance || to == Electrical::resistance;
+    bool const of_current = from == Electrical::current || to == Electrical::current;
+    char const* const third = !of_resistance ? "resistance" : of_current ? "voltage" : "current";
+    return std::string("that takes a ") + third + "; convert with one";
+}
+
+std::string Words_of(Refusal reason, Units const& first, Units const& second) {
+    if (reason == Refusal::needs_impedance) {
+        return Third_quantity_words(first, second);
+    }
+    bool const both_on_scales =
+        Is_temperature(Without_decibels(first)) && Is_temperature(Without_decibels(second));
+    if (reason == Refusal::temperature_role && !both_on_scales &&
+        Kind_of(first) == Kind_of(second)) {
+        return "a product of units is no temperature scale; convert to K first";
+    }
+    return reason_words[static_cast<std::size_t>(reason)].words;
+}
+
+bool Is_plain_kelvin(Measurement const& x) {
+    return Is_kelvin(x.Get_unit()) && !x.Is_difference();
+}
+
+std::string Words_of(Refusal reason, Measurement const& x, Measurement const& y) {
+    bool const one_is_point = Form_of(x) == Form::scale_point || Form_of(y) == Form::scale_point;
+    bool const one_is_kelvin = Is_plain_kelvin(x) || Is_plain_kelvin(y);
+    if (reason == Refusal::temperature_role && one_is_point && one_is_kelvin) {
+        Measurement const& kelvins = Is_plain_kelvin(x) ? x : y;
+        return "beside °C or °F a plain K may be a temperature or a difference; write " +
+               Format(kelvins.As_difference()) + " for the difference";
+    }
+    return Words_of(reason, x.Get_unit(), y.Get_unit());
+}
+
+[[noreturn]] void Refuse_pair(Refusal reason, char const* verb, std::string const& first,
+                              char const* conjunction, std::string const& second,
+                              std::string const& words) {
+    throw MeasurementRefused(reason, std::string("cannot ") + verb + ' ' + first + ' ' +
+                                         conjunction + ' ' + second + ": " + words);
+}
+
+} // namespace
+
 void Refuse(Refusal reason, char const* verb, Measurement const& x, char const* conjunction,
             Measurement const& y) {
-    Refuse(reason, std::string("cannot ") + verb + ' ' + Described(x) + ' ' + conjunction + ' ' +
-                       Described(y));
+    Refuse_pair(reason, verb, Described(x), conjunction, Described(y), Words_of(reason, x, y));
 }
 
 void Refuse(Refusal reason, char const* verb, Measurement const& x, char const* conjunction,
             Units const& unit) {
-    Refuse(reason, std::string("cannot ") + verb + ' ' + Described(x) + ' ' + conjunction + ' ' +
-                       Described(unit));
+    Refuse_pair(reason, verb, Described(x), conjunction, Described(unit),
+                Words_of(reason, x.Get_unit(), unit));
+}
+
+void Refuse(Refusal reason, char const* verb, Units const& first, char const* conjunction,
+            Units const& second) {
+    Refuse_pair(reason, verb, Described(first), conjunction, Described(second),
+                Words_of(reason, first, second));
 }
 
 void Refuse(Refusal reason, char const* verb, Measurement const& x) {

@@ -24,6 +24,8 @@ std::string Described(Units const& unit);
                          char const* conjunction, Measurement const& y);
 [[noreturn]] void Refuse(Refusal reason, char const* verb, Measurement const& x,
                          char const* conjunction, Units const& unit);
+[[noreturn]] void Refuse(Refusal reason, char const* verb, Units const& first,
+                         char const* conjunction, Units const& second);
 [[noreturn]] void Refuse(Refusal reason, char const* verb, Measurement const& x);
 
 } // namespace Varnix::Value::Physics

@@ -110,6 +110,9 @@ std::vector<Operation> Operations() {
         {"degC to degF", {{"degC", -9, 90}}, [](O o) { return To(o[0], "degF"); }, [](N x) { return (x[0] * Real(9.0) + Real(160.0)) / Real(5.0); }},
         {"degC - degF", {{"degC", -9, 90}, {"degF", -9, 90}}, [](O o) { return o[0] - o[1]; },
          [](N x) { return x[0] - (x[1] - Real(32.0)) * Real(5.0) / Real(9.0); }},
+        {"dBK to degC", {{"dBK", -9, 30}}, [](O o) { return To(o[0], "degC"); }, [](N x) { return Power_of(x[0]) - Real(27315.0) / Real(100.0); }},
+        {"degF to dBK", {{"degF", -9, 90}}, [](O o) { return To(o[0], "dBK"); },
+         [](N x) { return Level((x[0] * Real(100.0) + Real(45967.0)) / Real(180.0)); }},
         {"dBm to W", {{"dBm", -90, 90}}, [](O o) { return To(o[0], "W"); }, [=](N x) { return Power_of(x[0]) / kilo; }},
         {"W to dBm", {{"W", 1e-9, 9}}, [](O o) { return To(o[0], "dBm"); }, [=](N x) { return Level(x[0] * kilo); }},
         {"dBV to mV", {{"dBV", -90, 90}}, [](O o) { return To(o[0], "mV"); }, [=](N x) { return Power_of(x[0] / Real(2.0)) * kilo; }},
@@ -123,6 +126,8 @@ std::vector<Operation> Operations() {
          [](N x) { return Level((Power_of(x[0]) + Power_of(x[1])) / Real(2.0)); }},
         {"power difference", {{"dBm", 1, 9}, {"dBm", -9, 0}}, [](O o) { return Power_difference(o[0], o[1]); },
          [](N x) { return Level(Power_of(x[0]) - Power_of(x[1])); }},
+        {"power difference of near levels", {{"dBm", 1 + 2e-12, 1 + 3e-12}, {"dBm", 1, 1 + 1e-12}},
+         [](O o) { return Power_difference(o[0], o[1]); }, [](N x) { return Level(Power_of(x[0]) - Power_of(x[1])); }},
         {"V and ohm to W", {{"V", -9, 9}, {"ohm", 1, 9}}, [](O o) { return o[0].Convert_to(C_Watts, o[1]); },
          [](N x) { return Raised(x[0], 2) / x[1]; }, false},
         {"W and ohm to mV", {{"W", 0, 9}, {"ohm", 1, 9}}, [](O o) { return o[0].Convert_to(C_MilliVolts, o[1]); },
@@ -201,6 +206,73 @@ TEST(Measurements, Enclose_and_are_tight) {
             Check(operation);
         }
     }
+}
+
+// ---- Bounds that are open
+
+Measurement Up_to(Measurement const& x, double upper) {
+    return {x.Get_value(), x.Get_unit(), x.Get_lower(), upper};
+}
+
+// Whether a bound goes on and on with one of the operand that does.
+bool Diverges(double bound_of_far, double bound_of_farther) {
+    return std::fabs(bound_of_farther) > 10.0 && std::fabs(bound_of_farther) > 1.5 * std::fabs(bound_of_far);
+}
+
+// An operand without upper bound encloses what it does with any, and has no bound where there is none.
+template <typename Function>
+void Check_open(Measurement const& x, Function function) {
+    Measurement const open = function(Up_to(x, HUGE_VAL));
+    Measurement const far = function(Up_to(x, 1e120));
+    Measurement const farther = function(Up_to(x, 1e240));
+    SCOPED_TRACE(Format(open) + " but up to 1e240 " + Format(farther));
+    EXPECT_LE(open.Get_lower(), farther.Get_lower());
+    EXPECT_GE(open.Get_upper(), farther.Get_upper());
+    EXPECT_TRUE(std::isinf(open.Get_lower()) || !Diverges(far.Get_lower(), farther.Get_lower()));
+    EXPECT_TRUE(std::isinf(open.Get_upper()) || !Diverges(far.Get_upper(), farther.Get_upper()));
+}
+
+TEST(Measurements, May_be_open_to_infinity) {
+    for (Operation const& operation : Operations()) {
+        SCOPED_TRACE(operation.name);
+        for (std::size_t k = 0; k < operation.domains.size(); ++k) {
+            bool const may_be_large = operation.domains[k].greatest > 0 && std::string(operation.domains[k].unit) != "%";
+            bool const is_taken_away = std::string(operation.name).find("power difference") == 0 && k == 1;
+            Operands operands;
+            for (Domain const& domain : operation.domains) {
+                operands.push_back(Band_in(domain));
+            }
+            if (may_be_large && !is_taken_away) {
+                Check_open(operands[k], [&](Measurement const& open) {
+                    operands[k] = open;
+                    return operation.result(operands);
+                });
+            }
+        }
+    }
+}
+
+TEST(Measurements, May_be_open_to_infinity_in_electrical_relations) {
+    char const* const units[] = {"V", "mA", "W", "kohm", "dBV", "dBmA", "dBm"};
+    int relations = 0;
+    for (char const* const from : units) {
+        for (char const* const with : units) {
+            for (char const* const to : units) {
+                Measurement const x(2.0, Parse_unit(from), 1.0, 3.0);
+                Measurement const y(2.0, Parse_unit(with), 1.0, 3.0);
+                try {
+                    x.Convert_to(Parse_unit(to), y);
+                } catch (MeasurementRefused const&) {
+                    continue; // no relation
+                }
+                ++relations;
+                SCOPED_TRACE(std::string(from) + " with " + with + " to " + to);
+                Check_open(x, [&](Measurement const& open) { return open.Convert_to(Parse_unit(to), y); });
+                Check_open(y, [&](Measurement const& open) { return x.Convert_to(Parse_unit(to), open); });
+            }
+        }
+    }
+    EXPECT_EQ(relations, 120);
 }
 
 // ---- Texts

@@ -37,6 +37,10 @@ class Real {
     // With 300 bits, which is enough where nothing cancels, and takes a tenth of the time.
     friend Real Ten_to(Real x) { return x.Shortly(mpfr_exp10); }
     friend Real Log_ten(Real x) { return x.Shortly(mpfr_log10); }
+    friend Real Ten_to_less_one(Real const& x) {
+        Real ten(10.0);
+        return (x * ten.Shortly(mpfr_log)).Shortly(mpfr_expm1);
+    }
 
     friend Real Raised(Real x, long power) {
         mpfr_pow_si(x.real, x.real, power, MPFR_RNDN);

@@ -66,7 +66,7 @@ enum class Refusal {
     bounds_inverted,      ///< a lower bound above the upper one
     value_outside_bounds, ///< a value that does not lie within its bounds
     kinds_differ,         ///< length and time, speed and length
-    needs_impedance,      ///< volts or amperes to watts or back: `Convert_to` with a resistance
+    needs_impedance,      ///< one of V, A, W and ohm to another: `Convert_to` with a third of them
     no_fixed_length,      ///< months or years to days
     units_do_not_mix, ///< an angle, a symbol or a month in a product with what it has no unit with
     too_many_units,   ///< a result of six units
@@ -205,10 +205,12 @@ class VARNIX_VALUE_MEASUREMENT_EXPORT Measurement {
 
     // ---- Conversion
 
-    /// The same quantity in `target`. A temperature keeps its mark.
+    /// The same quantity in `target`. A temperature keeps its mark. A level of kelvin becomes a
+    /// point in °C or °F by way of kelvin: 20 dBK is -173.15 °C.
     /// @throws MeasurementRefused kinds_differ, needs_impedance, no_fixed_length,
-    ///         gain_is_ambiguous, no_level_convention, no_level_of_zero, prefix_on_temperature,
-    ///         out_of_range.
+    ///         gain_is_ambiguous, gain_is_no_quantity, no_level_convention, no_level_of_zero,
+    ///         prefix_on_temperature, out_of_range; temperature_role between a point in °C or °F
+    ///         and a product such as %*K, which is no scale.
     /// @throws what the constructor throws for a unit that is not valid.
     Measurement Convert_to(Units const& target) const;
 
@@ -241,7 +243,9 @@ VARNIX_VALUE_MEASUREMENT_EXPORT bool Is_same(Measurement const& x, Measurement c
 // ---- Arithmetic on linear quantities, and on levels and gains where it has one meaning only
 
 /// The sum, in the unit of `x`. Bounds: lower with lower, upper with upper. A level plus a gain is
-/// a level; a point of a temperature scale plus a difference is a point; 50 K + 75 K is 125 K.
+/// a level; a point of a temperature scale plus a difference is a point; 50 K + 75 K is 125 K. Of a
+/// point in °C or °F and a plain K, which may be meant as either, there is no sum, and no difference
+/// with the point first: `As_difference` marks the kelvins.
 /// @throws MeasurementRefused kinds_differ, needs_impedance, no_fixed_length, level_and_linear,
 ///         levels_do_not_add, temperature_role, temperature_points_add, out_of_range.
 VARNIX_VALUE_MEASUREMENT_EXPORT Measurement operator+(Measurement const& x, Measurement const& y);
@@ -258,7 +262,8 @@ VARNIX_VALUE_MEASUREMENT_EXPORT Measurement operator-(Measurement const& x, Meas
 ///         no_fixed_length, too_many_units, exponent_out_of_range, out_of_range.
 VARNIX_VALUE_MEASUREMENT_EXPORT Measurement operator*(Measurement const& x, Measurement const& y);
 
-/// The quotient, with the units of the product.
+/// The quotient, with the units of the product. A temperature that comes of other units is a
+/// difference: 100 ppm over 10 ppm/°C.
 /// @throws as the product, and MeasurementRefused division_by_zero where `y` may be zero, a bound
 ///         of zero included.
 VARNIX_VALUE_MEASUREMENT_EXPORT Measurement operator/(Measurement const& x, Measurement const& y);
@@ -302,11 +307,13 @@ VARNIX_VALUE_MEASUREMENT_EXPORT Measurement Sqrt(Measurement const& x);
 VARNIX_VALUE_MEASUREMENT_EXPORT Measurement Abs(Measurement const& x);
 
 /// From the lesser lower bound to the greater upper bound, in the unit of `x` and with its value.
-/// @throws MeasurementRefused as a comparison
+/// A bound of `y` that is too large for a number there is infinite.
+/// @throws MeasurementRefused as a comparison; no_level_of_zero in decibels, where `y` may be
+///         negative or is zero
 VARNIX_VALUE_MEASUREMENT_EXPORT Measurement Hull(Measurement const& x, Measurement const& y);
 
 /// What both allow, in the unit of `x`; its value, moved inside where it is outside.
-/// @throws MeasurementRefused contradiction where the two do not meet, and as a comparison
+/// @throws MeasurementRefused contradiction where the two do not meet, and as `Hull`
 VARNIX_VALUE_MEASUREMENT_EXPORT Measurement Intersection(Measurement const& x,
                                                          Measurement const& y);
 
@@ -320,8 +327,9 @@ enum class Order {
     undecided, ///< none of these
 };
 
+/// Levels of kelvin compare with points, as the kelvins that they are.
 /// @throws MeasurementRefused kinds_differ, needs_impedance, no_fixed_length, temperature_role,
-///         gain_is_ambiguous.
+///         gain_is_ambiguous, gain_is_no_quantity.
 VARNIX_VALUE_MEASUREMENT_EXPORT Order Compare(Measurement const& x, Measurement const& y);
 
 /// Whether x < y (x = y) for all numbers within the bounds, or for some. @throws as `Compare`

@@ -55,7 +55,7 @@ class VARNIX_VALUE_MEASUREMENT_EXPORT Measurement_converter {
     Units Get_to() const noexcept { return target; } ///< as above
 
   private:
-    enum class Way { same, linear, level_to_linear, linear_to_level };
+    enum class Way { same, linear, level_to_linear, linear_to_level, by_kelvins };
 
     double Nearest(double number) const noexcept;
     double Nearest_of_enclosed(double number) const noexcept;

@@ -131,6 +131,8 @@ TEST(Enclosed, Takes_powers_of_ten_and_logarithms) {
                          : round % 3 == 1 ? std::ldexp(doubles.Between(-(1 << 30), 1 << 30), doubles.Between(-90, -22))
                                           : doubles.Between(-300, 300);
         Expect_enclosed(Power_of_ten(Enclose(x)), Ten_to(Real(x)));
+        double const small = std::ldexp(x, -doubles.Between(10, 900)); // 10^x is 1 there, but for hundreds of bits
+        Expect_enclosed(Power_of_ten_less_one(Enclose(small)), Ten_to_less_one(Real(small)));
         double const y = round % 2 == 0 ? std::fabs(doubles()) : 1.0 + std::ldexp(doubles.Between(-1000, 1000), -doubles.Between(10, 52));
         if (y > 0.0) {
             Expect_enclosed(Logarithm(Enclose(y)), Log_ten(Real(y)));
@@ -153,6 +155,8 @@ TEST(Enclosed, Goes_on_with_infinite_numbers) {
     EXPECT_EQ(Round_up(Power(infinite, 64)), infinity);
     EXPECT_EQ(Round_up(Logarithm(infinite)), infinity);
     EXPECT_EQ(Round_down(Logarithm(Enclose(0.0))), -infinity);
+    EXPECT_EQ(Round_down(Logarithm(Enclose(1.0) / infinite)), -infinity);
+    EXPECT_EQ(Round_down(Logarithm(Square_root(Enclose(1.0) / infinite))), -infinity);
     EXPECT_EQ(Round_up(Power_of_ten(-infinite)), 0.0);
     EXPECT_EQ(Round_up(Power_of_ten(Enclose(-1e9))), 5e-324);
     EXPECT_EQ(Round_down(Power_of_ten(Enclose(1e9))), std::numeric_limits<double>::max());
