@@ -18,7 +18,7 @@ Units Checked(Units const& unit) {
     try {
         return Valid_unit(unit);
     } catch (Refusal reason) {
-        Refuse(reason, "cannot measure in " + Described(unit));
+        Refuse(reason, "measure in " + Described(unit));
     }
 }
 
@@ -55,7 +55,7 @@ Measurement_converter::Measurement_converter(Units const& from, Units const& to)
     try {
         Converted(Single(Enclose(1.0)), source, false, target);
     } catch (Refusal reason) {
-        Refuse(reason, "cannot convert " + Described(from) + " to " + Described(to));
+        Refuse_conversion(reason, Described(from), from, to);
     }
     if (source == target) {
         return;
