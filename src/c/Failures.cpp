@@ -62,6 +62,10 @@ char const* Words_in_c(Way_out way_out) {
         return "convert with a voltage (vo_measurement_convert_with)";
     case Way_out::mark_difference:
         return "mark the one that is a difference (its field difference, or 5 ΔK)";
+    case Way_out::take_as_point:
+        return "clear its field difference";
+    case Way_out::linear_or_displayed:
+        return "convert to the linear unit";
     case Way_out::power_sum:
         return "vo_measurement_power_sum adds the powers";
     case Way_out::amplify:
