@@ -16,7 +16,7 @@ class Page(html.parser.HTMLParser):
     """Its links, the places they may lead to, and Markdown that was not understood."""
     AS_IT_STANDS = ('code', 'pre', 'script', 'style', 'tt')
     # Bold, code, a row of a table, a link, a heading.
-    MARKUP = re.compile(r'\*\*\S|\S\*\*|^\s*\*\*\s*$|`|\|\s+\S|\]\(|^#+ ')
+    MARKUP = re.compile(r'\*\*\S|\S\*\*|^\s*\*\*\s*$|`|\|\s[^|]*\s\||\]\(|^#+ ')
     OF_DOXYGEN = {'div': ('fragment',), 'table': ('memname', 'memberdecls')}
 
     def __init__(self, path):
