@@ -100,7 +100,8 @@ Verdict Check_limits(Measurement const& x, Measurement const& low, Measurement c
     if (!Compared(low, high, [](Pair const& pair) {
             return Is_at_most(pair.first.upper, pair.second.lower);
         })) {
-        Refuse(Refusal::bounds_inverted, "take", low, "as a limit below", high);
+        Refuse(Refusal::bounds_inverted,
+               "take " + Described(low) + " as a limit below " + Described(high), Way_out::none);
     }
     auto const below = [&](Pair const& pair) {
         return Is_at_most(pair.second.upper, pair.first.lower) ? Verdict::pass
