@@ -66,7 +66,7 @@ def output(command):
 
 def ours(arguments):
     """As the library has it, whose functions the tool calls by its options."""
-    answer = output([TOOL, *shlex.split(arguments)]).replace("compute --power-sum", "Power_sum").replace("(Δ°C, ΔK)", "(As_difference, Δ°C)")
+    answer = output([TOOL, *shlex.split(arguments)])
     return "refused: " + answer.split(": ", 2)[2] if answer.startswith("value-object: ") else answer
 
 

@@ -45,6 +45,12 @@ function(value_object_settings target)
         CXX_EXTENSIONS OFF
         CXX_VISIBILITY_PRESET hidden
         VISIBILITY_INLINES_HIDDEN ON)
+    # What Debian hardens its packages with. (Programs are position-independent by Debian's compilers.)
+    if(VALUE_OBJECT_DEBIAN_PACKAGES)
+        target_compile_options(${target} PRIVATE
+            -fstack-protector-strong -Werror=format-security -D_FORTIFY_SOURCE=2)
+        target_link_options(${target} PRIVATE LINKER:-z,relro LINKER:-z,now)
+    endif()
 endfunction()
 
 # What the libraries have in common: their versions, their place at the top of the build folder, the check that their headers compile alone, and,

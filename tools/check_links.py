@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""check_links.py SITE [GENERATED...]: every link within a built site leads to a file and to a place in it.
+"""check_links.py SITE [GENERATED...]: every link within a built site leads to a file and to a place in it, and
+no markup of Markdown is to be read in its pages.
 
 Links to GENERATED files are let pass, which another command adds to the site.
 """
@@ -12,19 +13,21 @@ import urllib.parse
 
 
 class Page(html.parser.HTMLParser):
-    """Its links, the places they may lead to, and asterisks of Markdown that were not understood."""
+    """Its links, the places they may lead to, and Markdown that was not understood."""
     AS_IT_STANDS = ('code', 'pre', 'script', 'style', 'tt')
+    # Bold, code, a row of a table, a link, a heading.
+    MARKUP = re.compile(r'\*\*\S|\S\*\*|^\s*\*\*\s*$|`|\|\s[^|]*\s\||\]\(|^#+ ')
     OF_DOXYGEN = {'div': ('fragment',), 'table': ('memname', 'memberdecls')}
 
     def __init__(self, path):
         super().__init__()
-        self.links, self.places, self.asterisks = [], set(), []
+        self.links, self.places, self.markup = [], set(), []
         self.inside = []  # elements, each with whether its text stands as it is
         self.feed(path.read_text(encoding='utf-8'))
 
     def handle_data(self, data):
-        if (re.search(r'\*\*\S|\S\*\*', data) or data.strip() == '**') and not any(self.inside):
-            self.asterisks.append(data.strip())
+        if self.MARKUP.search(data) and not any(self.inside):
+            self.markup.append(f'"{data.strip()[:80]}" is markup')
 
     def handle_endtag(self, tag):
         if (tag in self.AS_IT_STANDS or tag in self.OF_DOXYGEN) and self.inside:
@@ -48,7 +51,7 @@ def main(site, generated):
     pages = {path.resolve(): Page(path) for path in site.rglob('*.html')}
     menus = {path.resolve(): Menu(path) for pattern in ('menudata.js', 'navtreedata.js') for path in site.rglob(pattern)}
     broken = []
-    broken += [f'{path.name}: {text}' for path, page in pages.items() for text in page.asterisks]
+    broken += [f'{path.name}: {text}' for path, page in pages.items() for text in page.markup]
     for path, page in [*pages.items(), *menus.items()]:
         for link in page.links:
             parts = urllib.parse.urlsplit(link)

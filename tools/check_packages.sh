@@ -37,6 +37,26 @@ for package in "$place"/again/*.deb; do
     cmp "$package" "build/packages/${package##*/}"
 done
 
+# hardened FILE: Debian's linker flags, a position-independent file, and the stack protector.
+hardened() {
+    local file=$1
+    readelf -hW "$file" | grep -q 'Type: *DYN' && readelf -lW "$file" | grep -q GNU_RELRO &&
+        readelf -dW "$file" | grep -q BIND_NOW && readelf -sW "$file" | grep -q __stack_chk_fail
+}
+
+step 'looking for what hardens them'
+count=0
+for package in build/packages/*_{amd64,armhf}.deb; do
+    dpkg-deb -x "$package" "$place/hardened"
+done
+while read -r file; do
+    hardened "$file" || { echo "$file is not hardened"; exit 1; }
+    count=$((count + 1))
+done < <(find "$place/hardened" -type f \( -name '*.so*' -o -path '*/bin/*' \))
+fortified=$(find "$place/hardened" -type f -path '*/bin/*' -exec readelf -sW {} + | grep -c '_chk@')
+echo "$count files, $fortified fortified calls of the tool"
+(( count >= 10 && fortified > 0 ))
+
 step 'asking lintian'
 lintian --allow-root --fail-on error build/packages/*.deb
 
@@ -69,6 +89,9 @@ dpkg --root="$place/root" --force-depends --force-not-root --no-triggers \
 expect_program_below "$place/root" x86_64-linux-gnu g++ \
     env LD_LIBRARY_PATH="$place/root/usr/lib/x86_64-linux-gnu"
 [[ -s $place/root/usr/share/doc/libvalueobject-doc/html/index.html ]]
+LD_LIBRARY_PATH=$place/root/usr/lib/x86_64-linux-gnu PYTHONPATH=$place/root/usr/lib/python3/dist-packages \
+    /usr/bin/python3 -B -c 'from importlib.metadata import version; print(version("varnix-value"))' |
+    diff -u <(dpkg-deb -f build/packages/python3-varnix-value_*_amd64.deb Version | sed 's/-.*//') -
 LD_LIBRARY_PATH=$place/root/usr/lib/x86_64-linux-gnu PYTHONPATH=$place/root/usr/lib/python3/dist-packages \
     /usr/bin/python3 -B -c 'from varnix_value import Quantity; print(Quantity("30 dBm").to("W"))' | diff -u <(echo '1 W') -
 

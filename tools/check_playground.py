@@ -50,11 +50,12 @@ def address(page, question):
 
 
 def shown(page, question):
+    """The answer, whether it looks like a refusal, and whether there is a picture of it."""
     for seconds in (60, 300, 1500):
         document = chromium('--dump-dom', address(page, question), seconds=seconds)
         if 'data-ready="yes"' in document:
-            found = re.search(r'<output id="answer"[^>]*>(.*?)</output>', document, re.DOTALL)
-            return html.unescape(found[1]), '<line class="bounds"' in document
+            found = re.search(r'<output id="answer"([^>]*)>(.*?)</output>', document, re.DOTALL)
+            return html.unescape(found[2]), 'class="refused"' in found[1], '<line class="bounds"' in document
     raise RuntimeError('the page did not load its library: ' + document[-2000:])
 
 
@@ -65,17 +66,20 @@ def expected(tool, question):
     else:
         command = ['convert', text, unit, *(['--with', across] if across else [])]
     done = subprocess.run([tool, *command], capture_output=True, text=True, check=False)
-    return (done.stdout + done.stderr).rstrip('\n').removeprefix('value-object: ')
+    return (done.stdout + done.stderr).rstrip('\n').removeprefix('value-object: '), done.returncode != 0
 
 
 def main(page, tool, screenshot):
     failures = 0
     for question in QUESTIONS:
-        answer, has_picture = shown(page, question)
-        wanted = expected(tool, question)
+        answer, looks_refused, has_picture = shown(page, question)
+        wanted, is_refused = expected(tool, question)
         if answer != wanted:
             failures += 1
             print(f'{question}\n  the tool: {wanted!r}\n  the page: {answer!r}')
+        if looks_refused != is_refused:
+            failures += 1
+            print(f'{question}: {answer} looks like {"a refusal" if looks_refused else "an answer"}')
         if has_picture != bool(re.fullmatch(r'-?\d[^[]*\[.*\]', answer)):
             failures += 1
             print(f'{question}: {"a" if has_picture else "no"} picture of {answer}')

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # make_site.sh TO [PLAYGROUND]: makes the site in the folder TO, with the page PLAYGROUND if there is one.
 #
-# A warning of doxygen's is an error, and so is a link that leads nowhere.
+# A warning of doxygen's is an error, and so are a link that leads nowhere and markup that is to be read.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 to=$1

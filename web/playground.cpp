@@ -12,7 +12,7 @@ using namespace Varnix::Value::Tool;
 
 namespace {
 
-void Answer(std::string const& question, std::string const& unit, std::string const& with,
+Exit_status Answer(std::string const& question, std::string const& unit, std::string const& with,
             Options const& options, Output& output) {
     if (unit.empty() && !with.empty()) {
         throw Refusal("a unit to convert to is missing, by what stands across");
@@ -22,13 +22,13 @@ void Answer(std::string const& question, std::string const& unit, std::string co
         request.words = {question};
         request.to = unit;
         request.with = with;
-        Compute(request, options, output);
+        return Compute(request, options, output);
     } else {
         Conversion_request request;
         request.quantities = {question};
         request.to = unit;
         request.with = with;
-        Convert_quantities(request, options, output);
+        return Convert_quantities(request, options, output);
     }
 }
 
@@ -41,9 +41,10 @@ extern "C" int answer(char const* question, char const* unit, char const* with, 
     Options options;
     options.json = json != 0;
     try {
-        Answer(question, unit, with, options, output);
+        // A quantity that is refused is reported, and the status says so.
+        Exit_status const status = Answer(question, unit, with, options, output);
         output.Flush();
-        return exit_done;
+        return status;
     } catch (Refusal const& refusal) {
         Report(refusal);
         return exit_refused;

@@ -166,6 +166,18 @@ Measurement Quantity_of(py::handle argument) {
     return argument.cast<Measurement const&>();
 }
 
+Measurement Operand_of(py::handle argument) {
+    double number = 0.0;
+    if (Is_number(argument, number)) {
+        return {number, C_Empty};
+    }
+    if (!PyUnicode_Check(argument.ptr()) && !py::isinstance<Measurement>(argument)) {
+        throw py::type_error("expected a Quantity, its text or a number, found " +
+                             py::repr(argument.get_type()).cast<std::string>());
+    }
+    return Quantity_of(argument);
+}
+
 // ---- States of objects
 
 py::tuple State_of(Units const& unit) {

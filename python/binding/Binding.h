@@ -59,6 +59,9 @@ Units Plain_unit_of(py::handle argument);
 // A Quantity or its text.
 Measurement Quantity_of(py::handle argument);
 
+// The same, or a plain number: what a function takes.
+Measurement Operand_of(py::handle argument);
+
 // Whether a text is all there is of what an object is made from; TypeError where that is neither a
 // text nor a number with its unit, and no bounds or both.
 bool Is_text_alone(py::handle value, py::handle unit, py::handle lower, py::handle upper);
@@ -80,6 +83,14 @@ auto Restored(char const* what, From_state const& from_state) {
     } catch (py::cast_error const&) {
         throw py::value_error(std::string("not the state of ") + what);
     }
+}
+
+// Of a class whose objects are taken for no other class's: Python assigns `__class__` where the two
+// are of one size and add nothing to the base that they share.
+inline py::custom_type_setup Of_a_size_of_its_own() {
+    return py::custom_type_setup([](PyHeapTypeObject* type) {
+        type->ht_type.tp_basicsize += static_cast<Py_ssize_t>(sizeof(void*));
+    });
 }
 
 // Defines how an object that cannot be changed is copied, and pickled by each protocol.

@@ -21,30 +21,30 @@ bool Begins_character(char byte) {
     return (static_cast<unsigned char>(byte) & 0xc0U) != 0x80U;
 }
 
-// Of a message without the names of its classes, which Python prints itself.
-std::string Without_classes(char const* message) {
-    constexpr std::string_view classes = "Value exception: Operation is not valid: ";
-    std::string_view const whole = message;
-    return std::string(whole.substr(0, classes.size()) == classes ? whole.substr(classes.size())
-                                                                  : whole);
-}
-
-// Of functions that a refusal names, what they are called here.
-constexpr char const* function_names[][2] = {
-    {"Power_sum", "power_sum"},
-    {"Power_ratio", "power_ratio"},
-    {"Field_ratio", "field_ratio"},
-    {"As_difference", "as_difference"},
-};
-
-std::string In_python(std::string message) {
-    for (auto const& name : function_names) {
-        std::size_t const place = message.find(name[0]);
-        if (place != std::string::npos) {
-            message.replace(place, std::string_view(name[0]).size(), name[1]);
-        }
+// The way out of a refusal where it is a function.
+char const* Words_in_python(Way_out way_out) {
+    switch (way_out) {
+    case Way_out::with_resistance:
+        return "convert with a resistance: to(unit, with_='50 ohm')";
+    case Way_out::with_current:
+        return "convert with a current: to(unit, with_='2 A')";
+    case Way_out::with_voltage:
+        return "convert with a voltage: to(unit, with_='5 V')";
+    case Way_out::mark_difference:
+        return "mark the one that is a difference (as_difference, or '5 ΔK')";
+    case Way_out::take_as_point:
+        return "take the difference for a point (as_point)";
+    case Way_out::power_sum:
+        return "power_sum adds the powers";
+    case Way_out::amplify:
+        return "amplify applies it to one";
+    case Way_out::ratio_of_gain:
+        return "field_ratio or power_ratio says which";
+    case Way_out::gain_of_ratio:
+        return "gain_of_fields or gain_of_powers says which";
+    default:
+        return Way_out_words(way_out);
     }
-    return message;
 }
 
 enum class Python_kind { value, type, arithmetic };
@@ -78,7 +78,7 @@ void Set_refusal(MeasurementRefused const& refusal) {
     char const* const name = kind == Python_kind::value  ? "RefusedValue"
                              : kind == Python_kind::type ? "RefusedKind"
                                                          : "RefusedArithmetic";
-    Raise(name, py::make_tuple(In_python(Without_classes(refusal.what())),
+    Raise(name, py::make_tuple(refusal.Worded(Words_in_python(refusal.Get_way_out())),
                                Reason_name(refusal.Get_reason())));
 }
 

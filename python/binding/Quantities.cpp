@@ -278,7 +278,7 @@ void Define_texts(py::class_<Measurement>& quantity) {
 } // namespace
 
 void Define_quantities(py::module_& module) {
-    py::class_<Measurement> quantity(module, "Quantity",
+    py::class_<Measurement> quantity(module, "Quantity", Of_a_size_of_its_own(),
                                      R"(A number, a lower and an upper bound, and a unit.
 
 >>> Quantity("30 dBm [29, 31]").to("W")

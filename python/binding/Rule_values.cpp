@@ -101,7 +101,7 @@ py::object Scaled(Rule_value x, py::object const& other, Operation const& operat
 } // namespace
 
 void Define_rule_values(py::module_& module) {
-    py::class_<Rule_value> rule_value(module, "RuleValue",
+    py::class_<Rule_value> rule_value(module, "RuleValue", Of_a_size_of_its_own(),
                                       R"(A Value_object of C++: the rules of the core, to the bit.
 
 >>> RuleValue(30.0, "dBm", 29.0, 31.0).to("W")

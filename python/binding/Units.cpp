@@ -22,7 +22,7 @@ std::string Representation(Units const& unit) {
 } // namespace
 
 void Define_units(py::module_& module) {
-    py::class_<Units> unit(module, "Unit", R"(A unit, read from its text.
+    py::class_<Units> unit(module, "Unit", Of_a_size_of_its_own(), R"(A unit, read from its text.
 
 >>> Unit("km/h")
 Unit('km/h')

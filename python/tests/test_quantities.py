@@ -1,8 +1,11 @@
 """Quantities at the border between Python and C++: arguments, failures, copies, texts."""
 
 import copy
+import importlib.metadata
 import math
 import pickle
+import subprocess
+import sys
 import threading
 from decimal import Decimal
 from fractions import Fraction
@@ -94,10 +97,10 @@ FAILURES = [
     ("Quantity(np.ones(1), 'V')", TypeError, TypeError, 'expected a number'),
     ("Quantity(1, 'V').to(3)", TypeError, TypeError, 'expected a Unit'),
     ("Quantity('5 m').to('m/s')", vv.RefusedKind, TypeError, 'the kinds differ'),
-    ("Quantity('5 V').to('W')", vv.RefusedKind, TypeError, 'takes a resistance'),
+    ("Quantity('5 V').to('W')", vv.RefusedKind, TypeError, "with_='50 ohm'"),
     ("Quantity('20 °C').to('Δ°F')", vv.RefusedKind, TypeError, 'a point of a temperature scale'),
     ("Quantity('10 dBm') + Quantity('10 dBm')", vv.RefusedKind, TypeError, 'power_sum adds'),
-    ("Quantity('20 °C') + Quantity('1 K')", vv.MeasurementRefused, TypeError, 'write 1 ΔK'),
+    ("Quantity('20 °C') + Quantity('1 K')", vv.MeasurementRefused, TypeError, '5 ΔK'),
     ("Quantity('20 °C') + Quantity('1 °C')", vv.MeasurementRefused, TypeError, 'as_difference'),
     ("Quantity('1 V') / Quantity('0 A')", vv.RefusedArithmetic, ArithmeticError, 'may be zero'),
     ("Quantity('2 m') ** 65", vv.RefusedArithmetic, ArithmeticError, '-64 to 64'),
@@ -129,8 +132,21 @@ FAILURES = [
     ("Unit('foot pounds')", vv.TextNotValid, ValueError, ''),
     ('vv.power_sum([])', vv.RefusedValue, ValueError, 'nothing to add'),
     ("vv.power_sum(['10 dBm', None])", TypeError, TypeError, 'expected a Quantity'),
+    ("vv.power_sum('10 dBm')", TypeError, TypeError, "expected several levels, as in a list, found <class 'str'>"),
+    ('vv.power_mean(Quantity("10 dBm"))', TypeError, TypeError, 'expected several levels'),
     ("vv.cascade_noise([('10 dB',)])", ValueError, ValueError, 'gain and a noise figure'),
-    ("vv.compare('1 V', '2 V')", TypeError, TypeError, ''),
+    ("vv.cascade_noise(['10 dB'])", TypeError, TypeError, 'gain and a noise figure'),
+    ('vv.cascade_noise([5])', TypeError, TypeError, 'gain and a noise figure'),
+    ('vv.cascade_noise(5)', TypeError, TypeError, 'expected several stages'),
+    ("vv.compare('1 V', '2 A')", vv.RefusedKind, TypeError, 'cannot compare'),
+    ("vv.hull('1 V', '2 qqq')", vv.TextNotValid, ValueError, 'qqq'),
+    ("vv.compare('1 V', 2)", vv.RefusedKind, TypeError, 'the kinds differ'),
+    ('vv.sqrt(2**53 + 1)', ValueError, ValueError, 'no double'),
+    ("setattr(Unit('V'), '__class__', Quantity)", TypeError, TypeError, '__class__'),
+    ("setattr(Quantity('1 V'), '__class__', RuleValue)", TypeError, TypeError, '__class__'),
+    ("setattr(Unit('V'), '__class__', type('Slim', (Quantity,), {'__slots__': ()}))", TypeError, TypeError, '__class__'),
+    ("setattr(type('Slim', (Unit,), {})('V'), '__class__', type('Slim', (Quantity,), {}))", TypeError, TypeError, '__class__'),
+    ("setattr(Unit('V'), '__class__', type('Slim', (Unit.__base__,), {'__slots__': ()}))", TypeError, TypeError, '__class__'),
     ("RuleValue('5 m').to('W')", vv.UnitDimensionNotSame, TypeError, 'Dimension is not the same'),
     ("RuleValue('1 V').to('W', RuleValue('1 m'))", vv.NoRuleToConvert, TypeError, 'No rule'),
     ("RuleValue('1 m') / 0", vv.OutOfRange, ArithmeticError, 'out of range'),
@@ -187,6 +203,113 @@ ANSWERS = [
 @pytest.mark.parametrize('text, printed', ANSWERS, ids=[row[0] for row in ANSWERS])
 def test_answers(text, printed):
     assert str(eval(text)) == printed
+
+
+# Each function of quantities, with arguments as texts and numbers.
+FUNCTIONS = [
+    ('compare', ['1 V', '2 V']),
+    ('certainly_less', ['1 V', '2 V']),
+    ('possibly_less', ['1 V', '2 V']),
+    ('certainly_equal', ['1 V', '2 V']),
+    ('possibly_equal', ['1 V', '2 V']),
+    ('check_limits', ['1 V', '0 V', '2 V']),
+    ('sqrt', ['9 m^2']),
+    ('hull', ['1 V', '2 V']),
+    ('intersection', ['1 ± 0.5 V', '1.25 V']),
+    ('amplify', ['2 V', '20 dB']),
+    ('power_ratio', ['20 dB']),
+    ('field_ratio', ['20 dB']),
+    ('gain_of_powers', [100]),
+    ('gain_of_fields', [100.0]),
+    ('power_difference', ['10 dBm', '7 dBm']),
+    ('total_power', ['-174 dBm/Hz', '1 MHz']),
+    ('density', ['10 dBm', '1 MHz']),
+    ('reflection_of_vswr', [2]),
+    ('reflection_of_return_loss', ['20 dB']),
+    ('vswr', [0.5]),
+    ('return_loss', [np.float64(0.5)]),
+    ('mismatch_loss', ['0.5']),
+    ('mismatch_gain', [0.25, '0.5']),
+    ('thermal_noise', ['300 K', '1 Hz']),
+]
+
+
+@pytest.mark.parametrize('name, arguments', FUNCTIONS, ids=[row[0] for row in FUNCTIONS])
+def test_functions_take_quantities_texts_and_numbers(name, arguments):
+    function = getattr(vv, name)
+    quantities = [Quantity(x) if isinstance(x, str) else Quantity(x, '') for x in arguments]
+    assert function(*arguments) == function(*quantities)
+    for wrong in (None, b'1 V', [1.0], np.ones(1), True, Unit('V')):
+        for k in range(len(arguments)):
+            with pytest.raises(TypeError) as caught:
+                function(*arguments[:k], wrong, *arguments[k + 1 :])
+            assert str(caught.value) == f'expected a Quantity, its text or a number, found {type(wrong)!r}'
+
+
+def test_every_function_is_among_these():
+    others = {'Converter', 'Difference', 'cascade_noise', 'convert', 'power_mean', 'power_sum', 'same_kind'}
+    functions = {name for name in vv.__all__ if callable(getattr(vv, name)) and not isinstance(getattr(vv, name), type)}
+    assert functions == others | {name for name, _ in FUNCTIONS}
+
+
+# What is refused, the way out that the message names, and what it leads to.
+WAYS_OUT = [
+    ("Quantity(math.inf, 'V')", 'a lower bound may be -inf, an upper one inf', "Quantity(5, 'V', 5, math.inf)"),
+    ("Quantity(5, 'V', 0.1, 0.1)", 'bounds are numbers in the unit and not distances', "Quantity(5, 'V', 4.9, 5.1)"),
+    ("Quantity(5, 'V', 5.1, 4.9)", 'bounds are numbers in the unit and not distances', "Quantity(5, 'V', 4.9, 5.1)"),
+    ("Quantity('5 V').to('W')", "convert with a resistance: to(unit, with_='50 ohm')", "Quantity('5 V').to('W', with_='50 ohm')"),
+    ("Quantity('5 V') + Quantity('1 A')", "with_='50 ohm'", "Quantity('5 V') + Quantity('1 A').to('V', with_='50 ohm')"),
+    ("Quantity('5 ohm').to('V')", "convert with a current: to(unit, with_='2 A')", "Quantity('5 ohm').to('V', with_='2 A')"),
+    ("Quantity('5 ohm').to('A')", "convert with a voltage: to(unit, with_='5 V')", "Quantity('5 ohm').to('A', with_='5 V')"),
+    ("Quantity('1 month').to('s')", 'write days, as in 30 days', "Quantity('30 days').to('s')"),
+    ("Quantity('2 rad') * Quantity('3 sym')", 'divide one of them by its unit', "Quantity('2 rad') / Quantity('1 rad') * Quantity('3 sym')"),
+    ("Quantity('5 m°C')", 'write it without, or in K', "Quantity('5 °C'), Quantity('5 mK')"),
+    ("Quantity('20 °C') + Quantity('5 °C')", "(as_difference, or '5 ΔK')", "Quantity('20 °C') + Quantity('5 °C').as_difference()"),
+    ("Quantity('5 Δ°C') - Quantity('20 °C')", "(as_difference, or '5 ΔK')", "Quantity('5 Δ°C') - Quantity('20 ΔK')"),
+    ("vv.thermal_noise('20 Δ°C', '1 Hz')", '(as_point)', "vv.thermal_noise(Quantity('20 Δ°C').as_point(), '1 Hz')"),
+    ("Quantity('20 °C') * 2", 'convert to K', "Quantity('20 °C').to('K') * 2"),
+    ("Quantity('10 dBm') + Quantity('1 mW')", 'convert the level to a linear unit', "Quantity('10 dBm').to('mW') + Quantity('1 mW')"),
+    ("Quantity('1 W').to('dB')", 'convert to a level, with its reference (dBm, dBV)', "Quantity('1 W').to('dBm')"),
+    ("Quantity('10 dBm') + Quantity('10 dBm')", 'power_sum adds the powers', "vv.power_sum(['10 dBm', '10 dBm'])"),
+    ("Quantity('10 dBm') * 2", 'convert to the linear unit, or add a gain in dB', "Quantity('10 dBm').to('W') * 2, Quantity('10 dBm') + Quantity('3 dB')"),
+    ("Quantity('3 dB') - Quantity('10 dBm')", 'take the gain from the level', "Quantity('10 dBm') - Quantity('3 dB')"),
+    ("Quantity('3 dB').to('W')", 'amplify applies it to one', "vv.amplify('1 W', '3 dB')"),
+    ("Quantity('20 dB').to('')", 'field_ratio or power_ratio says which', "vv.field_ratio('20 dB'), vv.power_ratio('20 dB')"),
+    ("Quantity('10 %').to('dB')", 'gain_of_fields or gain_of_powers says which', "vv.gain_of_fields('10 %'), vv.gain_of_powers('10 %')"),
+]
+
+
+@pytest.mark.parametrize('refused, words, followed', WAYS_OUT, ids=[row[0] for row in WAYS_OUT])
+def test_ways_out_lead_there(refused, words, followed):
+    with pytest.raises(vv.MeasurementRefused) as caught:
+        eval(refused)
+    assert words in str(caught.value)
+    eval(followed)
+
+
+SUBINTERPRETER = """
+{first}
+import _xxsubinterpreters as subinterpreters
+subinterpreters.run_string(subinterpreters.create(), '''
+try:
+    import varnix_value
+except ImportError as failure:
+    print('refused:', failure)
+''')
+"""
+
+
+@pytest.mark.parametrize('first', ['', 'import varnix_value'])
+def test_subinterpreters_are_refused(first):
+    pytest.importorskip('_xxsubinterpreters')
+    program = [sys.executable, '-c', SUBINTERPRETER.format(first=first)]
+    done = subprocess.run(program, capture_output=True, text=True, timeout=60, check=True)
+    assert done.stdout.startswith('refused: ') and 'subinterpreter' in done.stdout
+
+
+def test_package_is_known_by_its_name():
+    assert importlib.metadata.version('varnix-value') == vv.__version__
+    assert importlib.metadata.metadata('varnix-value')['Summary'].startswith('Physical quantities')
 
 
 def test_order_and_limits():

@@ -7,7 +7,11 @@
 What is typed is physically right, or refused. docs/python.md is the guide.
 """
 
-from . import _native, failures
+from . import _native
+
+_native.refuse_subinterpreter()
+
+from . import failures
 from ._native import (
     Difference,
     Quantity,

@@ -51,15 +51,41 @@ vo_status Fill_text_fault(vo_fault* fault, Text_fault const& text_fault) {
     return VO_TEXT_NOT_VALID;
 }
 
-vo_status Fill_refusal(vo_fault* fault, MeasurementRefused const& refusal) {
-    // The texts of its classes stand before what it has to say.
-    constexpr std::string_view classes = "Value exception: Operation is not valid: ";
-    std::string_view message = refusal.what();
-    if (message.substr(0, classes.size()) == classes) {
-        message.remove_prefix(classes.size());
+// The way out of a refusal where it is a function or a field.
+char const* Words_in_c(Way_out way_out) {
+    switch (way_out) {
+    case Way_out::with_resistance:
+        return "convert with a resistance (vo_measurement_convert_with)";
+    case Way_out::with_current:
+        return "convert with a current (vo_measurement_convert_with)";
+    case Way_out::with_voltage:
+        return "convert with a voltage (vo_measurement_convert_with)";
+    case Way_out::mark_difference:
+        return "mark the one that is a difference (its field difference, or 5 ΔK)";
+    case Way_out::take_as_point:
+        return "clear its field difference";
+    case Way_out::linear_or_displayed:
+        return "convert to the linear unit";
+    case Way_out::power_sum:
+        return "vo_measurement_power_sum adds the powers";
+    case Way_out::amplify:
+        return "vo_measurement_amplify applies it to one";
+    case Way_out::ratio_of_gain:
+        return "apply it to 1 V or to 1 W (vo_measurement_amplify)";
+    case Way_out::gain_of_ratio:
+        return "convert so many V to dBV or W to dBW, and subtract 0 dBV or 0 dBW";
+    default: // what C has no function for, and what is called the same everywhere
+        return Way_out_words(way_out);
     }
-    Fill(fault, VO_REFUSED, message);
+}
+
+vo_status Fill_refusal(vo_fault* fault, MeasurementRefused const& refusal) {
     if (fault != nullptr) {
+        Fill(fault, VO_REFUSED, Reason_words(refusal.Get_reason()));
+        try {
+            Store(refusal.Worded(Words_in_c(refusal.Get_way_out())), fault->message);
+        } catch (std::bad_alloc const&) { // then the reason is all there is room for
+        }
         Store(Reason_name(refusal.Get_reason()), fault->reason);
     }
     return VO_REFUSED;

@@ -16,7 +16,7 @@ struct Invalid_argument {
 struct Buffer_too_small {};
 
 /// To be called while an exception is handled: its status, and in `fault`, unless that is null, all
-/// that is known of it. Allocates nothing.
+/// that is known of it. Without memory it says less.
 vo_status Report(vo_fault* fault) noexcept;
 
 /// Does what a function of C is there for.

@@ -172,7 +172,8 @@ bool Possibly_equal(Measurement const& x, Measurement const& y) {
 
 Verdict Check_limits(Measurement const& x, Measurement const& low, Measurement const& high) {
     if (!Compared(low, high, First_is_at_most)) {
-        Refuse(Refusal::bounds_inverted, "take", low, "as a limit below", high);
+        Refuse(Refusal::bounds_inverted,
+               "take " + Described(low) + " as a limit below " + Described(high), Way_out::none);
     }
     auto const below = [&](Pair const& pair) {
         return Second_is_at_most(pair)         ? Verdict::pass

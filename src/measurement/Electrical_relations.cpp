@@ -141,7 +141,7 @@ Measurement Measurement::Convert_to(Units const& target, Measurement const& with
     try {
         return By_relation(*this, with, Valid_unit(target));
     } catch (Refusal reason) {
-        Refuse(reason, "cannot convert " + Described(*this) + " with " + Described(with) + " to " +
+        Refuse(reason, "convert " + Described(*this) + " with " + Described(with) + " to " +
                            Described(target));
     }
 }

@@ -598,13 +598,16 @@ Enclosed Exponential_series(Enclosed const& x) {
     return x * (Enclose(0.5) + x * (one_6th + x * last));
 }
 
+Enclosed Exponential_less_one(Enclosed const& x) {
+    return x * (Enclose(1.0) + Exponential_series(x));
+}
+
 // e^x for |x| <= 0.35: the table's entry for the nearest 64th, and the series for the rest.
 Enclosed Exponential(Enclosed const& x) {
     double const step = Nearest_whole(64.0 * Value_of(x));
     Enclosed const rest = x - Enclose(step / 64.0);
-    Enclosed const one = Enclose(1.0);
     Enclosed const entry = exponentials[static_cast<int>(step) - First_exponential];
-    return entry * (one + rest * (one + Exponential_series(rest)));
+    return entry * (Enclose(1.0) + Exponential_less_one(rest));
 }
 
 // 10^x of |x| >= 2^17 is beyond every double, whatever unit it goes to; how far does not matter
@@ -638,10 +641,9 @@ Enclosed Power_of_ten(Enclosed const& x) {
 
 // e^r - 1 by its series, where r is small; elsewhere little cancels.
 Enclosed Power_of_ten_less_one(Enclosed const& x) {
-    Enclosed const one = Enclose(1.0);
     Enclosed const rest = x * ln_10;
     bool const is_small = rest.exponent < -7;
-    return is_small ? rest * (one + Exponential_series(rest)) : Power_of_ten(x) - one;
+    return is_small ? Exponential_less_one(rest) : Power_of_ten(x) - Enclose(1.0);
 }
 
 // ---- Logarithms

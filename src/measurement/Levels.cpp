@@ -46,7 +46,7 @@ Measurement Gain_of(Measurement const& ratio, int step) {
         return Rounded(Scaled_logarithm(step, numbers.numbers, numbers.scale * Size_of(unit)),
                        C_DB);
     } catch (Refusal reason) {
-        Refuse(reason, "make a gain of", ratio);
+        Refuse(reason, "make a gain of " + Described(ratio), Way_out::none);
     }
 }
 
@@ -121,7 +121,7 @@ Measurement Sum_of_powers(Measurement const* levels, std::size_t count, double s
 
 [[noreturn]] void Refuse_sum(Refusal reason, Measurement const* levels, std::size_t count) {
     if (count == 0) {
-        Refuse(reason, "cannot add the powers of no levels");
+        Refuse(reason, "add the powers of no levels");
     }
     for (std::size_t k = 0; k < count; ++k) {
         bool const differs = Kind_of(levels[k].Get_unit()) != Kind_of(levels[0].Get_unit());

@@ -22,7 +22,7 @@ Units Checked_unit(Units const& unit, bool is_difference = false) {
     try {
         return Valid_unit(unit, is_difference);
     } catch (Refusal reason) {
-        Refuse(reason, "cannot measure in " + Described(unit));
+        Refuse(reason, "measure in " + Described(unit));
     }
 }
 
@@ -44,7 +44,7 @@ void Check_numbers(double value, double lower, double upper, Units const& unit) 
     try {
         Check_numbers(value, lower, upper);
     } catch (Refusal reason) {
-        Refuse(reason, "cannot measure " + Described(value, lower, upper, unit));
+        Refuse(reason, "measure " + Described(value, lower, upper, unit));
     }
 }
 
@@ -96,7 +96,8 @@ Measurement Measurement::Between(double lower, double upper, Units const& unit) 
 Measurement Measurement::Difference(double value, Units const& unit, double lower, double upper) {
     Units const valid = Checked_unit(unit, true);
     if (!Is_temperature(valid)) {
-        Refuse(Refusal::temperature_role, "cannot measure a difference in " + Described(valid));
+        Refuse(Refusal::temperature_role, "measure a difference in " + Described(valid),
+               Way_out::none);
     }
     Check_numbers(value, lower, upper, valid);
     return Measurement_parts::Made(value, lower, upper, valid, true);
@@ -106,12 +107,12 @@ Measurement Measurement::From(Value_object<double> const& quantity, Levels level
     Units const unit = quantity.Get_unit();
     Measurement const result(quantity.Get_value(), unit, quantity.Get_minus_err(),
                              quantity.Get_plus_err());
-    Check_level_meaning(result.unit, levels, "cannot take over ");
+    Check_level_meaning(result.unit, levels, "take over ");
     return result;
 }
 
 Value_object<double> Measurement::To_value_object(Levels levels) const {
-    Check_level_meaning(unit, levels, "cannot hand over ");
+    Check_level_meaning(unit, levels, "hand over ");
     if (difference && !Is_kelvin(unit)) {
         Refuse(Refusal::difference_has_no_unit, "hand over", *this);
     }
@@ -194,7 +195,7 @@ Measurement Measurement::Convert_to(Units const& target) const {
         Units const valid = Valid_unit(target, difference);
         return Converted_to(*this, valid);
     } catch (Refusal reason) {
-        Refuse(reason, "convert", *this, "to", target);
+        Refuse_conversion(reason, Described(*this), unit, target);
     }
 }
 

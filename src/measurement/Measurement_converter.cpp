@@ -18,7 +18,7 @@ Units Checked(Units const& unit) {
     try {
         return Valid_unit(unit);
     } catch (Refusal reason) {
-        Refuse(reason, "cannot measure in " + Described(unit));
+        Refuse(reason, "measure in " + Described(unit));
     }
 }
 
@@ -58,7 +58,7 @@ Measurement_converter::Measurement_converter(Units const& from, Units const& to)
     try {
         Converted({Single(Enclose(1.0)), {}}, source, false, target, false);
     } catch (Refusal reason) {
-        Refuse(reason, "convert", from, "to", to);
+        Refuse_conversion(reason, Described(from), from, to);
     }
     if (source == target) {
         return;

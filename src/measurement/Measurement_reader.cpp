@@ -206,7 +206,9 @@ Parse_result<Measurement> Try_parse_measurement(std::string_view text) {
         return std::move(*fault);
     }
     if (auto const* refused = std::get_if<Refused_at>(&read)) {
-        return Text_fault{refused->position, refused->refused.what(), ""};
+        MeasurementRefused const& refusal = refused->refused;
+        return Text_fault{refused->position, refusal.Worded(Way_out_words(refusal.Get_way_out())),
+                          ""};
     }
     return std::get<Measurement>(read);
 }

@@ -187,7 +187,7 @@ Measurement Cascade(Noise_stage const* stages, std::size_t count) {
             Refuse(reason, "take the noise of a chain with a gain of", stages[k].gain);
         }
     }
-    Refuse(reason, "cannot take the noise of such a chain");
+    Refuse(reason, "take the noise of such a chain");
 }
 
 } // namespace
@@ -231,13 +231,22 @@ Measurement Noise_power(Measurement const& temperature, Measurement const& bandw
     return Rounded(power * Powers_of_ten(-29), C_Watts);
 }
 
+Way_out Way_out_of_noise(Refusal reason) {
+    return reason == Refusal::temperature_role  ? Way_out::take_as_point
+           : reason == Refusal::level_as_factor ? Way_out::to_linear // a bandwidth in dB-Hz
+                                                : Way_out::none;
+}
+
 } // namespace
 
 Measurement Thermal_noise(Measurement const& temperature, Measurement const& bandwidth) {
     try {
         return Noise_power(temperature, bandwidth);
     } catch (Refusal reason) {
-        Refuse(reason, "take the thermal noise at", temperature, "in", bandwidth);
+        Refuse(reason,
+               "take the thermal noise at " + Described(temperature) + " in " +
+                   Described(bandwidth),
+               Way_out_of_noise(reason));
     }
 }
 

@@ -8,8 +8,15 @@
 
 #include <cstddef>
 #include <iterator>
+#include <string_view>
 
 namespace Varnix::Value {
+
+// ---- The exception
+//
+// It has no room for more fields than its reason, as programs hold it by value. The others are kept
+// in its message, "CLASSES: cannot OPERATION: REASON; WAY OUT", where they are delimited by the words
+// that the tables below have for the reason and for each way out.
 
 MeasurementRefused::MeasurementRefused(Refusal reason_, std::string const& detail) noexcept
     : OperationNotValid(detail), reason(reason_) {}
@@ -18,73 +25,180 @@ MeasurementRefused&
 MeasurementRefused::operator=(MeasurementRefused const& other) noexcept = default;
 MeasurementRefused::~MeasurementRefused() = default;
 
+namespace {
+
+constexpr std::string_view before_reason = ": ";
+constexpr std::string_view before_way_out = "; ";
+
+struct Message_parts {
+    std::string_view operation;
+    bool names_reason;
+    Way_out way_out;
+};
+
+bool Takes_off(std::string_view& text, std::string_view ending) {
+    bool const ends_so =
+        text.size() >= ending.size() && text.substr(text.size() - ending.size()) == ending;
+    text.remove_suffix(ends_so ? ending.size() : 0);
+    return ends_so;
+}
+
+// What the constructor was given; nothing where there was no memory for it.
+std::string_view Detail_of(MeasurementRefused const& refused) noexcept {
+    OperationNotValid const without_detail;
+    std::string_view const classes = without_detail.what();
+    std::string_view const message = refused.what();
+    std::size_t const length = classes.size() + before_reason.size();
+    return message.size() > length ? message.substr(length) : std::string_view();
+}
+
+Message_parts Parts_of(MeasurementRefused const& refused) noexcept {
+    std::string_view const detail = Detail_of(refused);
+    for (int k = static_cast<int>(Way_out::linear_or_displayed); k >= 0; --k) {
+        auto const way_out = static_cast<Way_out>(k);
+        std::string_view operation = detail;
+        bool const names_way_out =
+            way_out == Way_out::none ||
+            (Takes_off(operation, Way_out_words(way_out)) && Takes_off(operation, before_way_out));
+        if (names_way_out && Takes_off(operation, Reason_words(refused.Get_reason())) &&
+            Takes_off(operation, before_reason)) {
+            return {operation, true, way_out};
+        }
+    }
+    return {detail, false, Way_out::none};
+}
+
+} // namespace
+
+std::string MeasurementRefused::Get_operation() const {
+    return std::string(Parts_of(*this).operation);
+}
+
+Way_out MeasurementRefused::Get_way_out() const noexcept {
+    return Parts_of(*this).way_out;
+}
+
+std::string MeasurementRefused::Worded(char const* way_out) const {
+    Message_parts const parts = Parts_of(*this);
+    std::string text(parts.operation);
+    if (parts.names_reason) {
+        text += before_reason;
+        text += Reason_words(reason);
+    }
+    if (parts.way_out != Way_out::none) {
+        text += before_way_out;
+        text += way_out;
+    }
+    return text;
+}
+
 namespace Physics {
+
+// ---- The words
 
 namespace {
 
-struct Reason_words {
+struct Reason_row {
     Refusal reason;
-    char const* name;  // that of the enumerator
-    char const* words; // why, and after "; " the way out
+    char const* name; // that of the enumerator
+    char const* words;
+    Way_out usual; // unless the operands ask for another
 };
 
 // clang-format off
 
 #define VARNIX_VALUE_ROW(reason) Refusal::reason, #reason
 
-constexpr Reason_words reason_words[] = {
-    {VARNIX_VALUE_ROW(not_finite),                  "values are finite; a lower bound may be -inf, an upper one inf"},
-    {VARNIX_VALUE_ROW(bounds_inverted),             "the lower bound is above the upper one; bounds are numbers in the unit and not distances"},
-    {VARNIX_VALUE_ROW(value_outside_bounds),        "the value lies outside its bounds; bounds are numbers in the unit and not distances"},
-    {VARNIX_VALUE_ROW(kinds_differ),                "the kinds differ"},
-    {VARNIX_VALUE_ROW(needs_impedance),             "that takes a resistance; convert with one"},
-    {VARNIX_VALUE_ROW(no_fixed_length),             "months and years have no fixed length; write days"},
-    {VARNIX_VALUE_ROW(units_do_not_mix),            "angles and symbols do not go into one unit; convert one of them to a plain number"},
-    {VARNIX_VALUE_ROW(too_many_units),              "the result would have six units"},
-    {VARNIX_VALUE_ROW(prefix_on_temperature),       "a point in °C or °F has no prefix; write it without, or in K"},
-    {VARNIX_VALUE_ROW(temperature_role),            "a point of a temperature scale and a difference are not the same; mark differences (As_difference, Δ°C)"},
-    {VARNIX_VALUE_ROW(temperature_points_add),      "points of a temperature scale do not add; mark the second as a difference (As_difference, Δ°C)"},
-    {VARNIX_VALUE_ROW(temperature_point_as_factor), "a point in °C or °F is no factor; convert to K"},
-    {VARNIX_VALUE_ROW(level_and_linear),            "one is a level, the other is not; convert one of them"},
-    {VARNIX_VALUE_ROW(levels_do_not_add),           "levels do not add; Power_sum adds the powers"},
-    {VARNIX_VALUE_ROW(level_as_factor),             "a level is no factor; convert to the linear unit, or add a gain in dB"},
-    {VARNIX_VALUE_ROW(gain_minus_level),            "a gain less a level means nothing; take the gain from the level"},
-    {VARNIX_VALUE_ROW(gain_is_no_quantity),         "a gain is no quantity; apply it to one"},
-    {VARNIX_VALUE_ROW(gain_is_ambiguous),           "a gain of 20 dB is 10 of voltages and 100 of powers; Field_ratio or Power_ratio says which"},
-    {VARNIX_VALUE_ROW(not_a_level),                 "that takes a level in decibels"},
-    {VARNIX_VALUE_ROW(not_a_gain),                  "that takes a gain in plain dB"},
-    {VARNIX_VALUE_ROW(not_a_density),               "that takes a level per hertz and a bandwidth"},
-    {VARNIX_VALUE_ROW(no_level_convention),         "there is no agreed meaning of decibels for it"},
-    {VARNIX_VALUE_ROW(no_level_of_zero),            "zero and negative quantities have no level"},
-    {VARNIX_VALUE_ROW(no_negative),                 "it must not be negative"},
-    {VARNIX_VALUE_ROW(not_passive),                 "a reflection lies between 0 and 1, a VSWR is at least 1"},
-    {VARNIX_VALUE_ROW(negative_quantity),           "it must not be negative"},
-    {VARNIX_VALUE_ROW(division_by_zero),            "the divisor may be zero"},
-    {VARNIX_VALUE_ROW(root_of_negative),            "it may be negative"},
-    {VARNIX_VALUE_ROW(odd_power),                   "the unit has no square root"},
-    {VARNIX_VALUE_ROW(exponent_out_of_range),       "powers go from -64 to 64"},
-    {VARNIX_VALUE_ROW(no_electrical_relation),      "no relation of volts, amperes, watts and ohms joins the three"},
-    {VARNIX_VALUE_ROW(nothing_to_sum),              "there is nothing to add"},
-    {VARNIX_VALUE_ROW(contradiction),               "the two exclude each other"},
-    {VARNIX_VALUE_ROW(levels_disagree),             "its number means another quantity to Value_object; convert to the linear unit, or pass Levels::as_displayed"},
-    {VARNIX_VALUE_ROW(difference_has_no_unit),      "a temperature difference has no unit in Value_object; convert it to K"},
-    {VARNIX_VALUE_ROW(unit_not_valid),              "no measurement has that prefix"},
-    {VARNIX_VALUE_ROW(out_of_range),                "the result is too large for a number"},
+constexpr Reason_row reason_rows[] = {
+    {VARNIX_VALUE_ROW(not_finite),                  "values are finite",                                                  Way_out::infinite_bound},
+    {VARNIX_VALUE_ROW(bounds_inverted),             "the lower bound is above the upper one",                             Way_out::bounds_as_numbers},
+    {VARNIX_VALUE_ROW(value_outside_bounds),        "the value lies outside its bounds",                                  Way_out::bounds_as_numbers},
+    {VARNIX_VALUE_ROW(kinds_differ),                "the kinds differ",                                                   Way_out::none},
+    {VARNIX_VALUE_ROW(needs_impedance),             "no factor leads from the one to the other",                          Way_out::none}, // see Third_quantity
+    {VARNIX_VALUE_ROW(no_fixed_length),             "months and years have no fixed length",                              Way_out::write_days},
+    {VARNIX_VALUE_ROW(units_do_not_mix),            "angles, symbols and months do not go into one unit with others",     Way_out::divide_by_unit},
+    {VARNIX_VALUE_ROW(too_many_units),              "the result would have six units",                                    Way_out::none},
+    {VARNIX_VALUE_ROW(prefix_on_temperature),       "a point in °C or °F has no prefix",                                  Way_out::no_prefix_or_kelvin},
+    {VARNIX_VALUE_ROW(temperature_role),            "a point of a temperature scale and a difference are not the same",   Way_out::mark_difference},
+    {VARNIX_VALUE_ROW(temperature_points_add),      "points of a temperature scale do not add",                           Way_out::mark_difference},
+    {VARNIX_VALUE_ROW(temperature_point_as_factor), "a point in °C or °F is no factor",                                   Way_out::to_kelvin},
+    {VARNIX_VALUE_ROW(level_and_linear),            "one is a level, the other is not",                                   Way_out::to_linear},
+    {VARNIX_VALUE_ROW(levels_do_not_add),           "levels do not add",                                                  Way_out::power_sum},
+    {VARNIX_VALUE_ROW(level_as_factor),             "a level is no factor",                                               Way_out::linear_or_gain},
+    {VARNIX_VALUE_ROW(gain_minus_level),            "a gain less a level means nothing",                                  Way_out::gain_from_level},
+    {VARNIX_VALUE_ROW(gain_is_no_quantity),         "a gain is no quantity",                                              Way_out::amplify},
+    {VARNIX_VALUE_ROW(gain_is_ambiguous),           "a gain of 20 dB is 10 of voltages and 100 of powers",                Way_out::ratio_of_gain},
+    {VARNIX_VALUE_ROW(not_a_level),                 "that takes a level in decibels",                                     Way_out::none},
+    {VARNIX_VALUE_ROW(not_a_gain),                  "that takes a gain in plain dB",                                      Way_out::none},
+    {VARNIX_VALUE_ROW(not_a_density),               "that takes a level per hertz and a bandwidth",                       Way_out::none},
+    {VARNIX_VALUE_ROW(no_level_convention),         "there is no agreed meaning of decibels for it",                      Way_out::none},
+    {VARNIX_VALUE_ROW(no_level_of_zero),            "zero and negative quantities have no level",                         Way_out::none},
+    {VARNIX_VALUE_ROW(no_negative),                 "it must not be negative",                                            Way_out::none},
+    {VARNIX_VALUE_ROW(not_passive),                 "a reflection lies between 0 and 1, a VSWR is at least 1",            Way_out::none},
+    {VARNIX_VALUE_ROW(negative_quantity),           "it must not be negative",                                            Way_out::none},
+    {VARNIX_VALUE_ROW(division_by_zero),            "the divisor may be zero",                                            Way_out::none},
+    {VARNIX_VALUE_ROW(root_of_negative),            "it may be negative",                                                 Way_out::none},
+    {VARNIX_VALUE_ROW(odd_power),                   "the unit has no square root",                                        Way_out::none},
+    {VARNIX_VALUE_ROW(exponent_out_of_range),       "powers go from -64 to 64",                                           Way_out::none},
+    {VARNIX_VALUE_ROW(no_electrical_relation),      "no relation of volts, amperes, watts and ohms joins the three",      Way_out::none},
+    {VARNIX_VALUE_ROW(nothing_to_sum),              "there is nothing to add",                                            Way_out::none},
+    {VARNIX_VALUE_ROW(contradiction),               "the two exclude each other",                                         Way_out::none},
+    {VARNIX_VALUE_ROW(levels_disagree),             "its number means another quantity to Value_object",                  Way_out::linear_or_displayed},
+    {VARNIX_VALUE_ROW(difference_has_no_unit),      "a temperature difference has no unit in Value_object",               Way_out::to_kelvin},
+    {VARNIX_VALUE_ROW(unit_not_valid),              "no measurement has that prefix",                                     Way_out::none},
+    {VARNIX_VALUE_ROW(out_of_range),                "the result is too large for a number",                               Way_out::none},
 };
 
 #undef VARNIX_VALUE_ROW
+
+struct Way_out_row {
+    Way_out way_out;
+    char const* words; // for C++
+};
+
+constexpr Way_out_row way_out_rows[] = {
+    {Way_out::none,                ""},
+    {Way_out::infinite_bound,      "a lower bound may be -inf, an upper one inf"},
+    {Way_out::bounds_as_numbers,   "bounds are numbers in the unit and not distances"},
+    {Way_out::with_resistance,     "convert with a resistance (Convert_to(unit, with))"},
+    {Way_out::with_current,        "convert with a current (Convert_to(unit, with))"},
+    {Way_out::with_voltage,        "convert with a voltage (Convert_to(unit, with))"},
+    {Way_out::write_days,          "write days, as in 30 days"},
+    {Way_out::divide_by_unit,      "divide one of them by its unit, which leaves a plain number"},
+    {Way_out::no_prefix_or_kelvin, "write it without, or in K"},
+    {Way_out::mark_difference,     "mark the one that is a difference (As_difference, 5 ΔK)"},
+    {Way_out::take_as_point,       "take the difference for a point (As_point)"},
+    {Way_out::to_kelvin,           "convert to K"},
+    {Way_out::to_linear,           "convert the level to a linear unit"},
+    {Way_out::to_level,            "convert to a level, with its reference (dBm, dBV)"},
+    {Way_out::power_sum,           "Power_sum adds the powers"},
+    {Way_out::linear_or_gain,      "convert to the linear unit, or add a gain in dB"},
+    {Way_out::gain_from_level,     "take the gain from the level"},
+    {Way_out::amplify,             "Amplify applies it to one"},
+    {Way_out::ratio_of_gain,       "Field_ratio or Power_ratio says which"},
+    {Way_out::gain_of_ratio,       "Gain_of_fields or Gain_of_powers says which"},
+    {Way_out::linear_or_displayed, "convert to the linear unit, or pass Levels::as_displayed"},
+};
 // clang-format on
 
-constexpr bool Is_in_order() {
+template <typename Row, std::size_t Count, typename Key>
+constexpr bool Is_in_order(Row const (&rows)[Count], Key Row::*key, Key last) {
     int expected = 0;
-    for (Reason_words const& row : reason_words) {
-        if (static_cast<int>(row.reason) != expected++) {
+    for (Row const& row : rows) {
+        if (static_cast<int>(row.*key) != expected++) {
             return false;
         }
     }
-    return expected == static_cast<int>(Refusal::out_of_range) + 1;
+    return expected == static_cast<int>(last) + 1;
 }
-static_assert(Is_in_order(), "every reason has its words, in the order of the enumerators");
+static_assert(Is_in_order(reason_rows, &Reason_row::reason, Refusal::out_of_range),
+              "every reason has its words, in the order of the enumerators");
+static_assert(Is_in_order(way_out_rows, &Way_out_row::way_out, Way_out::linear_or_displayed),
+              "every way out has its words, in the order of the enumerators");
+
+Reason_row const& Row_of(Refusal reason) {
+    return reason_rows[static_cast<std::size_t>(reason)];
+}
 
 std::string In_parentheses(std::string const& text, Units const& unit) {
     return text + " (" + Kind_name(unit) + ')';
@@ -105,88 +219,122 @@ std::string Described(Measurement const& x) {
     return In_parentheses(Format(x), x.Get_unit());
 }
 
-void Refuse(Refusal reason, std::string const& what) {
-    throw MeasurementRefused(reason,
-                             what + ": " + reason_words[static_cast<std::size_t>(reason)].words);
-}
+// ---- The way out, where it depends on the operands
 
 namespace {
 
-// Why, and after "; " the way out, where the two units have more to say than the reason alone.
-
-// What an electrical relation takes besides the two.
-std::string Third_quantity_words(Units const& first, Units const& second) {
-    Electrical const from = Electrical_of(Kind_of(first));
-    Electrical const to = Electrical_of(Kind_of(second));
-    bool const of_resistance = from == Electrical::resistance || to == Electrical::resistance;
-    bool const of_current = from == Electrical::current || to == Electrical::current;
-    char const* const third = !of_resistance ? "resistance" : of_current ? "voltage" : "current";
-    return std::string("that takes a ") + third + "; convert with one";
+// Of volts, amperes, watts and ohms, the one with which a first becomes a second.
+Way_out Third_quantity(Units const& first, Units const& second) {
+    auto const either = [first = Electrical_of(Kind_of(first)),
+                         second = Electrical_of(Kind_of(second))](Electrical quantity) {
+        return first == quantity || second == quantity;
+    };
+    return !either(Electrical::resistance) ? Way_out::with_resistance
+           : either(Electrical::current)   ? Way_out::with_voltage
+                                           : Way_out::with_current;
 }
 
-std::string Words_of(Refusal reason, Units const& first, Units const& second) {
-    if (reason == Refusal::needs_impedance) {
-        return Third_quantity_words(first, second);
+// A product such as %*K goes to a scale as kelvins; otherwise one of the two is marked.
+Way_out Way_between_roles(Units const& first, Units const& second) {
+    auto const is_on_scale = [](Units const& unit) {
+        return Is_temperature(Without_decibels(unit));
+    };
+    bool const is_of_product =
+        Kind_of(first) == Kind_of(second) && !(is_on_scale(first) && is_on_scale(second));
+    return is_of_product ? Way_out::to_kelvin : Way_out::mark_difference;
+}
+
+bool Is_gain(Units const& unit) {
+    return Is_decibel(unit) && unit.tuples[0].unit == NO_UNIT;
+}
+
+// To add a gain to a quantity, that is a level, where it has one.
+Way_out Level_of_either(Units const& first, Units const& second) {
+    Units const& quantity = Is_gain(first) ? second : first;
+    return Level_factor(Kind_of(quantity)) != 0 ? Way_out::to_level : Way_out::none;
+}
+
+Way_out Way_out_between(Refusal reason, Units const& first, Units const& second) {
+    bool const with_gain = Is_gain(first) || Is_gain(second);
+    switch (reason) {
+    case Refusal::level_and_linear:
+        return with_gain ? Level_of_either(first, second) : Way_out::to_linear;
+    case Refusal::needs_impedance:
+        return Third_quantity(first, second);
+    case Refusal::temperature_role:
+        return Way_between_roles(first, second);
+    case Refusal::levels_do_not_add: // only those of one kind have a sum of powers
+        return Kind_of(first) == Kind_of(second) ? Way_out::power_sum : Way_out::none;
+    case Refusal::gain_is_ambiguous: // said of a level as well
+        return with_gain ? Way_out::ratio_of_gain : Way_out::none;
+    default:
+        return Row_of(reason).usual;
     }
-    bool const both_on_scales =
-        Is_temperature(Without_decibels(first)) && Is_temperature(Without_decibels(second));
-    if (reason == Refusal::temperature_role && !both_on_scales &&
-        Kind_of(first) == Kind_of(second)) {
-        return "a product of units is no temperature scale; convert to K first";
+}
+
+Way_out Way_out_of_conversion(Refusal reason, Units const& from, Units const& to) {
+    if (Is_gain(to) && reason == Refusal::gain_is_ambiguous) {
+        return Way_out::gain_of_ratio;
     }
-    return reason_words[static_cast<std::size_t>(reason)].words;
-}
-
-bool Is_plain_kelvin(Measurement const& x) {
-    return Is_kelvin(x.Get_unit()) && !x.Is_difference();
-}
-
-std::string Words_of(Refusal reason, Measurement const& x, Measurement const& y) {
-    bool const one_is_point = Form_of(x) == Form::scale_point || Form_of(y) == Form::scale_point;
-    bool const one_is_kelvin = Is_plain_kelvin(x) || Is_plain_kelvin(y);
-    if (reason == Refusal::temperature_role && one_is_point && one_is_kelvin) {
-        Measurement const& kelvins = Is_plain_kelvin(x) ? x : y;
-        return "beside °C or °F a plain K may be a temperature or a difference; write " +
-               Format(kelvins.As_difference()) + " for the difference";
+    if (Is_gain(to) && reason == Refusal::gain_is_no_quantity) {
+        return Level_of_either(from, to);
     }
-    return Words_of(reason, x.Get_unit(), y.Get_unit());
-}
-
-[[noreturn]] void Refuse_pair(Refusal reason, char const* verb, std::string const& first,
-                              char const* conjunction, std::string const& second,
-                              std::string const& words) {
-    throw MeasurementRefused(reason, std::string("cannot ") + verb + ' ' + first + ' ' +
-                                         conjunction + ' ' + second + ": " + words);
+    return Way_out_between(reason, from, to);
 }
 
 } // namespace
 
+// ---- Refusing
+
+void Refuse(Refusal reason, std::string const& operation, Way_out way_out) {
+    std::string detail = "cannot " + operation;
+    detail += before_reason;
+    detail += Row_of(reason).words;
+    if (way_out != Way_out::none) {
+        detail += before_way_out;
+        detail += Way_out_words(way_out);
+    }
+    throw MeasurementRefused(reason, detail);
+}
+
+void Refuse(Refusal reason, std::string const& operation) {
+    Refuse(reason, operation, Row_of(reason).usual);
+}
+
 void Refuse(Refusal reason, char const* verb, Measurement const& x, char const* conjunction,
             Measurement const& y) {
-    Refuse_pair(reason, verb, Described(x), conjunction, Described(y), Words_of(reason, x, y));
+    Refuse(reason, std::string(verb) + ' ' + Described(x) + ' ' + conjunction + ' ' + Described(y),
+           Way_out_between(reason, x.Get_unit(), y.Get_unit()));
 }
 
-void Refuse(Refusal reason, char const* verb, Measurement const& x, char const* conjunction,
-            Units const& unit) {
-    Refuse_pair(reason, verb, Described(x), conjunction, Described(unit),
-                Words_of(reason, x.Get_unit(), unit));
-}
-
-void Refuse(Refusal reason, char const* verb, Units const& first, char const* conjunction,
-            Units const& second) {
-    Refuse_pair(reason, verb, Described(first), conjunction, Described(second),
-                Words_of(reason, first, second));
+void Refuse_conversion(Refusal reason, std::string const& from_text, Units const& from,
+                       Units const& to) {
+    Refuse(reason, "convert " + from_text + " to " + Described(to),
+           Way_out_of_conversion(reason, from, to));
 }
 
 void Refuse(Refusal reason, char const* verb, Measurement const& x) {
-    Refuse(reason, std::string("cannot ") + verb + ' ' + Described(x));
+    Refuse(reason, std::string(verb) + ' ' + Described(x),
+           Way_out_between(reason, x.Get_unit(), x.Get_unit()));
 }
 
 } // namespace Physics
 
+// ---- The names and words of reasons and ways out
+
 char const* Reason_name(Refusal reason) noexcept {
     auto const index = static_cast<std::size_t>(reason);
-    return index < std::size(Physics::reason_words) ? Physics::reason_words[index].name : "unknown";
+    return index < std::size(Physics::reason_rows) ? Physics::reason_rows[index].name : "unknown";
+}
+
+char const* Reason_words(Refusal reason) noexcept {
+    auto const index = static_cast<std::size_t>(reason);
+    return index < std::size(Physics::reason_rows) ? Physics::reason_rows[index].words : "";
+}
+
+char const* Way_out_words(Way_out way_out) noexcept {
+    auto const index = static_cast<std::size_t>(way_out);
+    return index < std::size(Physics::way_out_rows) ? Physics::way_out_rows[index].words : "";
 }
 
 } // namespace Varnix::Value

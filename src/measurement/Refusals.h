@@ -16,17 +16,17 @@ std::string Described(double value, double lower, double upper, Units const& uni
 // "km/h (length/time)".
 std::string Described(Units const& unit);
 
-// "WHAT: WHY; WAY OUT", where why and way out follow from the reason.
-[[noreturn]] void Refuse(Refusal reason, std::string const& what);
+// "cannot OPERATION: REASON; WAY OUT", with the way out that is usual for the reason.
+[[noreturn]] void Refuse(Refusal reason, std::string const& operation);
+[[noreturn]] void Refuse(Refusal reason, std::string const& operation, Way_out way_out);
 
-// The same for the usual forms: "cannot add X and Y", "cannot convert X to U", "cannot VERB X".
+// The same for the usual forms, with the way out for these operands: "add X and Y", "VERB X",
+// "convert FROM to U".
 [[noreturn]] void Refuse(Refusal reason, char const* verb, Measurement const& x,
                          char const* conjunction, Measurement const& y);
-[[noreturn]] void Refuse(Refusal reason, char const* verb, Measurement const& x,
-                         char const* conjunction, Units const& unit);
-[[noreturn]] void Refuse(Refusal reason, char const* verb, Units const& first,
-                         char const* conjunction, Units const& second);
 [[noreturn]] void Refuse(Refusal reason, char const* verb, Measurement const& x);
+[[noreturn]] void Refuse_conversion(Refusal reason, std::string const& from_text, Units const& from,
+                                    Units const& to);
 
 } // namespace Varnix::Value::Physics
 

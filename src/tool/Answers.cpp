@@ -38,9 +38,7 @@ Answer Read_measured(std::string_view text, Dialect dialect) {
     std::string const standard = Standard_text(text, *parts, dialect);
     auto const measured = Try_parse_measurement(standard);
     if (!measured) {
-        Text_fault fault = measured.Get_fault();
-        fault.message = Reason(std::runtime_error(fault.message));
-        throw Refusal(fault, standard);
+        throw Refusal(measured.Get_fault(), standard);
     }
     return {*measured, parts->form != Quantity_form::value_alone};
 }
@@ -96,22 +94,38 @@ std::string Unit_text(Answer const& answer, Unit_string_type spelling) {
     return Format_unit(std::get<Measurement>(answer.result), spelling);
 }
 
-// What a program would call, and what is typed instead.
-constexpr std::string_view ways_out[][2] = {
-    {"Power_sum", "compute --power-sum"},
-    {"Field_ratio or Power_ratio says which", "1 V * 20 dB or 1 W * 20 dB says which"},
-    {"(As_difference, Δ°C)", "(Δ°C, ΔK)"},
-};
+namespace {
+
+// The way out of a refusal in what is typed.
+char const* Words_typed(Way_out way_out) {
+    switch (way_out) {
+    case Way_out::with_resistance:
+        return "convert with a resistance, as in --with '50 ohm'";
+    case Way_out::with_current:
+        return "convert with a current, as in --with '2 A'";
+    case Way_out::with_voltage:
+        return "convert with a voltage, as in --with '5 V'";
+    case Way_out::mark_difference:
+        return "mark the one that is a difference, as in 5 ΔK or 5 Δ°C";
+    case Way_out::take_as_point:
+        return "write the temperature without Δ";
+    case Way_out::power_sum:
+        return "compute --power-sum adds the powers";
+    case Way_out::amplify:
+        return "apply it to one, as in 1 W * 3 dB";
+    case Way_out::ratio_of_gain:
+        return "1 V * 20 dB or 1 W * 20 dB says which";
+    case Way_out::gain_of_ratio:
+        return "convert so many V to dBV, or W to dBW";
+    default:
+        return Way_out_words(way_out);
+    }
+}
+
+} // namespace
 
 Refusal As_the_tool_says(MeasurementRefused const& refused) {
-    std::string reason = Reason(refused);
-    for (auto const& [function, typed] : ways_out) {
-        std::size_t const place = reason.find(function);
-        if (place != std::string::npos) {
-            reason.replace(place, function.size(), typed);
-        }
-    }
-    return Refusal(reason);
+    return Refusal(refused.Worded(Words_typed(refused.Get_way_out())));
 }
 
 } // namespace Varnix::Value::Tool

@@ -6,16 +6,6 @@
 
 namespace Varnix::Value::Tool {
 
-std::string Reason(std::exception const& failure) {
-    std::string_view text = failure.what();
-    for (std::string_view const prefix : {"Value exception: ", "Operation is not valid: "}) {
-        text.remove_prefix(text.substr(0, prefix.size()) == prefix && text.size() > prefix.size()
-                               ? prefix.size()
-                               : 0);
-    }
-    return std::string(text);
-}
-
 namespace {
 
 // "km/h (length/time)".
@@ -30,7 +20,7 @@ auto Telling(Words const& words, Action const& action) {
     try {
         return action();
     } catch (Value_exception const& failure) {
-        throw Refusal(words() + ": the library has no rule for it (" + Reason(failure) + ')');
+        throw Refusal(words() + ": the library has no rule for it (" + failure.what() + ')');
     } catch (std::out_of_range const&) {
         throw Refusal(words() + ": the result is infinite or not a number");
     }

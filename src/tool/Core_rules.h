@@ -9,15 +9,11 @@
 #include <varnix/value/Value_converter.h>
 #include <varnix/value/Value_object.h>
 
-#include <exception>
 #include <string_view>
 
 namespace Varnix::Value::Tool {
 
 using Quantity = Value_object<double>;
-
-// What a library says of a failure, without the names of its exception classes.
-std::string Reason(std::exception const& failure);
 
 // Each of these throws Refusal with a message that names the units and their kinds.
 

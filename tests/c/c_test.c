@@ -58,6 +58,16 @@ static void Expect(char const* expected, char const* found) {
     }
 }
 
+/* That a value is so near to a quantity as text that three digits say it. */
+static void Expect_number(char const* expected, vo_measurement const* found) {
+    vo_measurement const wanted = Read(expected);
+    char text[80];
+    if (fabs(found->value - wanted.value) > 0.004 * fabs(wanted.value) || memcmp(&found->unit, &wanted.unit, sizeof wanted.unit) != 0) {
+        vo_measurement_format(found, "", text, sizeof text, NULL, NULL);
+        Expect(expected, text);
+    }
+}
+
 /* ---- Answers */
 
 /* Operations on measurements and quantities: `second` is a unit for those of one operand. */
@@ -88,6 +98,18 @@ static void Describe(vo_status status, vo_fault const* fault, char* text, size_t
     snprintf(text, size, "%s %s", vo_status_name((int)status), fault->reason);
 }
 
+/* Converts by an electrical relation: `with` is "50 ohm to W". */
+static vo_status Convert_with(vo_measurement* x, char const* with, vo_fault* fault) {
+    char text[40] = "";
+    vo_measurement other;
+    vo_unit target;
+    char const* const to = strstr(with, " to ");
+    memcpy(text, with, (size_t)(to - with));
+    vo_status status = vo_measurement_parse(text, &other, fault);
+    status = status == VO_OK ? vo_unit_parse(to + 4, &target, fault) : status;
+    return status == VO_OK ? vo_measurement_convert_with(x, &target, &other, x, fault) : status;
+}
+
 static vo_status Measure(operation const* row, vo_measurement* x, vo_fault* fault) {
     vo_measurement y;
     vo_unit target;
@@ -95,6 +117,9 @@ static vo_status Measure(operation const* row, vo_measurement* x, vo_fault* faul
     if (status == VO_OK && row->operator== '>') {
         status = vo_unit_parse(row->second, &target, fault);
         return status == VO_OK ? vo_measurement_convert(x, &target, x, fault) : status;
+    }
+    if (status == VO_OK && row->operator== 'w') {
+        return Convert_with(x, row->second, fault);
     }
     status = status == VO_OK ? vo_measurement_parse(row->second, &y, fault) : status;
     if (status != VO_OK) {
@@ -325,6 +350,70 @@ static void Check_failures(void) {
         CHECK(vo_unit_parse(long_text + (skip == 0 ? 0 : 2), &after.unit, &fault) == VO_TEXT_NOT_VALID);
         CHECK(strlen(fault.message) < sizeof fault.message);
     }
+}
+
+/* ---- The ways out of refusals */
+
+/* What is refused, how its message ends, and what it says to do instead, with the result. */
+typedef struct followed_refusal {
+    operation refused;
+    char const* way_out;
+    operation followed[2];
+} followed_refusal;
+
+static followed_refusal const followed_refusals[] = {
+    {{"5 V", '>', "W", "needs_impedance", NULL},
+     "convert with a resistance (vo_measurement_convert_with)",
+     {{"5 V", 'w', "5 ohm to W", "5 W", NULL}}},
+    {{"5 ohm", '>', "V", "needs_impedance", NULL},
+     "convert with a current (vo_measurement_convert_with)",
+     {{"5 ohm", 'w', "2 A to V", "10 V", NULL}}},
+    {{"5 ohm", '>', "A", "needs_impedance", NULL},
+     "convert with a voltage (vo_measurement_convert_with)",
+     {{"5 ohm", 'w', "10 V to A", "2 A", NULL}}},
+    {{"20 degC", '+', "5 degC", "temperature_points_add", NULL},
+     "mark the one that is a difference (its field difference, or 5 ΔK)",
+     {{"20 degC", '+', "5 ΔK", "25 °C", NULL}}},
+    {{"10 dBm", '+', "10 dBm", "levels_do_not_add", NULL}, "vo_measurement_power_sum adds the powers", {{"10 dBm", 'p', "10 dBm", "13.0 dBm", NULL}}},
+    {{"10 dBm", '+', "1 mW", "level_and_linear", NULL},
+     "convert the level to a linear unit",
+     {{"10 dBm", '>', "mW", "10 mW", NULL}, {"10 mW", '+', "1 mW", "11 mW", NULL}}},
+    {{"1 W", '+', "3 dB", "level_and_linear", NULL},
+     "convert to a level, with its reference (dBm, dBV)",
+     {{"1 W", '>', "dBm", "30 dBm", NULL}, {"30 dBm", '+', "3 dB", "33 dBm", NULL}}},
+    {{"10 dBm", '*', "2", "level_as_factor", NULL},
+     "convert to the linear unit, or add a gain in dB",
+     {{"10 dBm", '>', "mW", "10 mW", NULL}, {"10 dBm", '+', "3 dB", "13 dBm", NULL}}},
+    {{"3 dB", '-', "10 dBm", "gain_minus_level", NULL}, "take the gain from the level", {{"10 dBm", '-', "3 dB", "7 dBm", NULL}}},
+    {{"20 dB", '>', "W", "gain_is_no_quantity", NULL}, "vo_measurement_amplify applies it to one", {{"1 W", 'a', "20 dB", "100 W", NULL}}},
+    {{"20 dB", '>', "%", "gain_is_ambiguous", NULL},
+     "apply it to 1 V or to 1 W (vo_measurement_amplify)",
+     {{"1 V", 'a', "20 dB", "10 V", NULL}, {"1 W", 'a', "20 dB", "100 W", NULL}}},
+    {{"10 %", '>', "dB", "gain_is_ambiguous", NULL},
+     "convert so many V to dBV or W to dBW, and subtract 0 dBV or 0 dBW",
+     {{"10 V", '>', "dBV", "20 dBV", NULL}, {"20 dBV", '-', "0 dBV", "20 dB", NULL}}},
+    {{"1 month", '>', "s", "no_fixed_length", NULL}, "write days, as in 30 days", {{"30 days", '>', "s", "2592000 s", NULL}}},
+    {{"20 degC", '*', "2", "temperature_point_as_factor", NULL}, "convert to K", {{"293 K", '*', "2", "586 K", NULL}}},
+};
+
+static void Check_ways_out(void) {
+    for (size_t k = 0; k < sizeof followed_refusals / sizeof *followed_refusals; ++k) {
+        followed_refusal const* const row = &followed_refusals[k];
+        vo_measurement x;
+        vo_fault fault;
+        CHECK(Measure(&row->refused, &x, &fault) == VO_REFUSED);
+        Expect(row->refused.by_measurements, fault.reason);
+        CHECK(strncmp(fault.message, "cannot ", 7) == 0);
+        Expect(row->way_out, strstr(fault.message, "; ") == NULL ? fault.message : strstr(fault.message, "; ") + 2);
+        for (size_t step = 0; step < 2 && row->followed[step].first != NULL; ++step) {
+            CHECK(Measure(&row->followed[step], &x, &fault) == VO_OK);
+            Expect_number(row->followed[step].by_measurements, &x);
+        }
+    }
+    vo_measurement warmer = Read("20 degC");
+    vo_measurement difference = Read("5 K");
+    difference.difference = 1;
+    CHECK(vo_measurement_add(&warmer, &difference, &warmer, NULL) == VO_OK && warmer.value == 25.0);
 }
 
 /* ---- Statuses */
@@ -624,6 +713,7 @@ int main(void) {
     Check_other_answers();
     Check_converters();
     Check_failures();
+    Check_ways_out();
     Check_statuses();
     Check_null_arguments();
     Check_hostile_structs();

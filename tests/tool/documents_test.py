@@ -91,6 +91,17 @@ class Documents(unittest.TestCase):
         self.write("tables/a.csv", "n,temp\n1,q\n")
         self.assertEqual(self.run_command(command).returncode, 123)
 
+    def test_options(self):
+        """Every option of every command is explained in the guide and in the manual page."""
+        options = set()
+        for command in ([], ["convert"], ["compute"], ["units"]):
+            text = subprocess.run([*PROGRAM, *command, "--help"], capture_output=True, text=True, check=True).stdout
+            options.update(re.findall(r"^  (?:-\w,)?(--[a-z-]+)", text, re.MULTILINE))
+        self.assertGreater(len(options), 18)
+        guide = set(re.findall(r"--[a-z-]+", document("tool.md")))
+        manual = set(re.findall(r"--[a-z-]+", document("value-object.1").replace("\\-", "-")))
+        self.assertEqual((options - guide, options - manual), (set(), set()))
+
     def test_formats(self):
         table = re.search(r"^\| format \| (\S+ \S+), (\S+) to (\S+) \|\n\| --- .*\n((?:\|.*\n)+)", document("tool.md"), re.MULTILINE)
         quantity, lower, upper, rows = table.groups()

@@ -104,18 +104,64 @@ enum class Refusal {
 /// The name of the enumerator, "kinds_differ"; "unknown" for any other value.
 VARNIX_VALUE_MEASUREMENT_EXPORT char const* Reason_name(Refusal reason) noexcept;
 
+/// Why, in words: "levels do not add"; "" for any other value.
+VARNIX_VALUE_MEASUREMENT_EXPORT char const* Reason_words(Refusal reason) noexcept;
+
+/// What can be done instead of what was refused.
+enum class Way_out {
+    none,                ///< there is none in general
+    infinite_bound,      ///< an unknown lower bound is -inf, an upper one inf
+    bounds_as_numbers,   ///< give bounds as numbers in the unit, and not as distances
+    with_resistance,     ///< convert with a resistance, an electrical relation
+    with_current,        ///< convert with a current
+    with_voltage,        ///< convert with a voltage
+    write_days,          ///< write days for months and years
+    divide_by_unit,      ///< divide one of them by 1 of its unit
+    no_prefix_or_kelvin, ///< write the temperature without its prefix, or in kelvin
+    mark_difference,     ///< mark the temperature that is a difference as one
+    take_as_point,       ///< take the difference for a point of its scale
+    to_kelvin,           ///< convert to kelvin
+    to_linear,           ///< convert the level to a linear unit
+    to_level,            ///< convert to a level, in decibels relative to something
+    power_sum,           ///< add the powers, and not the levels
+    linear_or_gain,      ///< convert the level to a linear unit, or add a gain
+    gain_from_level,     ///< subtract the gain from the level
+    amplify,             ///< apply the gain to a quantity
+    ratio_of_gain,       ///< ask for the ratio of powers or that of voltages
+    gain_of_ratio,       ///< ask for the gain by a ratio of powers or by one of voltages
+    linear_or_displayed, ///< convert to a linear unit, or pass the number as it is displayed
+};
+
+/// The way out in the words of C++, "Power_sum adds the powers"; "" for `none` and for any other
+/// value. A program whose users call its functions otherwise words it itself:
+/// `MeasurementRefused::Worded`.
+VARNIX_VALUE_MEASUREMENT_EXPORT char const* Way_out_words(Way_out way_out) noexcept;
+
 /// An operation on measurements that has no physically right result. `what()` names the operation,
 /// both units with their kinds, the numbers that were in the way, and the way out: "cannot add 10
-/// dBm (power) and 10 dBm (power): levels do not add; Power_sum adds the powers".
+/// dBm (power) and 10 dBm (power): levels do not add; Power_sum adds the powers". Each of these
+/// parts can be had by itself.
 class VARNIX_VALUE_MEASUREMENT_EXPORT MeasurementRefused final : public virtual OperationNotValid {
   public:
-    /// A refusal for `reason`; the message ends in `detail`.
+    /// A refusal for `reason`; the message ends in `detail`, which is the operation as well.
     MeasurementRefused(Refusal reason_, std::string const& detail) noexcept;
     MeasurementRefused(MeasurementRefused const& other) noexcept;            ///< the same refusal
     MeasurementRefused& operator=(MeasurementRefused const& other) noexcept; ///< the same refusal
     ~MeasurementRefused() override;
 
     Refusal Get_reason() const noexcept { return reason; } ///< why
+
+    /// What was refused, with its operands: "cannot add 10 dBm (power) and 10 dBm (power)".
+    /// @throws std::bad_alloc
+    std::string Get_operation() const;
+
+    /// What can be done instead.
+    Way_out Get_way_out() const noexcept;
+
+    /// "OPERATION: REASON; WAY OUT" without the names of classes, the way out in the words that are
+    /// given, where there is one: `Worded(Way_out_words(Get_way_out()))` are those of `what()`.
+    /// @throws std::bad_alloc
+    std::string Worded(char const* way_out) const;
 
   private:
     Refusal reason;

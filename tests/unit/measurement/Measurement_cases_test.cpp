@@ -11,7 +11,9 @@
 
 #include <fstream>
 #include <map>
+#include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace Varnix::Value::Tests {
@@ -64,6 +66,7 @@ std::string Called(std::string const& name, Operands const& x) {
         {"Compare", [](Operands const& o) { return Text(Compare(o[0], o[1])); }},
         {"Density", [](Operands const& o) { return Text(Density(o[0], o[1])); }},
         {"Field_ratio", [](Operands const& o) { return Text(Field_ratio(o[0])); }},
+        {"Displayed", [](Operands const& o) { return Text(Measurement::From(o[0].To_value_object(Levels::as_displayed), Levels::as_displayed)); }},
         {"From", [](Operands const& o) { return Text(Measurement::From(o[0].To_value_object())); }},
         {"Gain_of_fields", [](Operands const& o) { return Text(Gain_of_fields(o[0])); }},
         {"Gain_of_powers", [](Operands const& o) { return Text(Gain_of_powers(o[0])); }},
@@ -156,6 +159,91 @@ TEST(Measurements, Have_the_results_written_down) {
         EXPECT_EQ(operation + result, row);
     }
     EXPECT_GT(rows, 200);
+}
+
+// ---- The ways out of refusals
+
+using Named_way_out = std::pair<std::string, Way_out>; // and for which reason
+
+// The reason and the way out of what is refused.
+template <typename Operation>
+Named_way_out Refused(Operation const& operation) {
+    try {
+        (void)operation();
+    } catch (MeasurementRefused const& refusal) {
+        std::string const message = refusal.what();
+        std::string const worded = refusal.Worded(Way_out_words(refusal.Get_way_out()));
+        EXPECT_EQ(message.substr(message.find("cannot")), worded);
+        EXPECT_EQ(worded.find(refusal.Get_operation() + ": " + Reason_words(refusal.Get_reason())), 0U);
+        return {Reason_name(refusal.Get_reason()), refusal.Get_way_out()};
+    }
+    return {"", Way_out::none};
+}
+
+// Follows each line of the file: what is refused, why, the way out in words, and the steps that it leads to.
+std::set<Named_way_out> Followed_ways_out() {
+    std::ifstream file(VALUE_OBJECT_TEST_CASES "/ways_out.txt");
+    std::set<Named_way_out> followed;
+    for (std::string row; std::getline(file, row);) {
+        if (row.empty() || row[0] == '#') {
+            continue;
+        }
+        std::vector<std::string> const parts = Split(row, " ! ");
+        Named_way_out const refused = Refused([&] { return Result_of(parts.at(0)); });
+        EXPECT_EQ(refused.first + " ! " + Way_out_words(refused.second), parts.at(1) + " ! " + parts.at(2)) << row;
+        for (std::string const& step : Split(parts.at(3), " then ")) {
+            std::size_t const equals = step.rfind(" = ");
+            EXPECT_EQ(Refused([&] { EXPECT_EQ(Result_of(step.substr(0, equals)), step.substr(equals + 3)) << row; }).first, "") << row;
+        }
+        followed.insert(refused);
+    }
+    return followed;
+}
+
+// What is refused of quantities of every form, two at a time, in whichever operation.
+std::set<Named_way_out> Refused_ways_out() {
+    Operands operands;
+    for (char const* const text : {"5 V",  "5 A",      "5 W",         "5 ohm",  "5 V^2", "5 m",   "5 rad",   "5 sym", "5 month", "5 s",    "5",
+                                   "3 %",  "20 °C",    "68 °F",       "300 K",  "5 ΔK",  "5 Δ°C", "5 Δm°C",  "5 mK",  "10 dBm",  "10 dBV", "20 dBK",
+                                   "3 dB", "90 dB-Hz", "-174 dBm/Hz", "5 dB/K", "5 Hz",  "-5 W",  "2 rad/s", "5 W/K", "3 dBsm"}) {
+        operands.push_back(Parse_measurement(text));
+    }
+    std::set<Named_way_out> seen;
+    for (Measurement const& x : operands) {
+        for (char const* const function :
+             {"Abs", "Field_ratio", "From", "Gain_of_powers", "Negative", "Point", "Reflection_of_return_loss", "Sqrt", "Vswr"}) {
+            seen.insert(Refused([&] { return Called(function, {x}); }));
+        }
+        for (Measurement const& y : operands) {
+            seen.insert(Refused([&] { return x + y; }));
+            seen.insert(Refused([&] { return x - y; }));
+            seen.insert(Refused([&] { return x * y; }));
+            seen.insert(Refused([&] { return x / y; }));
+            seen.insert(Refused([&] { return x.Convert_to(y.Get_unit()); }));
+            seen.insert(Refused([&] { return Measurement_converter(x.Get_unit(), y.Get_unit()); }));
+            for (char const* const function : {"Amplify", "Cascade_noise", "Compare", "Density", "Hull", "Intersection", "Mismatch_gain",
+                                               "Power_difference", "Power_sum", "Thermal_noise", "Total_power"}) {
+                seen.insert(Refused([&] { return Called(function, {x, y}); }));
+            }
+        }
+    }
+    return seen;
+}
+
+TEST(Refusals, Name_ways_out_that_lead_there) {
+    std::set<Named_way_out> const followed = Followed_ways_out();
+    std::set<Way_out> ways_out;
+    for (Named_way_out const& way_out : followed) {
+        ways_out.insert(way_out.second);
+    }
+    for (int k = 1; Way_out_words(static_cast<Way_out>(k))[0] != '\0'; ++k) {
+        EXPECT_EQ(ways_out.count(static_cast<Way_out>(k)), 1U) << Way_out_words(static_cast<Way_out>(k));
+    }
+    std::set<Named_way_out> const refused = Refused_ways_out();
+    EXPECT_GT(refused.size(), 25U);
+    for (Named_way_out const& way_out : refused) {
+        EXPECT_TRUE(way_out.second == Way_out::none || followed.count(way_out) == 1) << way_out.first << ": " << Way_out_words(way_out.second);
+    }
 }
 
 } // namespace

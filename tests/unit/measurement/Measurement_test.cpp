@@ -112,7 +112,8 @@ TEST(Measurement, Says_what_is_in_the_way_and_the_way_out) {
     Measurement const level(10.0, C_DBmW);
     EXPECT_EQ(Refusal_of([&] { level + level; }), "cannot add 10 dBm (power) and 10 dBm (power): levels do not add; Power_sum adds the powers");
     EXPECT_EQ(Refusal_of([&] { level.Convert_to(C_Volts); }),
-              "cannot convert 10 dBm (power) to V (voltage): that takes a resistance; convert with one");
+              "cannot convert 10 dBm (power) to V (voltage): no factor leads from the one to the other; "
+              "convert with a resistance (Convert_to(unit, with))");
     EXPECT_EQ(Refusal_of([] { Power_sum(nullptr, 0); }), "cannot add the powers of no levels: there is nothing to add");
     EXPECT_EQ(Refusal_of([] { Cascade_noise(nullptr, 0); }), "cannot take the noise of such a chain: there is nothing to add");
     EXPECT_EQ(Refusal_of([&] {
