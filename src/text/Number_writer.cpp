@@ -78,6 +78,21 @@ Decimal Short_decimal(Exact_numbers const& numbers, Which which, Writing const& 
     return Shortest(x);
 }
 
+bool Is_between(Decimal const& decimal, Exact_numbers const& numbers) {
+    Decimal const least = Rounded(Scaled(numbers, Which::lower), decimal.place, Rounding::up);
+    Decimal const greatest = Rounded(Scaled(numbers, Which::upper), decimal.place, Rounding::down);
+    auto const is_negative = [](Decimal const& difference) {
+        return difference.is_negative && !difference.digits.empty();
+    };
+    return !is_negative(Difference(decimal, least)) && !is_negative(Difference(greatest, decimal));
+}
+
+// Of which one has to lie between them to be as wide as they are.
+bool Are_neighbours(Exact_numbers const& numbers) {
+    return !numbers.are_decimal && std::isfinite(numbers.lower) && std::isfinite(numbers.upper) &&
+           numbers.upper == std::nextafter(numbers.lower, infinity);
+}
+
 // ---- Where numbers end
 
 constexpr int count_limit = 100;
@@ -117,12 +132,17 @@ int Exact_leading_place(Scaled_number const& x) {
 }
 
 // What is larger, the value or half the distance, decides whether there is an exponent.
-std::optional<Ending> Ending_by_bounds(Exact_numbers const& numbers, Text_format const& format) {
+// Nothing where the shortest digits alone are as wide.
+std::optional<Ending> Ending_by_bounds(Exact_numbers const& numbers, Writing const& writing) {
     Scaled_number const half = Half_distance(numbers);
-    if (!std::isfinite(half.number) || half.number <= 0.0 || !std::isfinite(numbers.value)) {
+    if (!std::isfinite(half.number) || half.number <= 0.0 || !std::isfinite(numbers.value) ||
+        (writing.bounds == Bound_rounding::outward &&
+         Are_neighbours(numbers) &&
+         Is_between(Short_decimal(numbers, Which::value, writing), numbers))) {
         return std::nullopt;
     }
-    int const count = format.count > 0 ? Digit_count(format) : usual_count_by_bounds;
+    int const count =
+        writing.format.count > 0 ? Digit_count(writing.format) : usual_count_by_bounds;
     int const place = Rounded_to_digits(half, count, Rounding::nearest).place;
     int leading = Exact_leading_place(half);
     if (numbers.value != 0.0) {
@@ -132,7 +152,8 @@ std::optional<Ending> Ending_by_bounds(Exact_numbers const& numbers, Text_format
 }
 
 // Where the value ends; nothing for the shortest digits.
-std::optional<Ending> Ending_of(Exact_numbers const& numbers, Text_format const& format) {
+std::optional<Ending> Ending_of(Exact_numbers const& numbers, Writing const& writing) {
+    Text_format const& format = writing.format;
     switch (format.digits) {
     case Digits::significant:
         if (std::isfinite(numbers.value)) {
@@ -144,7 +165,7 @@ std::optional<Ending> Ending_of(Exact_numbers const& numbers, Text_format const&
     case Digits::decimals:
         return Ending{-Digit_count(format), Notation::fixed};
     case Digits::by_bounds:
-        return Ending_by_bounds(numbers, format);
+        return Ending_by_bounds(numbers, writing);
     case Digits::shortest:
         break;
     }
@@ -227,15 +248,6 @@ void Append_number(std::string& text, Exact_numbers const& numbers, Which which,
 
 // ---- Whether there are bounds to show
 
-bool Is_between(Decimal const& decimal, Exact_numbers const& numbers) {
-    Decimal const least = Rounded(Scaled(numbers, Which::lower), decimal.place, Rounding::up);
-    Decimal const greatest = Rounded(Scaled(numbers, Which::upper), decimal.place, Rounding::down);
-    auto const is_negative = [](Decimal const& difference) {
-        return difference.is_negative && !difference.digits.empty();
-    };
-    return !is_negative(Difference(decimal, least)) && !is_negative(Difference(greatest, decimal));
-}
-
 // The value as it is written.
 Decimal Value_decimal(Exact_numbers const& numbers, std::optional<Ending> const& ending,
                       Writing const& writing) {
@@ -245,14 +257,14 @@ Decimal Value_decimal(Exact_numbers const& numbers, std::optional<Ending> const&
 
 bool Has_bounds(Exact_numbers const& numbers, std::optional<Ending> const& ending,
                 Writing const& writing) {
-    auto const [value, lower, upper, power, are_decimal] = numbers;
+    double const value = numbers.value;
     if (writing.bounds == Bound_rounding::nearest) {
-        bool const nothing = std::isnan(value) && std::isnan(lower) && std::isnan(upper);
-        return !nothing && !(Same_bits(value, lower) && Same_bits(value, upper));
+        bool const nothing =
+            std::isnan(value) && std::isnan(numbers.lower) && std::isnan(numbers.upper);
+        return !nothing && !(Same_bits(value, numbers.lower) && Same_bits(value, numbers.upper));
     }
-    bool const are_neighbours = !are_decimal && upper == std::nextafter(lower, infinity);
-    return lower != upper &&
-           !(are_neighbours && std::isfinite(lower) && std::isfinite(upper) &&
+    return numbers.lower != numbers.upper &&
+           !(Are_neighbours(numbers) &&
              Is_between(Value_decimal(numbers, ending, writing), numbers));
 }
 
@@ -369,7 +381,7 @@ void Append_value(std::string& text, Exact_numbers const& numbers,
 
 std::string Write_numbers(Exact_numbers const& numbers, std::string_view unit_text,
                           Writing const& writing) {
-    std::optional<Ending> const ending = Ending_of(numbers, writing.format);
+    std::optional<Ending> const ending = Ending_of(numbers, writing);
     std::string text;
     auto const append_unit = [&] {
         text += unit_text.empty() ? "" : " ";
@@ -433,7 +445,7 @@ bool All_finite(Exact_numbers const& numbers) {
 // What the prefix is chosen by, as it is written: the value, or where the bounds set the digits and
 // are wider, half of their distance.
 Decimal Leading_decimal(Exact_numbers const& numbers, Writing const& writing) {
-    std::optional<Ending> const ending = Ending_of(numbers, writing.format);
+    std::optional<Ending> const ending = Ending_of(numbers, writing);
     if (ending && writing.format.digits == Digits::by_bounds) {
         Scaled_number const half = Half_distance(numbers);
         Scaled_number const value = Scaled(numbers, Which::value);
