@@ -164,7 +164,8 @@ Fraction Room(double bound, Fraction const& unit, Text_format const& format) {
     return format.digits == Digits::shortest || is_larger ? step : unit;
 }
 
-void Expect_bound(double bound, std::string const& text, int sign, Text_format const& format, Fraction const& scale, std::optional<Fraction> const& unit) {
+void Expect_bound(double bound, std::string const& text, int sign, Text_format const& format, Fraction const& scale,
+                  std::optional<Fraction> const& unit) {
     if (std::isinf(bound)) {
         EXPECT_EQ(text, bound < 0.0 ? "-inf" : "inf");
         return;
@@ -231,7 +232,8 @@ double Any_number(std::mt19937_64& random) {
 
 // Numbers that are typed, any doubles, and the ends of their range.
 double Hard_number(std::mt19937_64& random) {
-    double const ends[] = {0.0, 5e-324, -5e-324, 2.2250738585072014e-308, 1.7976931348623157e308, -1.7976931348623157e308, 999.999, 0.9995, 9.5, 1.0, 1e22, 1e23};
+    double const ends[] = {0.0, 5e-324, -5e-324, 2.2250738585072014e-308, 1.7976931348623157e308, -1.7976931348623157e308, 999.999, 0.9995, 9.5,
+                           1.0, 1e22,   1e23};
     switch (random() % 4) {
     case 0:
         return Any_number(random);
@@ -301,7 +303,9 @@ TEST(Written_numbers, Are_written_as_they_were_typed) {
         {".1f", {-226, -231, -220, -2, true}, "-2.3 V [-2.4, -2.2]"},
         {".3pk", {1234567, 1224567, 1244567, 0, true}, "1.23 MV [1.22, 1.25]"},
         {"k", {999999, 999999, 999999, -6, true}, "999.999 mV"},
-        {"", {9007199254740992, 9007199254740991, 9007199254740992, -22, true}, "9.007199254740992e-07 V [9.007199254740991e-07, 9.007199254740992e-07]"},
+        {"",
+         {9007199254740992, 9007199254740991, 9007199254740992, -22, true},
+         "9.007199254740992e-07 V [9.007199254740991e-07, 9.007199254740992e-07]"},
         {"~", {0, -1, 1, 22, true}, "0 V"},
     };
     for (Row const& row : rows) {
