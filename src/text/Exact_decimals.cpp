@@ -138,8 +138,8 @@ std::optional<Whole_cut> Cut_product(double magnitude, int decimals) {
     }
     double const step = std::floor(second);
     whole += static_cast<std::uint64_t>(static_cast<std::int64_t>(step));
-    return Whole_cut{
-        whole, Compared_with_half(second == step, second < step + 0.5, second == step + 0.5)};
+    return Whole_cut{whole,
+                     Compared_with_half(second == step, second < step + 0.5, second == step + 0.5)};
 }
 
 std::optional<Whole_cut> Cut_quotient(double magnitude, int zeros) {
@@ -195,14 +195,6 @@ bool Rounds_away(bool is_negative, bool is_odd, Rest rest, Rounding rounding) {
 
 // ---- The fewest digits
 
-// The greatest power of ten that is not above the magnitude, or the next lesser one.
-int Estimated_place(double magnitude) {
-    constexpr double log_of_two = 0.30102999566398120;
-    int exponent = 0;
-    std::frexp(magnitude, &exponent);
-    return static_cast<int>(std::floor((exponent - 1) * log_of_two));
-}
-
 // Of at most 18 digits.
 std::uint64_t Whole_at(Scaled_number const& x, int place, Rounding rounding) {
     if (auto const cut = Cut_quickly(x.number, x.power - place)) {
@@ -225,13 +217,22 @@ struct Few_digits {
 
 // Of positive numbers between which a decimal of 17 digits lies.
 Few_digits Fewest_digits(double least, double greatest, int power) {
-    int place = Estimated_place(greatest) - 16 + power;
+    int place = Estimated_place({greatest, power}) - 16;
     std::uint64_t low = Whole_at({least, power}, place, Rounding::up);
     std::uint64_t high = Whole_at({greatest, power}, place, Rounding::down);
-    while ((low + 9) / 10 <= high / 10) {
-        low = (low + 9) / 10;
-        high /= 10;
-        ++place;
+    auto const leave_out = [&](std::uint64_t divisor, int digits) {
+        std::uint64_t const next = (low + (divisor - 1)) / divisor;
+        bool const possible = next <= high / divisor;
+        if (possible) {
+            low = next;
+            high /= divisor;
+            place += digits;
+        }
+        return possible;
+    };
+    while (leave_out(10000, 4)) {
+    }
+    while (leave_out(10, 1)) {
     }
     return {low, high, place};
 }
@@ -242,6 +243,18 @@ Decimal Negated(Decimal decimal) {
 }
 
 } // namespace
+
+int Estimated_place(Scaled_number const& x) {
+    constexpr double log_of_two = 0.30102999566398120;
+    double const magnitude = std::fabs(x.number);
+    int exponent = 0;
+    std::frexp(magnitude, &exponent);
+    int const place = static_cast<int>(std::floor((exponent - 1) * log_of_two));
+    // The rest is spared where it costs no more than a comparison.
+    bool const is_next = place + 1 >= 0 && place + 1 <= greatest_exact_power &&
+                         magnitude >= exact_powers_of_ten[place + 1];
+    return place + (is_next ? 1 : 0) + x.power;
+}
 
 Decimal Exactly(Scaled_number const& x) {
     Decimal exact;
@@ -280,7 +293,7 @@ Decimal Rounded_to_digits(Scaled_number const& x, int digits, Rounding rounding)
     if (x.number == 0.0) {
         return {std::signbit(x.number), "", 1 - digits};
     }
-    int place = Estimated_place(std::fabs(x.number)) + x.power + 1 - digits;
+    int place = Estimated_place(x) + 1 - digits;
     Decimal decimal = Rounded(x, place, rounding);
     while (decimal.digits.size() > static_cast<std::size_t>(digits)) {
         decimal = Rounded(x, ++place, rounding);

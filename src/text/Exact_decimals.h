@@ -46,6 +46,9 @@ Decimal Shortest_within(double least, double greatest, Scaled_number const& x);
 // first - second.
 Decimal Difference(Decimal const& first, Decimal const& second);
 
+// The place of the first digit of a number other than zero, or the one below it.
+int Estimated_place(Scaled_number const& x);
+
 // Whether two are the same number; zero has no sign here.
 bool Are_equal(Decimal const& first, Decimal const& second);
 

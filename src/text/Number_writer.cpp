@@ -30,7 +30,7 @@ bool Same_bits(double left, double right) {
 enum class Which { value, lower, upper };
 
 double Number(Exact_numbers const& numbers, Which which) {
-    return which == Which::value ? numbers.value
+    return which == Which::value   ? numbers.value
            : which == Which::lower ? numbers.lower
                                    : numbers.upper;
 }
@@ -48,8 +48,8 @@ Rounding Rounding_of(Which which, Writing const& writing) {
 
 // Measurements have no zero with a sign.
 Decimal With_sign_of_zero(Decimal decimal, Writing const& writing) {
-    decimal.is_negative = decimal.is_negative && (!decimal.digits.empty() ||
-                                                  writing.bounds == Bound_rounding::nearest);
+    decimal.is_negative = decimal.is_negative &&
+                          (!decimal.digits.empty() || writing.bounds == Bound_rounding::nearest);
     return decimal;
 }
 
@@ -76,6 +76,21 @@ Decimal Short_decimal(Exact_numbers const& numbers, Which which, Writing const& 
         return Shortest_above(x);
     }
     return Shortest(x);
+}
+
+bool Is_between(Decimal const& decimal, Exact_numbers const& numbers) {
+    Decimal const least = Rounded(Scaled(numbers, Which::lower), decimal.place, Rounding::up);
+    Decimal const greatest = Rounded(Scaled(numbers, Which::upper), decimal.place, Rounding::down);
+    auto const is_negative = [](Decimal const& difference) {
+        return difference.is_negative && !difference.digits.empty();
+    };
+    return !is_negative(Difference(decimal, least)) && !is_negative(Difference(greatest, decimal));
+}
+
+// Of which one has to lie between them to be as wide as they are.
+bool Are_neighbours(Exact_numbers const& numbers) {
+    return !numbers.are_decimal && std::isfinite(numbers.lower) && std::isfinite(numbers.upper) &&
+           numbers.upper == std::nextafter(numbers.lower, infinity);
 }
 
 // ---- Where numbers end
@@ -116,23 +131,37 @@ int Exact_leading_place(Scaled_number const& x) {
     return Rounded_to_digits({std::fabs(x.number), x.power}, 1, Rounding::down).place;
 }
 
+Notation Notation_by_bounds(Scaled_number const& half, Scaled_number const& value) {
+    int const estimated = Estimated_place(half);
+    int const larger =
+        value.number == 0.0 ? estimated : std::max(estimated, Estimated_place(value));
+    Notation const notation = Readable_notation(larger);
+    if (notation == Readable_notation(larger + 1)) {
+        return notation;
+    }
+    return Readable_notation(value.number == 0.0
+                                 ? Exact_leading_place(half)
+                                 : std::max(Exact_leading_place(half), Exact_leading_place(value)));
+}
+
 // What is larger, the value or half the distance, decides whether there is an exponent.
-std::optional<Ending> Ending_by_bounds(Exact_numbers const& numbers, Text_format const& format) {
+// Nothing where the shortest digits alone are as wide.
+std::optional<Ending> Ending_by_bounds(Exact_numbers const& numbers, Writing const& writing) {
     Scaled_number const half = Half_distance(numbers);
-    if (!std::isfinite(half.number) || half.number <= 0.0 || !std::isfinite(numbers.value)) {
+    if (!std::isfinite(half.number) || half.number <= 0.0 || !std::isfinite(numbers.value) ||
+        (writing.bounds == Bound_rounding::outward && Are_neighbours(numbers) &&
+         Is_between(Short_decimal(numbers, Which::value, writing), numbers))) {
         return std::nullopt;
     }
-    int const count = format.count > 0 ? Digit_count(format) : usual_count_by_bounds;
+    int const count =
+        writing.format.count > 0 ? Digit_count(writing.format) : usual_count_by_bounds;
     int const place = Rounded_to_digits(half, count, Rounding::nearest).place;
-    int leading = Exact_leading_place(half);
-    if (numbers.value != 0.0) {
-        leading = std::max(leading, Exact_leading_place(Scaled(numbers, Which::value)));
-    }
-    return Ending{place, Readable_notation(leading)};
+    return Ending{place, Notation_by_bounds(half, Scaled(numbers, Which::value))};
 }
 
 // Where the value ends; nothing for the shortest digits.
-std::optional<Ending> Ending_of(Exact_numbers const& numbers, Text_format const& format) {
+std::optional<Ending> Ending_of(Exact_numbers const& numbers, Writing const& writing) {
+    Text_format const& format = writing.format;
     switch (format.digits) {
     case Digits::significant:
         if (std::isfinite(numbers.value)) {
@@ -144,7 +173,7 @@ std::optional<Ending> Ending_of(Exact_numbers const& numbers, Text_format const&
     case Digits::decimals:
         return Ending{-Digit_count(format), Notation::fixed};
     case Digits::by_bounds:
-        return Ending_by_bounds(numbers, format);
+        return Ending_by_bounds(numbers, writing);
     case Digits::shortest:
         break;
     }
@@ -178,8 +207,7 @@ void Append_shortest(std::string& text, double number) {
                 std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr);
 }
 
-void Append_rounded(std::string& text, Decimal decimal, Notation notation,
-                    Writing const& writing) {
+void Append_rounded(std::string& text, Decimal decimal, Notation notation, Writing const& writing) {
     if (!writing.trailing_zeros) {
         constexpr int anywhere = std::numeric_limits<int>::max();
         Remove_trailing_zeros(decimal, notation == Notation::fixed ? 0 : anywhere);
@@ -190,14 +218,17 @@ void Append_rounded(std::string& text, Decimal decimal, Notation notation,
 
 void Append_short(std::string& text, Exact_numbers const& numbers, Which which,
                   Writing const& writing) {
+    // Whole numbers beyond this are written by std::to_chars with digits that are not the shortest.
+    constexpr double whole_limit = 0x1p53;
     bool const is_plain = numbers.power_of_ten == 0 && !numbers.are_decimal &&
-                          Rounding_of(which, writing) == Rounding::nearest;
-    if (is_plain && !writing.within_bounds) {
+                          !writing.within_bounds &&
+                          (writing.bounds == Bound_rounding::nearest ||
+                           (which == Which::value && std::fabs(numbers.value) < whole_limit));
+    if (is_plain) {
         Append_shortest(text, Number(numbers, which));
         return;
     }
-    Decimal const decimal =
-        With_sign_of_zero(Short_decimal(numbers, which, writing), writing);
+    Decimal const decimal = With_sign_of_zero(Short_decimal(numbers, which, writing), writing);
     Append(text, decimal,
            writing.within_bounds ? Readable_notation(Leading_place(decimal))
                                  : Shorter_notation(decimal));
@@ -227,15 +258,6 @@ void Append_number(std::string& text, Exact_numbers const& numbers, Which which,
 
 // ---- Whether there are bounds to show
 
-bool Is_between(Decimal const& decimal, Exact_numbers const& numbers) {
-    Decimal const least = Rounded(Scaled(numbers, Which::lower), decimal.place, Rounding::up);
-    Decimal const greatest = Rounded(Scaled(numbers, Which::upper), decimal.place, Rounding::down);
-    auto const is_negative = [](Decimal const& difference) {
-        return difference.is_negative && !difference.digits.empty();
-    };
-    return !is_negative(Difference(decimal, least)) && !is_negative(Difference(greatest, decimal));
-}
-
 // The value as it is written.
 Decimal Value_decimal(Exact_numbers const& numbers, std::optional<Ending> const& ending,
                       Writing const& writing) {
@@ -245,14 +267,14 @@ Decimal Value_decimal(Exact_numbers const& numbers, std::optional<Ending> const&
 
 bool Has_bounds(Exact_numbers const& numbers, std::optional<Ending> const& ending,
                 Writing const& writing) {
-    auto const [value, lower, upper, power, are_decimal] = numbers;
+    double const value = numbers.value;
     if (writing.bounds == Bound_rounding::nearest) {
-        bool const nothing = std::isnan(value) && std::isnan(lower) && std::isnan(upper);
-        return !nothing && !(Same_bits(value, lower) && Same_bits(value, upper));
+        bool const nothing =
+            std::isnan(value) && std::isnan(numbers.lower) && std::isnan(numbers.upper);
+        return !nothing && !(Same_bits(value, numbers.lower) && Same_bits(value, numbers.upper));
     }
-    bool const are_neighbours = !are_decimal && upper == std::nextafter(lower, infinity);
-    return lower != upper &&
-           !(are_neighbours && std::isfinite(lower) && std::isfinite(upper) &&
+    return numbers.lower != numbers.upper &&
+           !(Are_neighbours(numbers) &&
              Is_between(Value_decimal(numbers, ending, writing), numbers));
 }
 
@@ -369,14 +391,14 @@ void Append_value(std::string& text, Exact_numbers const& numbers,
 
 std::string Write_numbers(Exact_numbers const& numbers, std::string_view unit_text,
                           Writing const& writing) {
-    std::optional<Ending> const ending = Ending_of(numbers, writing.format);
+    std::optional<Ending> const ending = Ending_of(numbers, writing);
     std::string text;
     auto const append_unit = [&] {
         text += unit_text.empty() ? "" : " ";
         text += unit_text;
     };
-    bool const has_bounds = writing.format.bounds != Bounds_style::hidden &&
-                            Has_bounds(numbers, ending, writing);
+    bool const has_bounds =
+        writing.format.bounds != Bounds_style::hidden && Has_bounds(numbers, ending, writing);
     if (has_bounds && writing.format.bounds == Bounds_style::symmetric) {
         if (auto const distance = Distance(numbers, ending, writing)) {
             Append_value(text, numbers, ending, writing);
@@ -433,7 +455,7 @@ bool All_finite(Exact_numbers const& numbers) {
 // What the prefix is chosen by, as it is written: the value, or where the bounds set the digits and
 // are wider, half of their distance.
 Decimal Leading_decimal(Exact_numbers const& numbers, Writing const& writing) {
-    std::optional<Ending> const ending = Ending_of(numbers, writing.format);
+    std::optional<Ending> const ending = Ending_of(numbers, writing);
     if (ending && writing.format.digits == Digits::by_bounds) {
         Scaled_number const half = Half_distance(numbers);
         Scaled_number const value = Scaled(numbers, Which::value);
@@ -492,8 +514,7 @@ double Enclosing_below(Scaled_number const& x) {
             return bound > 0.0;
         }
         Decimal const shown = Shortest({bound, 0});
-        Decimal const difference =
-            Difference(Rounded(x, shown.place, Rounding::down), shown);
+        Decimal const difference = Difference(Rounded(x, shown.place, Rounding::down), shown);
         return difference.is_negative && !difference.digits.empty();
     };
     while (is_above()) {

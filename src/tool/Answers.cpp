@@ -30,6 +30,13 @@ std::string Standard_text(std::string_view text, Quantity_parts const& parts, Di
 
 constexpr Number_forms measured_forms = {false, true};
 
+// "5 V" and "5 ± 0 V" are the number alone.
+bool Has_typed_bounds(Quantity_parts const& parts) {
+    bool const deviates = parts.lower.nearest != 0.0 || parts.upper.nearest != 0.0;
+    return parts.form == Quantity_form::bounds ||
+           (parts.form != Quantity_form::value_alone && deviates);
+}
+
 Answer Read_measured(std::string_view text, Dialect dialect) {
     auto const parts = Try_split_quantity(text, measured_forms);
     if (!parts) {
@@ -40,7 +47,7 @@ Answer Read_measured(std::string_view text, Dialect dialect) {
     if (!measured) {
         throw Refusal(measured.Get_fault(), standard);
     }
-    return {*measured, parts->form != Quantity_form::value_alone};
+    return {*measured, Has_typed_bounds(*parts)};
 }
 
 } // namespace
@@ -78,13 +85,36 @@ Writing Writing_of(bool has_bounds, Options const& options) {
     return writing;
 }
 
+// The lines of a conversion have one unit, of which the text is composed once.
+std::string const& Unit_text_of(Measurement const& x, Unit_string_type spelling) {
+    struct Last {
+        Units unit;
+        bool is_difference = false;
+        Unit_string_type spelling = STR_SYMBOL;
+        std::string text;
+    };
+    static Last last;
+    if (!(last.unit == x.Get_unit()) || last.is_difference != x.Is_difference() ||
+        last.spelling != spelling) {
+        last = {x.Get_unit(), x.Is_difference(), spelling, Format_unit(x, spelling)};
+    }
+    return last.text;
+}
+
+std::string Measured_text(Measurement const& x, Writing const& writing) {
+    return writing.format.engineering_prefix
+               ? Write(x, writing)
+               : Write_numbers(Exact_numbers_of(x), Unit_text_of(x, writing.format.unit), writing);
+}
+
 } // namespace
 
 std::string Text_of(Answer const& answer, Options const& options) {
     if (auto const* quantity = std::get_if<Quantity>(&answer.result)) {
         return Format(*quantity, options.format);
     }
-    return Write(std::get<Measurement>(answer.result), Writing_of(answer.has_bounds, options));
+    return Measured_text(std::get<Measurement>(answer.result),
+                         Writing_of(answer.has_bounds, options));
 }
 
 std::string Unit_text(Answer const& answer, Unit_string_type spelling) {

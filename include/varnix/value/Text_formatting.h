@@ -52,8 +52,9 @@ enum class Digits {
 /// How a quantity is written. The default reads back to the same bits.
 struct Text_format {
     Digits digits = Digits::shortest; ///< which digits
-    int count = 0;                    ///< how many, for `significant` (1 to 100) and `decimals`
-                                      ///< (0 to 100); a count beyond is taken as the nearest
+    int count = 0; ///< how many, for `significant` (1 to 100) and `decimals` (0 to 100), and for
+                   ///< `by_bounds` of half the distance (0 is two); a count beyond is taken as the
+                   ///< nearest
     Bounds_style bounds = Bounds_style::interval; ///< how the bounds are shown
     Unit_string_type unit = STR_SYMBOL;           ///< which spelling of the unit
     bool engineering_prefix =
@@ -82,8 +83,9 @@ constexpr bool Try_read_text_format(std::string_view text, Text_format& format) 
 /// - `engineering_prefix` chooses among the prefixes of powers of 1000 for metres, seconds, grams,
 ///   watts, volts, amperes, ohms, bits and bytes alone and in the first power, and for hertz;
 ///   linear, and with no prefix yet or a decimal one. Any other unit stays, and so do zero and
-///   what is not finite. The decimal point is moved, so that 2.4e9 Hz is 2.4 GHz; read back, the
-///   number may differ from the original in its last bit.
+///   what is not finite. It goes by the number as it is written: 999.999 V with three digits is
+///   1.00 kV. The decimal point is moved, so that 2.4e9 Hz is 2.4 GHz; read back, the number may
+///   differ from the original in its last bit.
 /// @throws nothing of its own (std::bad_alloc apart), whatever the quantity holds.
 VARNIX_VALUE_TEXT_EXPORT std::string Format(Value_object<double> const& quantity,
                                             Text_format const& format = {});

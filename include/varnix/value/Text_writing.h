@@ -35,12 +35,12 @@ namespace Varnix::Value {
 /// A value and its bounds, each exactly the double times 10^power_of_ten. The lower bound is not
 /// above the upper one.
 struct Exact_numbers {
-    double value = 0.0;             ///< in any unit
-    double lower = 0.0;             ///< in the same unit
-    double upper = 0.0;             ///< in the same unit
-    std::int32_t power_of_ten = 0;  ///< one for all three
-    bool are_decimal = false;       ///< whether the three are decimals, which are written with all
-                                    ///< their digits where others have the shortest
+    double value = 0.0;            ///< in any unit
+    double lower = 0.0;            ///< in the same unit
+    double upper = 0.0;            ///< in the same unit
+    std::int32_t power_of_ten = 0; ///< one for all three
+    bool are_decimal = false;      ///< whether the three are decimals, which are written with all
+                                   ///< their digits where others have the shortest
 };
 
 /// How bounds are rounded to the digits that are shown. Values are rounded to nearest, ties to the
@@ -74,9 +74,8 @@ VARNIX_VALUE_TEXT_EXPORT Units Choose_prefix(Exact_numbers& numbers, Units const
 
 /// The numbers with the text of their unit, which may be empty: "5 V [4.9, 5.1]", "5.0 ± 0.1 V".
 /// @throws nothing of its own (std::bad_alloc apart), whatever the numbers are.
-VARNIX_VALUE_TEXT_EXPORT std::string Write_numbers(Exact_numbers const& numbers,
-                                                   std::string_view unit_text,
-                                                   Writing const& writing);
+VARNIX_VALUE_TEXT_EXPORT std::string
+Write_numbers(Exact_numbers const& numbers, std::string_view unit_text, Writing const& writing);
 
 /// The same numbers as doubles, for formats that write the shortest digits of these (JSON): the
 /// value to nearest, and such bounds that their shortest digits enclose, at most one step of a
