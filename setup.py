@@ -1,5 +1,6 @@
 """Builds the compiled module by CMake, the libraries linked into it."""
 
+import os
 import pathlib
 import re
 import subprocess
@@ -27,7 +28,7 @@ class Built_by_cmake(build_ext):
         }
         settings = [f'-D{name}={value}' for name, value in options.items()]
         subprocess.run(['cmake', '-S', ROOT, '-B', build, *settings], check=True)
-        subprocess.run(['cmake', '--build', build, '--parallel', '2', '--target', 'varnix_value_native'], check=True)
+        subprocess.run(['cmake', '--build', build, '--parallel', str(os.cpu_count() or 2), '--target', 'varnix_value_native'], check=True)
         built = next((build / 'python' / 'varnix_value').glob('_native*.so'))
         target.parent.mkdir(parents=True, exist_ok=True)
         subprocess.run(['strip', '-o', target, built], check=True)

@@ -54,7 +54,7 @@ void Register_length(char const* who, std::size_t count, Convert const& convert)
 } // namespace
 
 void Register_growth() {
-    for (std::size_t count = 1; count <= Tuple_count; ++count) {
+    for (std::size_t count = 1; count <= Value_detail::Tuple_count; ++count) {
         Register_factors<Value_object<double>>("ours", count);
         Register_factors<Measurement>("measurement", count);
     }

@@ -56,8 +56,8 @@ std::vector<Units_spl_conv_data<double>> const Units_spl_conv<double>::Unit_spl_
 namespace {
 
 // What a rule's function does to a number.
-detail::Conversion_steps::Formula Formula_of(Row const& rule) {
-    using Formula = detail::Conversion_steps::Formula;
+Value_detail::Conversion_steps::Formula Formula_of(Row const& rule) {
+    using Formula = Value_detail::Conversion_steps::Formula;
     struct Function_with_formula {
         decltype(rule.conv_fn) function;
         Formula formula;

@@ -59,8 +59,8 @@ Dimension Units_library::Get_dimension(Units_list const& unit) {
 namespace {
 
 void Reject_shared_dimensions(Units const& unit) {
-    for (std::size_t i = 0; i + 1 < Tuple_count; ++i) {
-        for (std::size_t j = i + 1; j < Tuple_count; ++j) {
+    for (std::size_t i = 0; i + 1 < Value_detail::Tuple_count; ++i) {
+        for (std::size_t j = i + 1; j < Value_detail::Tuple_count; ++j) {
             Units_list const later = unit.tuples[j].unit;
             if (later != NO_UNIT && Dimension_of(later) == Dimension_of(unit.tuples[i].unit)) {
                 Throw<UnitDimensionNotProper>();
@@ -77,7 +77,7 @@ Units Units_library::Arrange_tuple(Units const& unit) {
     }
     Reject_shared_dimensions(unit);
 
-    std::array<Unit_tuple const*, Dimension_limit> by_dimension{};
+    std::array<Unit_tuple const*, Value_detail::Dimension_limit> by_dimension{};
     for (Unit_tuple const& tuple : unit.tuples) {
         Dimension const dimension = Get_dimension(tuple.unit);
         if (dimension != NO_DIMENSION) {
@@ -162,7 +162,8 @@ namespace {
 // The slots up to the last occupied one: the rest has no part in a product.
 class Occupied_slots {
   public:
-    explicit Occupied_slots(Units const& unit) : first(unit.tuples), last(first + Tuple_count) {
+    explicit Occupied_slots(Units const& unit)
+        : first(unit.tuples), last(first + Value_detail::Tuple_count) {
         while (last != first && last[-1].unit == NO_UNIT) {
             --last;
         }
@@ -187,7 +188,7 @@ class Descriptor_builder {
     explicit Descriptor_builder(SI_units prefix) { result.si_prefix = prefix; }
 
     void Append(Units_list unit, std::int32_t exponent) {
-        if (count == Tuple_count) {
+        if (count == Value_detail::Tuple_count) {
             Throw<OperationExceedingAllowedTuples>();
         }
         result.tuples[count++] = {unit, exponent};
@@ -265,7 +266,7 @@ double Units_library::Get_tuple_conversion_factor(Unit_tuple const& from, Unit_t
 
 double Units_library::Get_conversion_factor(Units const& target, Units const& source) {
     double factor = 1.0;
-    for (std::size_t k = 0; k < Tuple_count; ++k) {
+    for (std::size_t k = 0; k < Value_detail::Tuple_count; ++k) {
         Unit_tuple const& to = target.tuples[k];
         Unit_tuple const& from = source.tuples[k];
         if (to.unit == NO_UNIT || from.unit == NO_UNIT) {

@@ -21,8 +21,7 @@ for package in build/packages/*.deb; do
 done
 
 step 'making those of amd64 again, from a copy of the sources elsewhere'
-mkdir "$place/copy"
-tar -c --exclude=./build --exclude=./.git . | tar -x -C "$place/copy"
+tools/copy_sources.sh "$place/copy"
 SOURCE_DATE_EPOCH=$(git log -1 --format=%ct 2> /dev/null || stat -c %Y CHANGELOG.md)
 export SOURCE_DATE_EPOCH
 (

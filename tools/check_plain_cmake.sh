@@ -8,8 +8,8 @@ cd "$(dirname "$0")/.."
 
 place=$(mktemp -d)
 trap 'rm -rf "$place"' EXIT
-mkdir "$place/copy" "$place/home"
-tar -c --exclude=./build --exclude=./.git . | tar -x -C "$place/copy"
+mkdir "$place/home"
+tools/copy_sources.sh "$place/copy"
 
 # The block of commands behind the heading "Building".
 sed -n '/^## Building/,/^## /p' docs/building.md | sed -n '/^```$/,/^```$/p' | sed '/^```$/d' > "$place/lines"

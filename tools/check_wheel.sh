@@ -7,7 +7,7 @@ place=$(mktemp -d)
 trap 'rm -rf "$place"' EXIT
 python=/usr/bin/python3
 
-git ls-files -z --cached --others --exclude-standard | tar -c --null -T - | tar -x -C "$place" --one-top-level=sources
+tools/copy_sources.sh "$place/sources"
 (cd "$place/sources" && "$python" setup.py --quiet sdist --dist-dir "$place" > "$place/log" 2>&1) ||
     { cat "$place/log"; exit 1; }
 sdist=$(echo "$place"/varnix*.tar.gz)

@@ -19,7 +19,6 @@ import sys
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 WORK = ROOT / 'build' / 'mutate'
 EQUIVALENT = ROOT / 'tools' / 'equivalent_mutants.txt'
-COPIED = ['CMakeLists.txt', 'cmake', 'include', 'src', 'tests', 'docs', 'tools', 'examples', 'README.md', 'LICENSE']
 REQUIRED_SHARE = 0.95
 # The slow ones come last, and those that take minutes without a compiler's help are left out.
 TOOL_CASES = ['convert', 'strict', 'compute', 'lines', 'tables', 'units', 'usage']
@@ -139,9 +138,7 @@ class Workshop:
     def __init__(self, name, compiler, options):
         self.sources = WORK / name
         self.build = WORK / f'{name}-build'
-        for path in subprocess.run(['git', 'ls-files', '--', *COPIED], cwd=ROOT, check=True, capture_output=True, text=True).stdout.split():
-            (self.sources / path).parent.mkdir(parents=True, exist_ok=True)
-            shutil.copy(ROOT / path, self.sources / path)
+        subprocess.run([ROOT / 'tools/copy_sources.sh', self.sources], check=True)
         self.run(['cmake', '-G', 'Ninja', '-S', self.sources, '-B', self.build, '-DCMAKE_BUILD_TYPE=Debug',
                   f'-DCMAKE_CXX_COMPILER={compiler}', f'-DCMAKE_CXX_FLAGS=-g0 -w {options}',
                   '-DCMAKE_GTEST_DISCOVER_TESTS_DISCOVERY_MODE=PRE_TEST', '-DVALUE_OBJECT_EXAMPLES=OFF'], check=True)

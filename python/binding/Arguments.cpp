@@ -181,10 +181,10 @@ Measurement Operand_of(py::handle argument) {
 // ---- States of objects
 
 py::tuple State_of(Units const& unit) {
-    py::tuple state(2 + 2 * Tuple_count);
+    py::tuple state(2 + 2 * Value_detail::Tuple_count);
     state[0] = static_cast<int>(unit.spl_conv);
     state[1] = static_cast<int>(unit.si_prefix);
-    for (std::size_t k = 0; k < Tuple_count; ++k) {
+    for (std::size_t k = 0; k < Value_detail::Tuple_count; ++k) {
         state[2 + 2 * k] = static_cast<int>(unit.tuples[k].unit);
         state[3 + 2 * k] = unit.tuples[k].exponent;
     }
@@ -192,14 +192,14 @@ py::tuple State_of(Units const& unit) {
 }
 
 Units Unit_from_state(py::tuple const& state) {
-    if (state.size() != 2 + 2 * Tuple_count) {
+    if (state.size() != 2 + 2 * Value_detail::Tuple_count) {
         throw py::value_error("not the state of a unit");
     }
     Units unit = C_Empty;
     Restored("a unit", [&] {
         unit.spl_conv = state[0].cast<int>() != 0 ? SPL_DB : SPL_NONE;
         unit.si_prefix = static_cast<SI_units>(state[1].cast<int>());
-        for (std::size_t k = 0; k < Tuple_count; ++k) {
+        for (std::size_t k = 0; k < Value_detail::Tuple_count; ++k) {
             unit.tuples[k] = {static_cast<Units_list>(state[2 + 2 * k].cast<int>()),
                               state[3 + 2 * k].cast<int>()};
         }

@@ -24,8 +24,9 @@ Units Unit_at(vo_unit const* unit) {
         throw Invalid_argument{"the field decibels of a unit is neither 0 nor 1"};
     }
     Units read = {given.decibels == 1 ? SPL_DB : SPL_NONE, static_cast<SI_units>(given.prefix), {}};
-    static_assert(std::size(decltype(given.factors){}) == Tuple_count, "every factor is read");
-    for (std::size_t k = 0; k < Tuple_count; ++k) {
+    static_assert(std::size(decltype(given.factors){}) == Value_detail::Tuple_count,
+                  "every factor is read");
+    for (std::size_t k = 0; k < Value_detail::Tuple_count; ++k) {
         read.tuples[k] = {static_cast<Units_list>(given.factors[k].unit),
                           given.factors[k].exponent};
     }
@@ -51,7 +52,7 @@ Measurement Measurement_at(vo_measurement const* measurement) {
 
 vo_unit Struct_of(Units const& unit) noexcept {
     vo_unit made = {unit.spl_conv == SPL_DB ? 1 : 0, unit.si_prefix, {}};
-    for (std::size_t k = 0; k < Tuple_count; ++k) {
+    for (std::size_t k = 0; k < Value_detail::Tuple_count; ++k) {
         made.factors[k] = {unit.tuples[k].unit, unit.tuples[k].exponent};
     }
     return made;

@@ -68,7 +68,7 @@ bool Begins_with(Units const& unit, Unit_tuple const& tuple) {
 // Adds every rule for the two units of a slot: volts to watts are named by two rules, and both are
 // applied. In `working`, a slot that a rule converts gets the target's unit.
 void Apply_slot_rules(Conversion_steps& steps, Units const& from, Units const& to, Units& working) {
-    for (std::size_t slot = 0; slot < Tuple_count; ++slot) {
+    for (std::size_t slot = 0; slot < Value_detail::Tuple_count; ++slot) {
         Unit_tuple const& source = from.tuples[slot];
         Unit_tuple const& target = to.tuples[slot];
         if (source.unit == NO_UNIT || target.unit == NO_UNIT) {
@@ -131,17 +131,19 @@ void Apply_rules(Conversion_steps const& steps, Numbers& numbers) {
 } // namespace
 
 Numbers After_steps(Conversion_steps const& steps, Numbers numbers) {
-    numbers.Order();
+    numbers.Order(); // the source, constructed
     Apply_rules(steps, numbers);
-    numbers.Order();
+    numbers.Order(); // the copy that is made linear
     if (steps.from_decibels) {
         numbers = Made_linear(numbers, steps.source_product);
     }
+    numbers.Order(); // assigned
     numbers.Transform(
         [&steps](double number) { return number * steps.factor * steps.target_scale; });
     if (steps.to_decibels) {
-        numbers.Order();
+        numbers.Order(); // the copy that is turned into decibels
         numbers = Made_decibels(numbers, steps.target_product);
+        numbers.Order(); // assigned
     }
     return numbers;
 }

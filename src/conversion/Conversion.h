@@ -63,13 +63,13 @@ inline double After_steps(Conversion_steps const& steps, double number) {
     return steps.to_decibels ? Linear_to_decibels(number, steps.target_product) : number;
 }
 
-// Value and bounds through all steps, with the bounds ordered wherever a value object is made or
-// copied on the way.
+// Value and bounds through all steps, with the bounds ordered wherever a value object is made,
+// copied or assigned on the way.
 Numbers After_steps(Conversion_steps const& steps, Numbers numbers);
 
 // The same where factors are all there is.
 inline Numbers After_factors(Factors const& factors, Numbers numbers) {
-    numbers.Order_as_made_and_copied();
+    numbers.Order(); // as three times, which is how often the definition orders them
     numbers.Transform(
         [factors](double number) { return number * factors.factor * factors.target_scale; });
     return numbers;
@@ -79,7 +79,7 @@ inline Numbers After_factors(Factors const& factors, Numbers numbers) {
 inline Numbers After_formula(Formula formula, Factors const& factors, Numbers numbers) {
     numbers.Order();
     With_formula(formula, [&numbers](auto const& step) { numbers.Transform(step); });
-    numbers.Order(); // as three times, which is how often the definition orders them
+    numbers.Order_as_made_and_copied(); // as four times
     numbers.Transform(
         [factors](double number) { return number * factors.factor * factors.target_scale; });
     return numbers;

@@ -42,7 +42,7 @@ struct Units_spl_conv {
 // loads; a function that has no formula there ends the program at once.
 struct Rule_with_formula {
     Units_conversion<double> const* rule;
-    detail::Conversion_steps::Formula formula;
+    Value_detail::Conversion_steps::Formula formula;
 };
 
 [[gnu::visibility("hidden")]] extern std::vector<Rule_with_formula> const rules_with_formulas;

@@ -12,7 +12,7 @@
 
 namespace Varnix::Value {
 
-using detail::Conversion_steps;
+using Value_detail::Conversion_steps;
 using Formula = Conversion_steps::Formula;
 
 // Calls `use` with the formula, a function of a number, and returns what it returns.

@@ -61,8 +61,8 @@ struct Numbers {
         Transform([factor](double number) { return number * factor; });
     }
 
-    // Puts the larger bound into plus_err, as storing a value does. Where neither is larger, as
-    // where one is not a number, the two are exchanged.
+    // Puts the larger bound into plus_err, as storing, copying and assigning a value do. Where
+    // neither is larger, as where one is not a number, the two are exchanged.
     void Order() {
         if (!(plus_err > minus_err)) {
             std::swap(minus_err, plus_err);
@@ -172,18 +172,32 @@ inline bool Is_bare(Units const& unit) {
     return numbers;
 }
 
-// The numbers of a copy of the value, made linear if it is in decibels.
+// As Normalize_DB: the numbers of a copy of the value, made linear if it is in decibels.
 inline Numbers Linear(Numbers numbers, Units const& unit) {
     numbers.Order();
     return Is_decibel(unit) ? Made_linear(numbers, Exponent_product(unit)) : numbers;
 }
 
-// The numbers of a copy of the value, turned into decibels if its unit asks for them.
+// As Apply_DB: the numbers of a copy of the value, turned into decibels if its unit asks for them.
 inline Numbers In_decibels(Numbers numbers, Units const& unit) {
     numbers.Order();
     return Is_decibel(unit)
                ? Made_decibels(numbers, Exponent_product(unit) * Value_object<double>::DB_CONV_FACT)
                : numbers;
+}
+
+// The same two, assigned to a value, which orders the bounds: a negative product of exponents has
+// turned them round.
+inline Numbers Assigned_linear(Numbers const& numbers, Units const& unit) {
+    Numbers linear = Linear(numbers, unit);
+    linear.Order();
+    return linear;
+}
+
+inline Numbers Assigned_in_decibels(Numbers const& numbers, Units const& unit) {
+    Numbers decibels = In_decibels(numbers, unit);
+    decibels.Order();
+    return decibels;
 }
 
 } // namespace

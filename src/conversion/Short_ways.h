@@ -3,7 +3,7 @@
 // Each function here answers or declines, and what it answers is what the definition in
 // Conversion.cpp comes to, bit by bit. tests/unit/conversion/Value_converter_test.cpp compares
 // conversions with the definition, written a second time in tests/support/Reference_conversion.h;
-// Short_ways_test.cpp beside it compares sums with conversions there and back.
+// Short_ways_test.cpp beside it compares sums and products with tests/support/Reference_arithmetic.h.
 
 #ifndef VARNIX_VALUE_CONVERSION_SHORT_WAYS_H
 #define VARNIX_VALUE_CONVERSION_SHORT_WAYS_H
@@ -29,7 +29,7 @@ template <typename Use, typename Skip>
                                                    Use const& use, Skip const& skip) {
     Dimension_set last = 0;
     std::size_t k = 0;
-    for (; k < Tuple_count && from.tuples[k].unit != NO_UNIT; ++k) {
+    for (; k < Value_detail::Tuple_count && from.tuples[k].unit != NO_UNIT; ++k) {
         Unit_tuple const& source = from.tuples[k];
         Unit_tuple const& target = to.tuples[k];
         Unit_facts const& source_facts = Facts_of(source.unit);
@@ -51,7 +51,7 @@ template <typename Use, typename Skip>
     }
     // Without a branch for every slot: what follows is hardly ever occupied.
     std::int32_t occupied = 0;
-    for (; k < Tuple_count; ++k) {
+    for (; k < Value_detail::Tuple_count; ++k) {
         occupied |= from.tuples[k].unit | to.tuples[k].unit;
     }
     return occupied == NO_UNIT;
@@ -146,9 +146,10 @@ inline std::uint32_t Temperature_index(Units const& unit) {
 inline bool Have_one_simple_tuple(Units const& first, Units const& second) {
     std::uint64_t occupied = 0;
     for (Units const* const unit : {&first, &second}) {
-        occupied |=
-            detail::Difference(unit->tuples[1], {}) | detail::Difference(unit->tuples[2], {}) |
-            detail::Difference(unit->tuples[3], {}) | detail::Difference(unit->tuples[4], {});
+        occupied |= Value_detail::Difference(unit->tuples[1], {}) |
+                    Value_detail::Difference(unit->tuples[2], {}) |
+                    Value_detail::Difference(unit->tuples[3], {}) |
+                    Value_detail::Difference(unit->tuples[4], {});
     }
     return occupied == 0 && first.tuples[0].exponent == 1 && second.tuples[0].exponent == 1;
 }

@@ -77,7 +77,7 @@ constexpr Row rows[] = {
 // clang-format on
 
 // By the codes of the units, so that finding a row takes no search.
-constexpr std::size_t Row_limit = Unit_code_limit;
+constexpr std::size_t Row_limit = Value_detail::Unit_code_limit;
 static_assert(sizeof rows / sizeof rows[0] == Row_limit - 1, "every unit has its row");
 
 struct Index {

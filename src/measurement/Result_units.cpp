@@ -12,7 +12,7 @@ namespace Varnix::Value::Physics {
 
 namespace {
 
-constexpr std::size_t Slot_count = Dimension_limit;
+constexpr std::size_t Slot_count = Value_detail::Dimension_limit;
 constexpr int Largest_power = 64;
 
 // A tuple for each dimension; NO_UNIT where there is none. The order of the dimensions is
@@ -41,7 +41,7 @@ Result_unit Put_together(Slots const& slots) {
             result.refusal = Refusal::exponent_out_of_range;
             return result;
         }
-        if (count == Tuple_count) {
+        if (count == Value_detail::Tuple_count) {
             result.refusal = Refusal::too_many_units;
             return result;
         }

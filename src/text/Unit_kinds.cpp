@@ -17,7 +17,7 @@ namespace {
 
 // The power of each dimension. Exponents are 32-bit, so that sums of them fit.
 struct Kind {
-    std::array<std::int64_t, Dimension_limit> powers{};
+    std::array<std::int64_t, Value_detail::Dimension_limit> powers{};
 
     std::int64_t& operator[](Dimension dimension) {
         return powers[static_cast<std::size_t>(dimension)];
@@ -67,7 +67,7 @@ bool Has_angle(Units const& unit) {
 }
 
 // By the codes of the dimensions.
-constexpr std::array<char const*, Dimension_limit> dimension_names = {
+constexpr std::array<char const*, Value_detail::Dimension_limit> dimension_names = {
     "ratio",      "data size", "voltage", "power",       "current",
     "resistance", "mass",      "length",  "temperature", "time"};
 static_assert(dimension_names.back() != nullptr, "every dimension has a name");
@@ -81,7 +81,7 @@ char const* Name_of(Dimension dimension, Units const& unit) {
 // The dimensions with a power of the sign `sign`, as a product.
 std::string Product_text(Kind& kind, int sign, Units const& unit, int& count) {
     std::string text;
-    for (int code = DIMENSIONLESS; code < Dimension_limit; ++code) {
+    for (int code = DIMENSIONLESS; code < Value_detail::Dimension_limit; ++code) {
         auto const dimension = static_cast<Dimension>(code);
         std::int64_t const power = sign * kind[dimension];
         if (power > 0) {

@@ -146,7 +146,7 @@ Text_fault Unit_product::Scale_fault(Units const& unit) const {
 
 std::optional<Text_fault> Unit_product::Place_units(Units& unit) const {
     Unit_words const& words = Unit_words::Get();
-    std::array<Factor const*, Dimension_limit> by_dimension{};
+    std::array<Factor const*, Value_detail::Dimension_limit> by_dimension{};
     std::size_t placed = 0;
     for (Factor const& factor : *this) {
         Dimension const dimension = words.Dimension_of(factor.unit);
@@ -161,7 +161,7 @@ std::optional<Text_fault> Unit_product::Place_units(Units& unit) const {
             factor.power > std::numeric_limits<std::int32_t>::max()) {
             return Text_fault{factor.position, "the power is out of range", {}};
         }
-        if (++placed > Tuple_count) {
+        if (++placed > Value_detail::Tuple_count) {
             return Text_fault{
                 factor.position, "a unit has at most five units with their powers", {}};
         }

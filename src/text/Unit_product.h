@@ -73,7 +73,7 @@ class Unit_product {
     Text_fault Scale_fault(Units const& unit) const;
     std::string Remaining_text() const;
 
-    std::array<Factor, Unit_code_limit> factors; // of each unit one at most
+    std::array<Factor, Value_detail::Unit_code_limit> factors; // of each unit one at most
     int count = 0;
     std::int64_t tens = 0; // the exponents of the prefixes
     std::int64_t twos = 0;

@@ -122,7 +122,7 @@ class Search {
         current.end = power ? power->end : end;
         if (!Is_letter(text, current.end)) {
             Record();
-        } else if (current.count < Tuple_count) {
+        } else if (current.count < Value_detail::Tuple_count) {
             Continue(current.end, form, word.dimension, dimensions);
         }
         current = before;
@@ -189,6 +189,11 @@ std::optional<Text_fault> Product_fault(std::string_view text, Group_place const
     return Ambiguous(text, place.position, Written(reading), '(' + Written(search.First()) + ')');
 }
 
+// Hours and kelvin first look like the prefixes hecto and kilo.
+bool Begins_like_prefix(char first) {
+    return first == 'h' || first == 'K';
+}
+
 // Each of these stores what it finds in `reading`, which has no units where there is nothing to
 // find, and returns why that has to be refused.
 std::optional<Text_fault> Read_several(std::string_view text, Group_place const& place,
@@ -202,14 +207,16 @@ std::optional<Text_fault> Read_several(std::string_view text, Group_place const&
     if (search.Count() == 0) {
         return std::nullopt;
     }
+    // "Ks" is a kelvin for a second. Units of dimensions that stand behind time would follow, too.
+    if (Begins_like_prefix(text[place.position]) && !Is_time(search.First().units[1].unit)) {
+        return std::nullopt;
+    }
     reading = search.First();
     return place.below ? std::nullopt : Plural_fault(text, place.position, reading);
 }
 
-// Hours and kelvin first look like the prefixes hecto and kilo.
 void Read_several_in_any_order(std::string_view text, Group_place const& place, Reading& reading) {
-    char const first = text[place.position];
-    if (!place.below || first == 'h' || first == 'K') {
+    if (!place.below || Begins_like_prefix(text[place.position])) {
         return;
     }
     Search search(text, Order::any);

@@ -30,7 +30,7 @@ struct Reading {
     SI_units prefix = NO_PREFIX;
     std::int64_t first_power = 1; // of the first unit, which raises the prefix too
     std::uint8_t count = 0;
-    Powered_unit units[Tuple_count];
+    Powered_unit units[Value_detail::Tuple_count];
     std::size_t end = 0; // the position behind it
 };
 

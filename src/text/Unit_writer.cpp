@@ -60,13 +60,13 @@ Unit_tuple Inverse(Unit_tuple tuple) {
 }
 
 // What stands before the unit of each slot.
-using Slot_prefixes = std::array<std::string, Tuple_count>;
+using Slot_prefixes = std::array<std::string, Value_detail::Tuple_count>;
 
 // The units with their powers above the line or below it, joined by "*".
 std::string Product(Units const& unit, Unit_string_type spelling, bool denominator,
                     Slot_prefixes const& prefixes) {
     std::string text;
-    for (std::size_t k = 0; k < Tuple_count; ++k) {
+    for (std::size_t k = 0; k < Value_detail::Tuple_count; ++k) {
         Unit_tuple const& tuple = unit.tuples[k];
         if (tuple.unit == NO_UNIT || (tuple.exponent < 0) != denominator) {
             continue;
@@ -108,7 +108,7 @@ std::string Power_of_prefixed(Units const& unit, Unit_string_type spelling) {
 
 // "V/cm", "1/cm": the prefix at the first unit whose power lets it be one that has a name.
 std::string Prefix_at_a_unit(Units const& unit, Unit_string_type spelling) {
-    for (std::size_t k = 0; k < Tuple_count && unit.tuples[k].unit != NO_UNIT; ++k) {
+    for (std::size_t k = 0; k < Value_detail::Tuple_count && unit.tuples[k].unit != NO_UNIT; ++k) {
         std::int32_t const power = unit.tuples[k].exponent;
         std::int64_t const scale = unit.si_prefix; // INT32_MIN / -1 has no 32 bits
         if (power == 0 || power == INT32_MIN || scale % power != 0) {

@@ -30,12 +30,12 @@ inline bool Powers_differ_in_magnitude(Unit_tuple const& first, Unit_tuple const
 
 // Whether the tuples are equal slot by slot, empty slots included.
 inline bool Have_equal_tuples(Units const& first, Units const& second) {
-    return detail::Difference_of_tuples(first, second) == 0;
+    return Value_detail::Difference_of_tuples(first, second) == 0;
 }
 
 // Whether no occupied slot follows an empty one.
 inline bool Is_packed(Units const& unit) {
-    for (std::size_t k = 1; k < Tuple_count; ++k) {
+    for (std::size_t k = 1; k < Value_detail::Tuple_count; ++k) {
         if (unit.tuples[k].unit != NO_UNIT && unit.tuples[k - 1].unit == NO_UNIT) {
             return false;
         }

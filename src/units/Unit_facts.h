@@ -19,7 +19,8 @@ namespace Varnix::Value {
 
 // Sets of dimensions, a bit for each.
 using Dimension_set = std::uint32_t;
-static_assert(Dimension_limit <= 31, "a set of all dimensions has a bit left, for Not_canonical");
+static_assert(Value_detail::Dimension_limit <= 31,
+              "a set of all dimensions has a bit left, for Not_canonical");
 
 constexpr Dimension_set Set_of(Dimension dimension) {
     return Dimension_set{1} << static_cast<std::uint32_t>(dimension);
@@ -33,7 +34,7 @@ struct Unit_facts {
 };
 
 // One entry for each code from NO_UNIT to the highest.
-using Unit_facts_table = std::array<Unit_facts, Unit_code_limit>;
+using Unit_facts_table = std::array<Unit_facts, Value_detail::Unit_code_limit>;
 
 [[gnu::visibility("hidden")]] extern Unit_facts_table const unit_facts;
 
@@ -74,7 +75,7 @@ constexpr Dimension_set Not_canonical = ~Dimension_set{0};
     Dimension_set dimensions = 0;
     bool at_end = false;
 #pragma GCC unroll 5
-    for (std::size_t k = 0; k < Tuple_count; ++k) {
+    for (std::size_t k = 0; k < Value_detail::Tuple_count; ++k) {
         Units_list const code = unit.tuples[k].unit;
         if (code == NO_UNIT) {
             at_end = true;

@@ -16,13 +16,14 @@ struct Term {
     Units const& unit;
 };
 
-// Converts the numbers into `target`, and returns that unit in canonical order: itself,
-// or an arranged copy in `storage`.
+// Converts the numbers into `target` and assigns them, which orders the bounds. Returns that unit in
+// canonical order: itself, or an arranged copy in `storage`.
 [[gnu::noinline]] inline Units const& Convert(Numbers& numbers, Units const& from,
                                               Units const& target, Units& storage) {
     Conversion_steps steps;
     Units const& arranged = Decide_steps(steps, from, target, storage);
     numbers = After_steps(steps, numbers);
+    numbers.Order();
     return arranged;
 }
 

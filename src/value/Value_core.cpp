@@ -68,7 +68,7 @@ bool Value_object<Number>::Is_valid_unit(Units const& descriptor) noexcept {
 
 template <typename Number>
 bool Value_object<Number>::Is_convertable_unit(Units const& first, Units const& second) {
-    for (std::size_t k = 0; k < Tuple_count; ++k) {
+    for (std::size_t k = 0; k < Value_detail::Tuple_count; ++k) {
         Unit_tuple const& left = first.tuples[k];
         Unit_tuple const& right = second.tuples[k];
         if (left.unit == NO_UNIT || right.unit == NO_UNIT) {

@@ -24,9 +24,8 @@ Value_object<double> Converted_by(Formula formula, Value_object<double> const& s
 } // namespace
 
 template <typename Number>
-Value_object<Number>
-Value_object<Number>::Convert_degreeC_to_degreeF(Value_object const& source,
-                                                 Units const& target) noexcept {
+Value_object<Number> Value_object<Number>::Convert_degreeC_to_degreeF(Value_object const& source,
+                                                                      Units const& target) {
     return With_formula(Formula::celsius_to_fahrenheit, [&source, &target](auto const& number) {
         Value_object result;
         result.Set(number(source.value), target, number(source.minus_err), number(source.plus_err));
@@ -137,8 +136,8 @@ Value_object<Number> Value_object<Number>::Apply_DB(Value_object const& source) 
 
 // ---- The instantiations
 
-template Value_object<double>
-Value_object<double>::Convert_degreeC_to_degreeF(Value_object const&, Units const&) noexcept;
+template Value_object<double> Value_object<double>::Convert_degreeC_to_degreeF(Value_object const&,
+                                                                               Units const&);
 template Value_object<double> Value_object<double>::Convert_degreeF_to_degreeC(Value_object const&,
                                                                                Units const&);
 template Value_object<double> Value_object<double>::Convert_degreeC_to_kelvin(Value_object const&,

@@ -41,7 +41,7 @@ void Reject_decibels_without_unit(Units const& left, Units const& right) {
 }
 
 Numbers Linear_without_prefix(Term const& quantity) {
-    Numbers numbers = Linear(quantity.numbers, quantity.unit);
+    Numbers numbers = Assigned_linear(quantity.numbers, quantity.unit);
     if (quantity.unit.si_prefix != NO_PREFIX) {
         numbers.Scale(Prefix_scale(quantity.unit.si_prefix));
     }
@@ -91,7 +91,6 @@ void Convert_operand(Operand& operand, Units const& target) {
     Units storage;
     Units const own_unit = operand.unit;
     operand.unit = Convert(operand.numbers, own_unit, target, storage);
-    operand.numbers.Order();
 }
 
 // Gives the operands one unit for a dimension. `stored_unit` is the left operand's unit before it
@@ -112,7 +111,7 @@ void Convert_operand(Operand& operand, Units const& target) {
 // Whether all slots from `first` on are empty.
 bool Is_empty_from(std::size_t first, Units const& unit) {
     std::int32_t occupied = 0;
-    for (std::size_t k = first; k < Tuple_count; ++k) {
+    for (std::size_t k = first; k < Value_detail::Tuple_count; ++k) {
         occupied |= unit.tuples[k].unit;
     }
     return occupied == NO_UNIT;
@@ -126,7 +125,7 @@ void Pack(Units& unit) {
             unit.tuples[count++] = tuple;
         }
     }
-    for (; count < Tuple_count; ++count) {
+    for (; count < Value_detail::Tuple_count; ++count) {
         unit.tuples[count] = {};
     }
 }
@@ -136,7 +135,7 @@ void Pack(Units& unit) {
 Dimension_set Take_tuples(Units const& from, Units& to) {
     Dimension_set dimensions = 0;
     std::size_t k = 0;
-    for (; k < Tuple_count && from.tuples[k].unit != NO_UNIT; ++k) {
+    for (; k < Value_detail::Tuple_count && from.tuples[k].unit != NO_UNIT; ++k) {
         Dimension_set const own = Facts_of(from.tuples[k].unit).dimension_set;
         if (own <= dimensions) {
             return 0;
@@ -158,11 +157,11 @@ bool Try_joined_unit(Units const& left, std::int32_t sign_of_powers, Units const
     std::size_t count = Count_of(of_left);
     bool gaps = false;
     std::size_t k = 0;
-    for (; k < Tuple_count && right.tuples[k].unit != NO_UNIT; ++k) {
+    for (; k < Value_detail::Tuple_count && right.tuples[k].unit != NO_UNIT; ++k) {
         Unit_tuple const& tuple = right.tuples[k];
         Dimension_set const own = Facts_of(tuple.unit).dimension_set;
         bool const shared = (own & of_left) != 0;
-        if (own <= of_right || (!shared && count == Tuple_count)) {
+        if (own <= of_right || (!shared && count == Value_detail::Tuple_count)) {
             return false;
         }
         of_right |= own;
@@ -240,10 +239,10 @@ Value_object<Number>& Value_object<Number>::operator/=(Value_object const& other
 
 template <typename Number>
 Value_object<Number>& Value_object<Number>::operator*=(Number const& k) noexcept {
-    Numbers numbers = Linear(Value_numbers::Of(*this), unit);
+    Numbers numbers = Assigned_linear(Value_numbers::Of_copy(*this), unit);
     numbers.Scale(k);
     numbers.Order();
-    numbers = In_decibels(numbers, unit);
+    numbers = Assigned_in_decibels(numbers, unit);
     Value_numbers::Store(*this, numbers, unit);
     return *this;
 }
@@ -251,10 +250,10 @@ Value_object<Number>& Value_object<Number>::operator*=(Number const& k) noexcept
 template <typename Number>
 Value_object<Number>& Value_object<Number>::operator/=(Number const& k) {
     Value_object const arranged(value, unit, minus_err, plus_err);
-    Numbers numbers = Linear(Value_numbers::Of(arranged), arranged.unit);
+    Numbers numbers = Assigned_linear(Value_numbers::Of(arranged), arranged.unit);
     numbers.Transform([divisor = k](Number number) { return number / divisor; });
     Require_finite(numbers);
-    numbers = In_decibels(numbers, arranged.unit);
+    numbers = Assigned_in_decibels(numbers, arranged.unit);
     Value_numbers::Store(*this, numbers, arranged.unit);
     return *this;
 }

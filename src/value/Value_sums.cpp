@@ -54,6 +54,7 @@ bool Are_same_units(Units const& left, Units const& right) {
                                                        Term const& right, Units& storage) {
     Units right_storage;
     Numbers sum = left.numbers;
+    sum.Order();
     Units const& right_unit = Convert_for(sign, sum, left.unit, right.unit, right_storage);
     sum = Sum_of_numbers(sign, sum, right.numbers);
     Units const& left_unit = Convert_for(sign, sum, right_unit, left.unit, storage);
@@ -72,29 +73,31 @@ bool Are_same_units(Units const& left, Units const& right) {
     }
     Numbers copy = left.numbers; // as `right` is one: a bound that is not a number meets its like
     copy.Order();
-    Numbers const sum =
-        Sum_of_numbers(sign, Linear(copy, left.unit), Linear(right_in_unit, left.unit));
-    return {In_decibels(sum, left.unit), left.unit};
+    Numbers const sum = Sum_of_numbers(sign, Assigned_linear(copy, left.unit),
+                                       Assigned_linear(right_in_unit, left.unit));
+    return {Assigned_in_decibels(sum, left.unit), left.unit};
 }
 
-// Whether a plain ratio in decibels scales a linear value. It does so for every unit of that value
-// but one: without unit and without a prefix on either side, both are quantities.
+bool Is_plain(Units const& unit) {
+    return Is_bare(unit) && unit.si_prefix == NO_PREFIX;
+}
+
+// Whether a ratio in decibels scales a linear value. Only a plain number and a plain ratio, neither
+// with a prefix, are both quantities.
 bool Is_gain(Units const& linear, Units const& ratio) {
-    bool const both_plain =
-        Is_bare(linear) && linear.si_prefix == NO_PREFIX && ratio.si_prefix == NO_PREFIX;
+    bool const both_plain = Is_plain(linear) && Is_plain(ratio);
     return !Is_decibel(linear) && Is_decibel(ratio) && !Has_unit(ratio) && !both_plain;
 }
 
-// A linear value, scaled by a plain ratio in decibels.
+// A linear value, scaled by a ratio in decibels.
 Term Scaled_by_gain(Sign sign, Term const& linear, Term const& gain) {
     Units decibel_unit = linear.unit;
     decibel_unit.spl_conv = SPL_DB;
     Numbers level = linear.numbers;
     level.Order();
-    level = In_decibels(level, decibel_unit);
-    level.Order();
+    level = Assigned_in_decibels(level, decibel_unit);
     Numbers const sum = Sum_of_numbers(sign, level, gain.numbers);
-    return {Linear(sum, decibel_unit), linear.unit};
+    return {Assigned_linear(sum, decibel_unit), linear.unit};
 }
 
 // The two quantities, one of them in decibels, both linear in the unit of `left`, which the result
@@ -106,8 +109,9 @@ Term Sum_with_one_in_decibels(Sign sign, Term const& left, Term const& right) {
     Units storage;
     Numbers right_in_unit = right.numbers;
     Convert_for(sign, right_in_unit, right.unit, linear_unit, storage);
-    Numbers const sum = Sum_of_numbers(sign, Linear(left.numbers, left.unit), right_in_unit);
-    return {In_decibels(sum, left.unit), left.unit};
+    Numbers const sum =
+        Sum_of_numbers(sign, Assigned_linear(left.numbers, left.unit), right_in_unit);
+    return {Assigned_in_decibels(sum, left.unit), left.unit};
 }
 
 // The sum or the difference of which at least one operand is in decibels.
@@ -146,6 +150,13 @@ bool Try_sum_in_one_unit(Sign sign, Value_object<double>& object,
     return true;
 }
 
+// The numbers, converted by factors and assigned.
+Numbers Assigned_after_factors(Factors const& factors, Numbers const& numbers) {
+    Numbers converted = After_factors(factors, numbers);
+    converted.Order();
+    return converted;
+}
+
 // The sum of linear values where factors are all that the way there and back takes; the unit stays
 // as it is. False for all others.
 bool Try_sum_by_factors(Sign sign, Value_object<double>& object,
@@ -155,9 +166,9 @@ bool Try_sum_by_factors(Sign sign, Value_object<double>& object,
     if (!factors) {
         return false;
     }
-    Numbers const there = After_factors(factors->there, Value_numbers::Of(object));
+    Numbers const there = Assigned_after_factors(factors->there, Value_numbers::Of_copy(object));
     Numbers const sum = Sum_of_numbers(sign, there, Value_numbers::Of_copy(other));
-    Value_numbers::Store(object, After_factors(factors->back, sum));
+    Value_numbers::Store(object, Assigned_after_factors(factors->back, sum));
     return true;
 }
 

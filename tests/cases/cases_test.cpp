@@ -44,8 +44,9 @@ Unit_tuple Read_tuple(std::string const& text) {
         return {NO_UNIT, power};
     }
     bool const by_code = parts[0][0] == '#';
-    return {by_code ? static_cast<Units_list>(std::stoi(parts[0].substr(1)))
-                    : Find_code(parts[0], METER, static_cast<Units_list>(Unit_code_limit - 1), Name_of),
+    return {parts[0] == "#unknown" ? unknown_unit
+            : by_code              ? static_cast<Units_list>(std::stoi(parts[0].substr(1)))
+                                   : Find_code(parts[0], METER, static_cast<Units_list>(Value_detail::Unit_code_limit - 1), Name_of),
             power};
 }
 

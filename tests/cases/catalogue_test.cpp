@@ -85,7 +85,7 @@ TEST(Catalogue, Has_each_unit) {
         EXPECT_EQ(Units_library::Get_base_unit(Unit({{unit.code, 3}}, KILO)), Unit({{unit.base, 3}}));
         EXPECT_EQ(Spellings_of(Unit({{unit.code, 1}})), With(unit.spellings, unit.spellings[3]));
     }
-    EXPECT_EQ(codes.size(), Unit_code_limit - 1U);
+    EXPECT_EQ(codes.size(), Value_detail::Unit_code_limit - 1U);
 }
 
 // What one unit is worth in another; the powers have the sign of `power`.

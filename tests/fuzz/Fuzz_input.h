@@ -53,7 +53,7 @@ class Input {
         if (kind < std::size(named_constants)) {
             return *named_constants[kind].unit;
         }
-        return kind < 240 ? Take_small_unit(kind % (Tuple_count + 1)) : Take<Units>();
+        return kind < 240 ? Take_small_unit(kind % (Value_detail::Tuple_count + 1)) : Take<Units>();
     }
 
     double Take_number() {
@@ -82,7 +82,7 @@ class Input {
         auto const marker = static_cast<Special_conversion>(Take<std::uint8_t>() % 3);
         Units unit = {marker, static_cast<SI_units>(Take_small_number()), {}};
         for (std::size_t k = 0; k < count; ++k) {
-            auto const code = static_cast<Units_list>(Take<std::uint8_t>() % (Unit_code_limit + 1));
+            auto const code = static_cast<Units_list>(Take<std::uint8_t>() % (Value_detail::Unit_code_limit + 1));
             unit.tuples[k] = {code, Take_small_number()};
         }
         return unit;
@@ -146,7 +146,7 @@ inline bool Same_number(double left, double right) {
 
 inline void Check_canonical(Units const& unit) {
     CHECK(Units_library::Arrange_tuple(unit) == unit);
-    for (std::size_t k = 1; k < Tuple_count && unit.tuples[k].unit != NO_UNIT; ++k) {
+    for (std::size_t k = 1; k < Value_detail::Tuple_count && unit.tuples[k].unit != NO_UNIT; ++k) {
         CHECK(Units_library::Get_dimension(unit.tuples[k - 1].unit) < Units_library::Get_dimension(unit.tuples[k].unit));
     }
 }

@@ -20,7 +20,7 @@ inline std::string Written(double number) {
 
 inline std::string Name_of(Units_list unit) {
     std::string const name = Units_library::Get_unit_str_info_map(Unit({{unit, 1}}), STR_NAME);
-    return name.empty() ? '#' + std::to_string(unit) : name;
+    return unit == unknown_unit ? "#unknown" : name.empty() ? '#' + std::to_string(unit) : name;
 }
 
 inline std::string Written(Unit_tuple const& tuple) {
@@ -38,7 +38,7 @@ inline std::string Written(Units const& unit) {
     std::string const prefix = Units_library::Get_unit_str_si_map(unit, STR_NAME);
     std::string text = unit.si_prefix == NO_PREFIX ? "" : (prefix.empty() ? "10^" + std::to_string(unit.si_prefix) : prefix) + ':';
     text += unit.spl_conv == SPL_DB ? "dB:" : "";
-    std::size_t count = Tuple_count;
+    std::size_t count = Value_detail::Tuple_count;
     while (count > 1 && Written(unit.tuples[count - 1]) == "-") {
         --count;
     }

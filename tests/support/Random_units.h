@@ -16,7 +16,7 @@ class Random_units {
         Units unit = {Pick(5) == 0 ? SPL_DB : SPL_NONE, Prefix(), {}};
         int const count = Pick(6);
         for (int k = 0; k < count; ++k) {
-            unit.tuples[k] = {static_cast<Units_list>(Pick(40) == 0 ? 34 : Pick(34)), Exponent()};
+            unit.tuples[k] = {Pick(40) == 0 ? unknown_unit : static_cast<Units_list>(Pick(unknown_unit)), Exponent()};
         }
         return Pick(3) == 0 ? unit : Arranged_or_same(unit);
     }
@@ -44,7 +44,7 @@ class Random_units {
         unit.si_prefix = Prefix();
         unit.spl_conv = Pick(5) == 0 ? SPL_DB : SPL_NONE;
         for (Unit_tuple& tuple : unit.tuples) {
-            auto const other = static_cast<Units_list>(Pick(Unit_code_limit - 1) + 1);
+            auto const other = static_cast<Units_list>(Pick(Value_detail::Unit_code_limit - 1) + 1);
             bool const known = tuple.unit != NO_UNIT && tuple.unit != unknown_unit;
             if (known && (Units_library::Get_dimension(other) == Units_library::Get_dimension(tuple.unit) || Pick(60) == 0)) {
                 tuple.unit = other;

@@ -46,7 +46,7 @@ inline bool Reference_whole_unit_rule(Quantity& result, Units const& from, Units
 }
 
 inline void Reference_slot_rules(Quantity& result, Units const& from, Units const& to) {
-    for (std::size_t k = 0; k < Tuple_count; ++k) {
+    for (std::size_t k = 0; k < Value_detail::Tuple_count; ++k) {
         Unit_tuple const u = from.tuples[k];
         Unit_tuple const t = to.tuples[k];
         if (u.unit == NO_UNIT || t.unit == NO_UNIT) {
@@ -83,11 +83,11 @@ inline Numbers Reference_conversion(Quantity const& object, Units const& target)
         Reference_slot_rules(result, from, to);
         factor = Units_library::Get_conversion_factor(to, result.Get_unit());
     }
-    Quantity const linear = Quantity::Normalize_DB(result);
+    result = Quantity::Normalize_DB(result); // assigned, which orders the bounds
     factor = factor * Reference_scale(from, 1);
     double const target_scale = Reference_scale(to, -1);
-    Numbers const numbers(linear.Get_value() * factor * target_scale, linear.Get_minus_err() * factor * target_scale,
-                          linear.Get_plus_err() * factor * target_scale);
+    Numbers const numbers(result.Get_value() * factor * target_scale, result.Get_minus_err() * factor * target_scale,
+                          result.Get_plus_err() * factor * target_scale);
     if (to.spl_conv != SPL_DB) {
         return numbers;
     }
@@ -98,7 +98,9 @@ inline Numbers Reference_conversion(Quantity const& object, Units const& target)
     };
     Quantity ordered; // as the copy is that Apply_DB makes
     ordered.Set(numbers.value, to, numbers.minus_err, numbers.plus_err);
-    return {level(ordered.Get_value()), level(ordered.Get_minus_err()), level(ordered.Get_plus_err())};
+    Quantity assigned;
+    assigned.Set(level(ordered.Get_value()), to, level(ordered.Get_minus_err()), level(ordered.Get_plus_err()));
+    return {assigned.Get_value(), assigned.Get_minus_err(), assigned.Get_plus_err()};
 }
 
 } // namespace Varnix::Value::Tests

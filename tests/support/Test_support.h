@@ -4,6 +4,8 @@
 #ifndef VARNIX_VALUE_TESTS_TEST_SUPPORT_H
 #define VARNIX_VALUE_TESTS_TEST_SUPPORT_H
 
+#include "Unknown_unit.h"
+
 #include <varnix/value/Value_converter.h>
 #include <varnix/value/Value_object.h>
 
@@ -41,9 +43,6 @@ inline Units Unit(std::initializer_list<Unit_tuple> tuples, SI_units prefix = NO
     std::copy(tuples.begin(), tuples.end(), unit.tuples);
     return unit;
 }
-
-// A code that the catalogue does not know.
-constexpr Units_list unknown_unit = static_cast<Units_list>(34);
 
 // The text of what `operation` throws; every failure of the library has a text of its own.
 template <typename Operation>

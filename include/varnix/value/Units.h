@@ -66,7 +66,6 @@ enum Units_list : std::int32_t {
     DWORD = 31,         ///< double word, 32 bits
     YARD = 32,          ///< yard, 0.9144 m
     SYMBOL = 33,        ///< symbol; converts like a per cent
-    Unit_code_limit     ///< no unit: one past the highest code, and always the last one here
 };
 
 /// The prefixes; each value is the exponent of its scale. The multiples of ten from 10 to 80 are
@@ -111,7 +110,6 @@ enum Dimension : std::int32_t {
     LENGTH = 7,        ///< reference: metre
     TEMPERATURE = 8,   ///< converted by formula, not by factor
     TIME = 9,          ///< reference: second
-    Dimension_limit    ///< no dimension: one past the highest, and always the last one here
 };
 
 /// Which of the four spellings of a unit a string function produces.
@@ -122,7 +120,8 @@ enum Unit_string_type : std::int32_t {
     STR_UPPER_CASE = 3, ///< plain ASCII in upper case
 };
 
-/// Whether a descriptor is the decibel form of the unit that its other fields describe.
+/// What `Units::spl_conv` holds: whether a descriptor is the decibel form of the unit that its other
+/// fields describe.
 enum Special_conversion : std::uint8_t {
     SPL_NONE = 0, ///< a linear quantity
     SPL_DB = 1, ///< decibels relative to one of the unit, prefix included: 10 log10, for every unit
@@ -134,8 +133,18 @@ struct Unit_tuple {
     std::int32_t exponent; ///< its power; negative in the denominator. Kept for empty slots as well
 };
 
-/// How many (unit, power) tuples a descriptor holds.
+// What the library itself counts by. In a namespace of its own, so that these names stay free for
+// programs; they have no use for them.
+namespace Value_detail {
+
+// One past the highest code of the catalogue, and past the highest dimension.
+constexpr std::int32_t Unit_code_limit = SYMBOL + 1;
+constexpr std::int32_t Dimension_limit = TIME + 1;
+
+// How many tuples a descriptor holds.
 constexpr std::size_t Tuple_count = 5;
+
+} // namespace Value_detail
 
 /// A unit descriptor: the decibel marker, the prefix of the whole, and up to five tuples.
 ///
@@ -148,9 +157,9 @@ constexpr std::size_t Tuple_count = 5;
 /// The record has no constructors, so that the named constants need no code at load time. Its size
 /// and layout are part of the binary interface.
 struct Units {
-    Special_conversion spl_conv;    ///< the decibel marker
-    SI_units si_prefix;             ///< the prefix, NO_PREFIX for none
-    Unit_tuple tuples[Tuple_count]; ///< the units with their powers
+    std::uint8_t spl_conv;                        ///< the decibel marker: SPL_NONE or SPL_DB
+    SI_units si_prefix;                           ///< the prefix, NO_PREFIX for none
+    Unit_tuple tuples[Value_detail::Tuple_count]; ///< the units with their powers
 };
 
 static_assert(sizeof(Unit_tuple) == 8 && sizeof(Units) == 48, "descriptors have a fixed size");
@@ -159,7 +168,7 @@ static_assert(offsetof(Units, si_prefix) == 4 && offsetof(Units, tuples) == 8,
 static_assert(std::is_trivial_v<Units> && std::is_standard_layout_v<Units>,
               "descriptors are plain records");
 
-namespace detail {
+namespace Value_detail {
 
 // Zero where unit and power of both are equal. One comparison instead of two.
 inline std::uint64_t Difference(Unit_tuple const& first, Unit_tuple const& second) noexcept {
@@ -182,26 +191,39 @@ inline std::uint64_t Difference_of_tuples(Units const& first, Units const& secon
            Difference(first.tuples[4], second.tuples[4]);
 }
 
-} // namespace detail
-
-/// Whether unit and power are equal; of empty slots, too.
-inline bool operator==(Unit_tuple const& first, Unit_tuple const& second) noexcept {
-    return detail::Difference(first, second) == 0;
-}
-/// Not `==`.
-inline bool operator!=(Unit_tuple const& first, Unit_tuple const& second) noexcept {
-    return !(first == second);
+inline bool Are_equal(Unit_tuple const& first, Unit_tuple const& second) noexcept {
+    return Difference(first, second) == 0;
 }
 
-/// Whether two descriptors are equal in every field, slot by slot: marker, prefix, units and
-/// powers, powers of empty slots included. Nothing is arranged; km and m are not equal.
-inline bool operator==(Units const& first, Units const& second) noexcept {
+inline bool Are_equal(Units const& first, Units const& second) noexcept {
     return first.spl_conv == second.spl_conv && first.si_prefix == second.si_prefix &&
-           detail::Difference_of_tuples(first, second) == 0;
+           Difference_of_tuples(first, second) == 0;
 }
-/// Not `==`.
-inline bool operator!=(Units const& first, Units const& second) noexcept {
-    return !(first == second);
+
+// bool for two `Units` and for two `Unit_tuple`; nothing for any other types.
+template <typename Left, typename Right>
+using Equality_of =
+    std::enable_if_t<std::is_same_v<Left, Right> &&
+                         (std::is_same_v<Left, Units> || std::is_same_v<Left, Unit_tuple>),
+                     bool>;
+
+} // namespace Value_detail
+
+/// Whether two descriptors, or two of their tuples, are equal in every field, slot by slot: marker,
+/// prefix, units and powers, powers of empty slots included. Nothing is arranged; km and m are not
+/// equal.
+///
+/// A template, so that it yields to an operator that a program defines for these types itself.
+template <typename Left, typename Right>
+inline Value_detail::Equality_of<Left, Right> operator==(Left const& first,
+                                                         Right const& second) noexcept {
+    return Value_detail::Are_equal(first, second);
+}
+/// Not `==` as above, whatever `==` a program defines.
+template <typename Left, typename Right>
+inline Value_detail::Equality_of<Left, Right> operator!=(Left const& first,
+                                                         Right const& second) noexcept {
+    return !Value_detail::Are_equal(first, second);
 }
 
 /// The key of a conversion that needs a second value. It refers to descriptors and copies nothing:

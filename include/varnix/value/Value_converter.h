@@ -29,7 +29,7 @@ namespace Varnix::Value {
 /// @addtogroup converters
 /// @{
 
-namespace detail {
+namespace Value_detail {
 
 // What the numbers of a conversion go through, in this order: the rules, the way out of decibels,
 // the factors, the way into decibels. All of it follows from the two units. A program has no use
@@ -64,7 +64,7 @@ struct Conversion_steps {
     double target_product; // of the exponents of a target in decibels, times 10
 };
 
-} // namespace detail
+} // namespace Value_detail
 
 /// A prepared conversion from one unit to another. It allocates nothing and is copied freely.
 template <typename Number>
@@ -95,7 +95,7 @@ class Value_converter {
   private:
     Units source; // as given
     Units target; // in canonical order
-    detail::Conversion_steps steps;
+    Value_detail::Conversion_steps steps;
 };
 
 extern template class VARNIX_VALUE_EXPORT Value_converter<double>;

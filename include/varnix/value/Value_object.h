@@ -41,9 +41,9 @@ namespace Varnix::Value {
 ///
 /// `minus_err` is not greater than `plus_err` after construction, copying, assignment, `Set` and
 /// `Set_plus_minus_err`, each of which puts the larger of its two bounds into `plus_err` (a bound
-/// that is not a number compares as not larger). The electrical and the decibel functions store the
-/// bounds as their formulas give them, and a moved or returned object keeps them so; copying it
-/// orders them.
+/// that is not a number compares as not larger). The electrical functions, `Convert_to_with_value`,
+/// `Normalize_DB` and `Apply_DB` store the bounds as their formulas give them, and a moved or
+/// returned object keeps them so; copying it orders them.
 template <typename Number>
 class Value_object {
     static_assert(std::is_same_v<Number, double>,
@@ -131,8 +131,9 @@ class Value_object {
     ///
     /// Temperatures convert by formula, power written as a product (V^2/ohm, VA, A^2 ohm) becomes
     /// watts, decibels become linear and back, prefixes count as factors, and everything else goes
-    /// by the catalogue's factors. Value and bounds take the same way. Where a reciprocal unit
-    /// inverts the number, the bounds are inverted too and ordered; zero inverts to infinity.
+    /// by the catalogue's factors. Value and bounds take the same way, and the bounds are in order
+    /// again where it turns them round: where a reciprocal unit inverts the number, and between
+    /// decibels and a unit whose powers multiply to less than zero. Zero inverts to infinity.
     /// A zero or negative linear number gives minus infinity or not a number in decibels.
     ///
     /// A slot that is empty in one of the two units is not compared: see docs/behaviour.md.
@@ -167,8 +168,7 @@ class Value_object {
     // Those that arrange `target` throw what the value constructor throws for it.
 
     /// v x 1.8 + 32. Stores `target` as it is, without arranging it.
-    static Value_object Convert_degreeC_to_degreeF(Value_object const& source,
-                                                   Units const& target) noexcept;
+    static Value_object Convert_degreeC_to_degreeF(Value_object const& source, Units const& target);
     /// (v - 32) / 1.8. @throws what the value constructor throws for `target`.
     static Value_object Convert_degreeF_to_degreeC(Value_object const& source, Units const& target);
     /// v + 273.15. @throws what the value constructor throws for `target`.
@@ -224,9 +224,9 @@ class Value_object {
     /// - Two plain ratios in decibels combine as decibels: 3 dB += 3 dB is 6 dB.
     /// - Two decibel values with units combine as the quantities they stand for: 10 dBm += 10 dBm
     ///   is 13.01 dBm.
-    /// - A plain ratio in decibels scales a linear value: 2 W += 3 dB is 3.99 W. Only where the
-    ///   object's tuples are those of `C_Empty` and neither side has a prefix are both quantities:
-    ///   2 += 3 dB is 3.995.
+    /// - A ratio in decibels scales a linear value: 2 W += 3 dB is 3.99 W. Only where the tuples
+    ///   of both are those of `C_Empty` and neither has a prefix are both quantities: 2 += 3 dB is
+    ///   3.995.
     /// - One decibel value otherwise: both are made linear in this object's unit, combined, and
     ///   turned back if this object is in decibels.
     /// @throws UnitDimensionNotProper when one of the two is in decibels and exactly one has a unit

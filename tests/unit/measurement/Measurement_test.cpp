@@ -1,5 +1,7 @@
 // What the table of cases cannot say of measurements: construction, failures, value objects, many numbers, laws.
 
+#include "Unknown_unit.h"
+
 #include <varnix/value/Levels.h>
 #include <varnix/value/Measurement.h>
 #include <varnix/value/Measurement_converter.h>
@@ -65,7 +67,7 @@ TEST(Measurement, Takes_units_that_mean_something) {
     EXPECT_EQ(speed.Get_unit(), C_MeterPerSecond);
     EXPECT_EQ(Measurement(5.0, Parse_unit("cm^2")).Convert_to(Parse_unit("m^2")).Get_value(), 5e-4);
     EXPECT_THROW(Measurement(1.0, {SPL_NONE, NO_PREFIX, {{METER, 1}, {FOOT, 1}}}), UnitDimensionNotProper);
-    EXPECT_THROW(Measurement(1.0, {SPL_NONE, NO_PREFIX, {{Unit_code_limit, 1}}}), UnitNotDefined);
+    EXPECT_THROW(Measurement(1.0, {SPL_NONE, NO_PREFIX, {{unknown_unit, 1}}}), UnitNotDefined);
     Units const meter = C_Meter;
     for (int const prefix : {-41, 41, 90, 1000}) {
         Units unit = meter;

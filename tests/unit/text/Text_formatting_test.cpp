@@ -173,8 +173,8 @@ Units Any_unit(std::mt19937_64& random) {
     }
     auto const count = static_cast<std::size_t>(1 + random() % 5);
     std::size_t used = 0;
-    for (int dimension = DIMENSIONLESS; dimension <= TIME && used < count; ++dimension) {
-        auto const code = static_cast<Units_list>(1 + random() % 33);
+    for (int dimension = DIMENSIONLESS; dimension < Value_detail::Dimension_limit && used < count; ++dimension) {
+        auto const code = static_cast<Units_list>(1 + random() % (Value_detail::Unit_code_limit - 1));
         if (Units_library::Get_dimension(code) == dimension) {
             int const exponent = static_cast<int>(random() % 6) - 3;
             unit.tuples[used++] = {code, exponent >= 0 ? exponent + 1 : exponent};

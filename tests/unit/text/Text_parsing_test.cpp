@@ -119,7 +119,7 @@ Units Random_compound(std::mt19937& random) {
     std::vector<SI_units> prefixes = Prefixes();
     prefixes.resize(prefixes.size() * 2, NO_PREFIX);
     Units unit = {random() % 8 == 0 ? SPL_DB : SPL_NONE, prefixes[random() % prefixes.size()], {}};
-    for (std::size_t count = 0; count < 1 + random() % Tuple_count; ++count) {
+    for (std::size_t count = 0; count < 1 + random() % Value_detail::Tuple_count; ++count) {
         Units_list const code = catalogue[random() % catalogue.size()].tuples[0].unit;
         auto const same = [&](Unit_tuple const& own) {
             return own.unit != NO_UNIT && Units_library::Get_dimension(own.unit) == Units_library::Get_dimension(code);
@@ -456,7 +456,7 @@ TEST(Kinds, Know_every_unit) {
         EXPECT_EQ(Named_units()[k].unit, *named_constants[k].unit);
         EXPECT_STREQ(Named_units()[k].constant, named_constants[k].name);
     }
-    EXPECT_EQ(Catalogue_units().size(), static_cast<std::size_t>(Unit_code_limit - 1));
+    EXPECT_EQ(Catalogue_units().size(), static_cast<std::size_t>(Value_detail::Unit_code_limit - 1));
     EXPECT_EQ(Prefixes().size(), 22U);
 }
 
