@@ -43,14 +43,16 @@ struct Read_unit {
     bool is_difference;
 };
 
-Parse_result<Read_unit> Unit_of(Quantity_parts const& parts) {
+Parse_result<Read_unit> Unit_of(Quantity_parts const& parts, Dialect dialect) {
     if (parts.unit.empty()) {
         return Read_unit{C_Empty, false};
     }
-    if (std::optional<Units> const difference = Difference_unit(parts.unit)) {
+    std::optional<Units> const difference =
+        dialect == Dialect::standard ? Difference_unit(parts.unit) : std::nullopt;
+    if (difference) {
         return Read_unit{*difference, true};
     }
-    Parse_result<Units> const unit = Try_parse_unit(parts.unit);
+    Parse_result<Units> const unit = Try_parse_unit(parts.unit, dialect);
     if (!unit) {
         Text_fault fault = unit.Get_fault();
         fault.position += parts.unit_position;
@@ -115,25 +117,38 @@ bool Is_about_unit(Refusal reason) {
 
 using Read = std::variant<Measurement, Text_fault, Refused_at>;
 
+Measurement Made_of(Read_numbers const& numbers, Read_unit const& unit) {
+    return unit.is_difference
+               ? Measurement::Difference(numbers.value, unit.unit, numbers.lower, numbers.upper)
+               : Measurement(numbers.value, unit.unit, numbers.lower, numbers.upper);
+}
+
+Read Read_parts(Quantity_parts const& parts, Read_unit const& unit) {
+    try {
+        return Made_of(Numbers_of(parts), unit);
+    } catch (MeasurementRefused const& refused) {
+        return Refused_at{refused, Is_about_unit(refused.Get_reason()) ? parts.unit_position
+                                                                       : parts.bounds_position};
+    }
+}
+
 Read Read_measurement(std::string_view text) {
     Parse_result<Quantity_parts> const parts = Try_split_quantity(text, {true, true});
     if (!parts) {
         return parts.Get_fault();
     }
-    Parse_result<Read_unit> const unit = Unit_of(*parts);
-    if (!unit) {
-        return unit.Get_fault();
+    Parse_result<Read_unit> const unit = Unit_of(*parts, Dialect::standard);
+    return unit ? Read_parts(*parts, *unit) : Read(unit.Get_fault());
+}
+
+Parse_result<Measurement> Result_of(Read read) {
+    if (auto* fault = std::get_if<Text_fault>(&read)) {
+        return std::move(*fault);
     }
-    Read_numbers const numbers = Numbers_of(*parts);
-    try {
-        return unit->is_difference
-                   ? Measurement::Difference(numbers.value, unit->unit, numbers.lower,
-                                             numbers.upper)
-                   : Measurement(numbers.value, unit->unit, numbers.lower, numbers.upper);
-    } catch (MeasurementRefused const& refused) {
-        return Refused_at{refused, Is_about_unit(refused.Get_reason()) ? parts->unit_position
-                                                                       : parts->bounds_position};
+    if (auto const* refused = std::get_if<Refused_at>(&read)) {
+        return Text_fault{refused->position, refused->refused.what(), ""};
     }
+    return std::get<Measurement>(read);
 }
 
 } // namespace
@@ -150,14 +165,25 @@ Measurement Parse_measurement(std::string_view text) {
 }
 
 Parse_result<Measurement> Try_parse_measurement(std::string_view text) {
-    Read read = Read_measurement(text);
-    if (auto* fault = std::get_if<Text_fault>(&read)) {
-        return std::move(*fault);
+    return Result_of(Read_measurement(text));
+}
+
+Parse_result<Measurement> Measurement_reader::Read(std::string_view text) {
+    Parse_result<Quantity_parts> const parts = Try_split_quantity(text, forms);
+    if (!parts) {
+        return parts.Get_fault();
     }
-    if (auto const* refused = std::get_if<Refused_at>(&read)) {
-        return Text_fault{refused->position, refused->refused.what(), ""};
+    form = parts->form;
+    if (parts->unit != unit_text) {
+        Parse_result<Read_unit> const read = Unit_of(*parts, dialect);
+        if (!read) {
+            return read.Get_fault();
+        }
+        unit_text = parts->unit;
+        unit = read->unit;
+        is_difference = read->is_difference;
     }
-    return std::get<Measurement>(read);
+    return Result_of(Read_parts(*parts, {unit, is_difference}));
 }
 
 } // namespace Varnix::Value

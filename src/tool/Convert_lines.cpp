@@ -90,7 +90,7 @@ Exit_status Run_lines(Conversion_request const& request, Convert_line const& con
 // Lines that are quantities with their units.
 Exit_status Convert_quantity_lines(Conversion_request const& request, Options const& options,
                                    Output& output) {
-    Quantity_converter const converter(request.to, request.with, options);
+    Quantity_converter converter(request.to, request.with, options);
     auto const convert = [&](std::string_view line) {
         Answer const result = converter.Convert(line);
         if (options.json) {

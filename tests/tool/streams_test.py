@@ -138,6 +138,15 @@ class Streams(unittest.TestCase):
                 costs = ([cost_through_a_pipe(arguments, text(k).encode()) for k in (1, 4)] for _ in range(3))
                 self.assertTrue(any(large < 5 * small + 0.05 for small, large in costs))
 
+    def test_sums_in_constant_memory(self):
+        """As many levels as would take more memory than there is, were they kept."""
+        lines = "10 dBm\n20 dBm [19, 21]\n" * 300000
+        bound = (lambda: resource.setrlimit(resource.RLIMIT_AS, (48 << 20, 48 << 20))) if len(PROGRAM) == 1 and not is_sanitized() else None
+        done = subprocess.run(PROGRAM + ["compute", "--power-mean"], input=lines.encode(), capture_output=True, timeout=120, check=False, preexec_fn=bound)
+        self.assertEqual(done.stderr, b"")
+        self.assertEqual(done.stdout, run(["compute", "--power-mean"], "10 dBm\n20 dBm [19, 21]\n").stdout)
+        self.assertEqual(done.returncode, 0)
+
     def test_inputs_that_never_end(self):
         for arguments, start in ((FEET, ""), (CENTIMETRES, 'x\n"')):
             done = run(arguments, start + "1" * (20 << 20))

@@ -45,6 +45,41 @@ VARNIX_VALUE_MEASUREMENT_EXPORT Measurement Parse_measurement(std::string_view t
 VARNIX_VALUE_MEASUREMENT_EXPORT Parse_result<Measurement>
 Try_parse_measurement(std::string_view text);
 
+/// Reads many texts, as `Try_parse_measurement` does. A unit that is written as in the text before is
+/// not read again, so that a column of quantities takes little longer than one of numbers.
+///
+///     Measurement_reader reader;
+///     for (std::string const& line : lines) {
+///         if (auto const read = reader.Read(line)) {
+///             std::cout << *read << '\n';
+///         }
+///     }
+///
+/// Threads: an object is for one at a time.
+class VARNIX_VALUE_MEASUREMENT_EXPORT Measurement_reader {
+  public:
+    /// For texts whose units are in the words of `dialect`, and whose numbers may have these forms:
+    /// by default decimal numbers and infinite bounds. Differences of temperatures, "Δ°C", are read
+    /// in the standard dialect alone.
+    explicit Measurement_reader(Dialect dialect_ = Dialect::standard,
+                                Number_forms forms_ = {false, true})
+        : dialect(dialect_), forms(forms_) {}
+
+    /// The measurement that `text` is, or a fault. @throws std::bad_alloc and nothing else
+    Parse_result<Measurement> Read(std::string_view text);
+
+    /// How the text that was read last says how certain it is.
+    Quantity_form Get_form() const noexcept { return form; }
+
+  private:
+    Dialect dialect;
+    Number_forms forms;
+    Quantity_form form = Quantity_form::value_alone;
+    bool is_difference = false;
+    Units unit = C_Empty;  // of the text below
+    std::string unit_text; // which was read last
+};
+
 /// The measurement as a text, by default with the shortest digits that give back each number.
 /// Bounds are left out where the number alone, read back, encloses them. Fewer digits round the
 /// bounds outward and the value to nearest; `Digits::by_bounds` ends at the second digit of half
