@@ -121,29 +121,26 @@ class Summed_powers {
     bool is_infinite = false;
 };
 
-} // namespace
-
-struct Power_accumulator::Powers {
-    std::optional<Measurement> first;
-    std::uint64_t count = 0;
-    bool are_single = true; // without bounds, so that `value` serves for all three
-    Summed_powers lower;
-    Summed_powers value;
-    Summed_powers upper;
-
-    void Add(Band const& level) {
-        if (are_single && !level.is_single) {
-            lower = upper = value;
-            are_single = false;
+// The powers of levels, in the unit of the first.
+class Levels_sum {
+  public:
+    void Add(Measurement const& level) {
+        Measurement const& known = first ? *first : level;
+        try {
+            Add(Level_in(level, known.Get_unit()));
+        } catch (Refusal reason) {
+            if (!first) {
+                Refuse(reason, "add the powers of", level);
+            }
+            Refuse(reason, "add the powers of", known, "and", level);
         }
-        if (!are_single) {
-            lower.Add(level.lower);
-            upper.Add(level.upper);
-        }
-        value.Add(level.value);
+        first = known;
         ++count;
     }
 
+    std::uint64_t Get_count() const { return count; }
+
+    // The level of one of so many equal shares.
     Measurement Level(double share) const {
         if (!first) {
             Refuse(Refusal::nothing_to_sum, "cannot add the powers of no levels");
@@ -157,6 +154,34 @@ struct Power_accumulator::Powers {
             Refuse(reason, "add the powers of levels like", *first);
         }
     }
+
+    Measurement Mean_level() const { return Level(static_cast<double>(count)); }
+
+  private:
+    void Add(Band const& level) {
+        if (are_single && !level.is_single) {
+            lower = upper = value;
+            are_single = false;
+        }
+        if (!are_single) {
+            lower.Add(level.lower);
+            upper.Add(level.upper);
+        }
+        value.Add(level.value);
+    }
+
+    std::optional<Measurement> first;
+    std::uint64_t count = 0;
+    bool are_single = true; // without bounds, so that `value` serves for all three
+    Summed_powers lower;
+    Summed_powers value;
+    Summed_powers upper;
+};
+
+} // namespace
+
+struct Power_accumulator::Powers {
+    Levels_sum sum;
 };
 
 Power_accumulator::Power_accumulator() : powers(std::make_unique<Powers>()) {}
@@ -165,42 +190,33 @@ Power_accumulator& Power_accumulator::operator=(Power_accumulator&& other) noexc
 Power_accumulator::~Power_accumulator() = default;
 
 void Power_accumulator::Add(Measurement const& level) {
-    Measurement const& first = powers->first ? *powers->first : level;
-    try {
-        powers->Add(Level_in(level, first.Get_unit()));
-    } catch (Refusal reason) {
-        if (!powers->first) {
-            Refuse(reason, "add the powers of", level);
-        }
-        Refuse(reason, "add the powers of", first, "and", level);
-    }
-    powers->first = first;
+    powers->sum.Add(level);
 }
 
 std::uint64_t Power_accumulator::Get_count() const noexcept {
-    return powers->count;
+    return powers->sum.Get_count();
 }
 
 Measurement Power_accumulator::Sum() const {
-    return powers->Level(1.0);
+    return powers->sum.Level(1.0);
 }
 
 Measurement Power_accumulator::Mean() const {
-    return powers->Level(static_cast<double>(powers->count));
+    return powers->sum.Mean_level();
 }
 
 namespace {
 
-Power_accumulator Accumulated(Measurement const* levels, std::size_t count) {
-    Power_accumulator powers;
-    std::for_each(levels, levels + count, [&](Measurement const& level) { powers.Add(level); });
-    return powers;
+Levels_sum Summed(Measurement const* levels, std::size_t count) {
+    Levels_sum sum;
+    std::for_each(levels, levels + count, [&](Measurement const& level) { sum.Add(level); });
+    return sum;
 }
 
 } // namespace
 
 Measurement Power_sum(Measurement const* levels, std::size_t count) {
-    return Accumulated(levels, count).Sum();
+    return Summed(levels, count).Level(1.0);
 }
 
 Measurement Power_sum(std::initializer_list<Measurement> levels) {
@@ -208,7 +224,7 @@ Measurement Power_sum(std::initializer_list<Measurement> levels) {
 }
 
 Measurement Power_mean(Measurement const* levels, std::size_t count) {
-    return Accumulated(levels, count).Mean();
+    return Summed(levels, count).Mean_level();
 }
 
 Measurement Power_mean(std::initializer_list<Measurement> levels) {

@@ -3,6 +3,7 @@
 #include <varnix/value/Measurement_text.h>
 
 #include "Decimals.h"
+#include "Measurement_parts.h"
 
 #include <cmath>
 #include <optional>
@@ -41,6 +42,7 @@ std::optional<Units> Difference_unit(std::string_view text) {
 struct Read_unit {
     Units unit;
     bool is_difference;
+    bool is_valid = false; // as a unit to measure in; otherwise it is not known yet
 };
 
 Parse_result<Read_unit> Unit_of(Quantity_parts const& parts, Dialect dialect) {
@@ -117,7 +119,16 @@ bool Is_about_unit(Refusal reason) {
 
 using Read = std::variant<Measurement, Text_fault, Refused_at>;
 
+bool Are_in_order(Read_numbers const& numbers) {
+    return std::isfinite(numbers.value) && numbers.lower <= numbers.value &&
+           numbers.value <= numbers.upper;
+}
+
 Measurement Made_of(Read_numbers const& numbers, Read_unit const& unit) {
+    if (unit.is_valid && Are_in_order(numbers)) {
+        return Measurement_parts::Made(numbers.value, numbers.lower, numbers.upper, unit.unit,
+                                       unit.is_difference);
+    }
     return unit.is_difference
                ? Measurement::Difference(numbers.value, unit.unit, numbers.lower, numbers.upper)
                : Measurement(numbers.value, unit.unit, numbers.lower, numbers.upper);
@@ -182,8 +193,14 @@ Parse_result<Measurement> Measurement_reader::Read(std::string_view text) {
         unit_text = parts->unit;
         unit = read->unit;
         is_difference = read->is_difference;
+        is_valid = false;
     }
-    return Result_of(Read_parts(*parts, {unit, is_difference}));
+    auto result = Result_of(Read_parts(*parts, {unit, is_difference, is_valid}));
+    if (result && !is_valid) {
+        unit = result->Get_unit();
+        is_valid = true;
+    }
+    return result;
 }
 
 } // namespace Varnix::Value

@@ -76,6 +76,7 @@ class VARNIX_VALUE_MEASUREMENT_EXPORT Measurement_reader {
     Number_forms forms;
     Quantity_form form = Quantity_form::value_alone;
     bool is_difference = false;
+    bool is_valid = false; // whether something has been measured in the unit
     Units unit = C_Empty;  // of the text below
     std::string unit_text; // which was read last
 };
