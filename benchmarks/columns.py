@@ -1,17 +1,19 @@
 #!/usr/bin/env python3
 """columns.py VALUE_OBJECT [LINES]: the tool beside the programs of other unit libraries, on columns of
-numbers; and tables in files over all cores, beside pandas, which only reads them (where it is installed).
+numbers; and tables in files over all cores, beside pandas, which only reads them. What is not installed is left out.
 Each row is one job; "ratio" is the time of the other program over ours. All times are wall times, the
 fastest of several runs taken in turn; every program reads from a file and writes into one."""
 
 import os
 import random
+import shutil
 import subprocess
 import sys
 import tempfile
 import time
 
 RUNS = 3
+OTHERS = {name: command for name, command in (("units", ["units", "-t", "-q"]), ("udunits2", ["udunits2"])) if shutil.which(name)}
 
 
 def run(command, source, target):
@@ -40,7 +42,7 @@ def write(path, lines):
         file.write("\n".join(lines) + "\n")
 
 
-# The numbers of a job, and how each program is asked.
+# The numbers of a job, and how each program is asked. What has no counterpart is measured alone.
 JOBS = {
     "ft to m": {
         "numbers": (-1000, 10000, 4),
@@ -54,12 +56,17 @@ JOBS = {
         "units": ("dBm({})", "W"),
         "udunits2": ("{} 0.1 lg(re 1 mW)", "W"),
     },
-    "ft, each with its unit": {
+    "ft, each with its unit, to m": {
         "numbers": (-1000, 10000, 4),
         "form": "{} ft",
         "ours": ["convert", "--to", "m"],
         "units": ("{} ft", "m"),
         "udunits2": ("{} ft", "m"),
+    },
+    "dBm ± 0.5, each with its unit, to W": {
+        "numbers": (-100, 60, 2),
+        "form": "{} ± 0.5 dBm",
+        "ours": ["convert", "--to", "W"],
     },
     # The other programs are given the numbers of the column alone.
     "mi to km in a CSV table": {
@@ -80,13 +87,14 @@ def measure(name, job, program, lines, folder):
     random.seed(1)
     low, high, decimals = job["numbers"]
     numbers = [f"{random.uniform(low, high):.{decimals}f}" for _ in range(lines)]
-    path = {kind: os.path.join(folder, kind) for kind in ("ours", "units", "udunits2")}
+    path = {kind: os.path.join(folder, kind) for kind in ("ours", *OTHERS)}
     if job.get("csv"):
         write(path["ours"], ["time,dist,note"] + [f'{k},{number},"ok, {k}"' for k, number in enumerate(numbers)])
     else:
         write(path["ours"], [job.get("form", "{}").format(number) for number in numbers])
-    commands = {"ours": [program] + job["ours"], "units": ["units", "-t", "-q"], "udunits2": ["udunits2"]}
-    for other in ("units", "udunits2"):
+    others = {other: command for other, command in OTHERS.items() if other in job}
+    commands = {"ours": [program] + job["ours"], **others}
+    for other in others:
         have, want = job[other]
         write(path[other], [line for number in numbers for line in (have.format(number), want)])
     best = {kind: float("inf") for kind in commands}
@@ -98,9 +106,11 @@ def measure(name, job, program, lines, folder):
             ours = [float(line.split(",")[1]) for line in file.read().split("\n")[1:1001] if line]
     else:
         ours = results(path["ours"] + ".out", "ours")
-    for other in ("units", "udunits2"):
+    if not others:
+        print(f"{name:36} {'':9} {best['ours']:8.3f} s")
+    for other in others:
         note = "" if agree(ours, results(path[other] + ".out", other)) else "   RESULTS DIFFER"
-        print(f"{name:24} {other:9} {best['ours']:8.3f} s {best[other]:8.3f} s {best[other] / best['ours']:7.1f}{note}")
+        print(f"{name:36} {other:9} {best['ours']:8.3f} s {best[other]:8.3f} s {best[other] / best['ours']:7.1f}{note}")
 
 
 # As docs/tool.md has it.
@@ -130,13 +140,13 @@ def measure_files(program, lines, folder):
             subprocess.run(command, cwd=folder, check=True)
             best[kind] = min(best[kind], time.perf_counter() - start)
     reading = best["pandas"] - best["start"]
-    print(f"{FILES} tables, all cores      pandas    {best['ours']:8.3f} s {reading:8.3f} s {reading / best['ours']:7.1f}")
+    print(f"{f'{FILES} tables, all cores':36} pandas    {best['ours']:8.3f} s {reading:8.3f} s {reading / best['ours']:7.1f}")
 
 
 def main():
     program = os.path.abspath(sys.argv[1])
     lines = int(sys.argv[2]) if len(sys.argv) > 2 else 1000000
-    print(f"{lines} lines            beside         ours      other   ratio")
+    print(f"{f'{lines} lines':36} {'beside':9}       ours      other   ratio")
     with tempfile.TemporaryDirectory() as folder:
         for name, job in JOBS.items():
             measure(name, job, program, lines, folder)

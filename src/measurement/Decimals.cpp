@@ -30,23 +30,41 @@ int Exponent_of(std::string_view text) {
     return too_long ? -100000 : std::max(exponent, -100000);
 }
 
+// Digits that make a whole number without rounding, and the power of the base that has as many.
+struct Digit_block {
+    double number = 0.0;
+    double size = 1.0;
+};
+
+Enclosed With_block(Enclosed const& mantissa, Digit_block const& block) {
+    Enclosed const number = Enclose(block.number);
+    return mantissa.Is_zero() ? number : mantissa * Enclose(block.size) + number;
+}
+
 // "0x1.8p3" has hexadecimal digits, and its exponent counts powers of two.
 Scaled_number Read_digits(std::string_view text) {
     bool const hexadecimal =
         text.size() > 2 && text[0] == '0' && (text[1] == 'x' || text[1] == 'X');
     text.remove_prefix(hexadecimal ? 2 : 0);
     std::size_t const end = std::min(text.size(), text.find_first_of(hexadecimal ? "pP" : "eE"));
-    Enclosed const base = Enclose(hexadecimal ? 16.0 : 10.0);
+    double const base = hexadecimal ? 16.0 : 10.0;
     Scaled_number read = {{}, 0, hexadecimal ? 2 : 10};
+    Digit_block block;
     bool behind_point = false;
     for (char const character : text.substr(0, end)) {
         if (character == '.') {
             behind_point = true;
             continue;
         }
-        read.mantissa = read.mantissa * base + Enclose(Digit_value(character));
+        if (block.size > 0x1p48) {
+            read.mantissa = With_block(read.mantissa, block);
+            block = {};
+        }
+        block.number = block.number * base + Digit_value(character);
+        block.size *= base;
         read.power -= !behind_point ? 0 : hexadecimal ? 4 : 1;
     }
+    read.mantissa = With_block(read.mantissa, block);
     if (end < text.size()) {
         read.power += Exponent_of(text.substr(end + 1));
     }

@@ -6,6 +6,9 @@
 #include "Level_arithmetic.h"
 #include "Refusals.h"
 
+#include <algorithm>
+#include <optional>
+
 namespace Varnix::Value {
 
 using namespace Physics;
@@ -87,59 +90,135 @@ Enclosed Level_of(Enclosed const& power, Enclosed const& reference) {
     return reference + Enclose(10.0) * Logarithm(power);
 }
 
-// The level of the sum of powers, over the greatest level, so that the powers do not overflow.
-Enclosed Level_of_sum(Measurement const* levels, std::size_t count, Units const& unit, double share,
-                      Enclosed Band::*end) {
-    Enclosed greatest = Infinite(true);
-    for (std::size_t k = 0; k < count; ++k) {
-        Enclosed const level = Level_in(levels[k], unit).*end;
-        greatest = Is_infinite(greatest) || Is_positive(level - greatest) ? level : greatest;
-        if (Is_infinite(level) && Is_positive(level)) {
-            return level;
+// Beyond so many decibels above its reference a sum gets another one, so that powers do not
+// overflow.
+constexpr double far_above = 1e5;
+
+// A sum of powers over the power of a reference, which is the first level.
+class Summed_powers {
+  public:
+    void Add(Enclosed const& level) {
+        if (Is_infinite(level)) {
+            is_infinite = is_infinite || Is_positive(level); // -inf has no power
+            return;
         }
+        if (is_empty || Round_to_nearest(level - reference) > far_above) {
+            sum = sum * Power_of(reference, level);
+            reference = level;
+            is_empty = false;
+        }
+        sum = sum + Power_of(level, reference);
     }
-    if (Is_infinite(greatest)) {
-        return greatest; // no power at all
+
+    // The level of one of so many equal shares.
+    Enclosed Level(double count) const {
+        return is_infinite || is_empty ? Infinite(!is_infinite)
+                                       : Level_of(sum / Enclose(count), reference);
     }
+
+  private:
+    Enclosed reference;
     Enclosed sum;
-    for (std::size_t k = 0; k < count; ++k) {
-        sum = sum + Power_of(Level_in(levels[k], unit).*end, greatest);
-    }
-    return Level_of(sum / Enclose(share), greatest);
-}
+    bool is_empty = true; // but for levels of -inf
+    bool is_infinite = false;
+};
 
-Measurement Sum_of_powers(Measurement const* levels, std::size_t count, double share) {
-    if (count == 0) {
-        throw Refusal::nothing_to_sum;
+// The powers of levels, in the unit of the first.
+class Levels_sum {
+  public:
+    void Add(Measurement const& level) {
+        Measurement const& known = first ? *first : level;
+        try {
+            Add(Level_in(level, known.Get_unit()));
+        } catch (Refusal reason) {
+            if (!first) {
+                Refuse(reason, "add the powers of", level);
+            }
+            Refuse(reason, "add the powers of", known, "and", level);
+        }
+        first = known;
+        ++count;
     }
-    Units const unit = levels[0].Get_unit();
-    return Rounded({Level_of_sum(levels, count, unit, share, &Band::lower),
-                    Level_of_sum(levels, count, unit, share, &Band::value),
-                    Level_of_sum(levels, count, unit, share, &Band::upper), false},
-                   unit);
-}
 
-[[noreturn]] void Refuse_sum(Refusal reason, Measurement const* levels, std::size_t count) {
-    if (count == 0) {
-        Refuse(reason, "add the powers of no levels");
-    }
-    for (std::size_t k = 0; k < count; ++k) {
-        bool const differs = Kind_of(levels[k].Get_unit()) != Kind_of(levels[0].Get_unit());
-        if (differs || Form_of(levels[k]) != Form::level) {
-            Refuse(reason, "add the powers of", levels[0], "and", levels[k]);
+    std::uint64_t Get_count() const { return count; }
+
+    // The level of one of so many equal shares.
+    Measurement Level(double share) const {
+        if (!first) {
+            Refuse(Refusal::nothing_to_sum, "add the powers of no levels");
+        }
+        try {
+            Enclosed const middle = value.Level(share);
+            return Rounded({are_single ? middle : lower.Level(share), middle,
+                            are_single ? middle : upper.Level(share), false},
+                           first->Get_unit());
+        } catch (Refusal reason) {
+            Refuse(reason, "add the powers of levels like", *first);
         }
     }
-    Refuse(reason, "add the powers of levels like", levels[0]);
+
+    Measurement Mean_level() const { return Level(static_cast<double>(count)); }
+
+  private:
+    void Add(Band const& level) {
+        if (are_single && !level.is_single) {
+            lower = upper = value;
+            are_single = false;
+        }
+        if (!are_single) {
+            lower.Add(level.lower);
+            upper.Add(level.upper);
+        }
+        value.Add(level.value);
+    }
+
+    std::optional<Measurement> first;
+    std::uint64_t count = 0;
+    bool are_single = true; // without bounds, so that `value` serves for all three
+    Summed_powers lower;
+    Summed_powers value;
+    Summed_powers upper;
+};
+
+} // namespace
+
+struct Power_accumulator::Powers {
+    Levels_sum sum;
+};
+
+Power_accumulator::Power_accumulator() : powers(std::make_unique<Powers>()) {}
+Power_accumulator::Power_accumulator(Power_accumulator&& other) noexcept = default;
+Power_accumulator& Power_accumulator::operator=(Power_accumulator&& other) noexcept = default;
+Power_accumulator::~Power_accumulator() = default;
+
+void Power_accumulator::Add(Measurement const& level) {
+    powers->sum.Add(level);
+}
+
+std::uint64_t Power_accumulator::Get_count() const noexcept {
+    return powers->sum.Get_count();
+}
+
+Measurement Power_accumulator::Sum() const {
+    return powers->sum.Level(1.0);
+}
+
+Measurement Power_accumulator::Mean() const {
+    return powers->sum.Mean_level();
+}
+
+namespace {
+
+Levels_sum Summed(Measurement const* levels, std::size_t count) {
+    Levels_sum sum;
+    std::for_each(levels, levels + count, [&](Measurement const& level) { sum.Add(level); });
+    return sum;
 }
 
 } // namespace
 
 Measurement Power_sum(Measurement const* levels, std::size_t count) {
-    try {
-        return Sum_of_powers(levels, count, 1.0);
-    } catch (Refusal reason) {
-        Refuse_sum(reason, levels, count);
-    }
+    return Summed(levels, count).Level(1.0);
 }
 
 Measurement Power_sum(std::initializer_list<Measurement> levels) {
@@ -147,11 +226,7 @@ Measurement Power_sum(std::initializer_list<Measurement> levels) {
 }
 
 Measurement Power_mean(Measurement const* levels, std::size_t count) {
-    try {
-        return Sum_of_powers(levels, count, static_cast<double>(count));
-    } catch (Refusal reason) {
-        Refuse_sum(reason, levels, count);
-    }
+    return Summed(levels, count).Mean_level();
 }
 
 Measurement Power_mean(std::initializer_list<Measurement> levels) {

@@ -4,6 +4,7 @@
 
 #include "Decimals.h"
 #include "Kept_decimals.h"
+#include "Measurement_parts.h"
 
 #include <cmath>
 #include <optional>
@@ -42,16 +43,19 @@ std::optional<Units> Difference_unit(std::string_view text) {
 struct Read_unit {
     Units unit;
     bool is_difference;
+    bool is_valid = false; // as a unit to measure in; otherwise it is not known yet
 };
 
-Parse_result<Read_unit> Unit_of(Quantity_parts const& parts) {
+Parse_result<Read_unit> Unit_of(Quantity_parts const& parts, Dialect dialect) {
     if (parts.unit.empty()) {
         return Read_unit{C_Empty, false};
     }
-    if (std::optional<Units> const difference = Difference_unit(parts.unit)) {
+    std::optional<Units> const difference =
+        dialect == Dialect::standard ? Difference_unit(parts.unit) : std::nullopt;
+    if (difference) {
         return Read_unit{*difference, true};
     }
-    Parse_result<Units> const unit = Try_parse_unit(parts.unit);
+    Parse_result<Units> const unit = Try_parse_unit(parts.unit, dialect);
     if (!unit) {
         Text_fault fault = unit.Get_fault();
         fault.position += parts.unit_position;
@@ -165,26 +169,64 @@ bool Is_about_unit(Refusal reason) {
 
 using Read = std::variant<Measurement, Text_fault, Refused_at>;
 
+bool Are_in_order(Read_numbers const& numbers) {
+    return std::isfinite(numbers.value) && numbers.lower <= numbers.value &&
+           numbers.value <= numbers.upper;
+}
+
+Measurement Made_of(Quantity_parts const& parts, Read_unit const& unit) {
+    if (unit.is_valid) {
+        auto const decimals = Made_of_decimals(Decimals_of(parts), unit.unit, unit.is_difference);
+        if (decimals) {
+            return *decimals;
+        }
+    }
+    Read_numbers const numbers = Numbers_of(parts);
+    if (unit.is_valid && Are_in_order(numbers)) {
+        return Measurement_parts::Made(numbers.value, numbers.lower, numbers.upper, unit.unit,
+                                       unit.is_difference);
+    }
+    return With_decimals(
+        unit.is_difference
+            ? Measurement::Difference(numbers.value, unit.unit, numbers.lower, numbers.upper)
+            : Measurement(numbers.value, unit.unit, numbers.lower, numbers.upper),
+        parts);
+}
+
+Read Read_parts(Quantity_parts const& parts, Read_unit const& unit) {
+    try {
+        return Made_of(parts, unit);
+    } catch (MeasurementRefused const& refused) {
+        return Refused_at{refused, Is_about_unit(refused.Get_reason()) ? parts.unit_position
+                                                                       : parts.bounds_position};
+    }
+}
+
 Read Read_measurement(std::string_view text) {
     Parse_result<Quantity_parts> const parts = Try_split_quantity(text, {true, true});
     if (!parts) {
         return parts.Get_fault();
     }
-    Parse_result<Read_unit> const unit = Unit_of(*parts);
-    if (!unit) {
-        return unit.Get_fault();
+    Parse_result<Read_unit> const unit = Unit_of(*parts, Dialect::standard);
+    return unit ? Read_parts(*parts, *unit) : Read(unit.Get_fault());
+}
+
+bool Give_bounds(Quantity_parts const& parts) {
+    bool const deviates = parts.lower.nearest != 0.0 || parts.upper.nearest != 0.0;
+    return parts.form == Quantity_form::bounds ||
+           (parts.form != Quantity_form::value_alone && deviates);
+}
+
+Parse_result<Measurement> Result_of(Read read) {
+    if (auto* fault = std::get_if<Text_fault>(&read)) {
+        return std::move(*fault);
     }
-    Read_numbers const numbers = Numbers_of(*parts);
-    try {
-        Measurement const made =
-            unit->is_difference
-                ? Measurement::Difference(numbers.value, unit->unit, numbers.lower, numbers.upper)
-                : Measurement(numbers.value, unit->unit, numbers.lower, numbers.upper);
-        return With_decimals(made, *parts);
-    } catch (MeasurementRefused const& refused) {
-        return Refused_at{refused, Is_about_unit(refused.Get_reason()) ? parts->unit_position
-                                                                       : parts->bounds_position};
+    if (auto const* refused = std::get_if<Refused_at>(&read)) {
+        MeasurementRefused const& refusal = refused->refused;
+        return Text_fault{refused->position, refusal.Worded(Way_out_words(refusal.Get_way_out())),
+                          ""};
     }
+    return std::get<Measurement>(read);
 }
 
 } // namespace
@@ -201,16 +243,31 @@ Measurement Parse_measurement(std::string_view text) {
 }
 
 Parse_result<Measurement> Try_parse_measurement(std::string_view text) {
-    Read read = Read_measurement(text);
-    if (auto* fault = std::get_if<Text_fault>(&read)) {
-        return std::move(*fault);
+    return Result_of(Read_measurement(text));
+}
+
+Parse_result<Measurement> Measurement_reader::Read(std::string_view text) {
+    Parse_result<Quantity_parts> const parts = Try_split_quantity(text, forms);
+    if (!parts) {
+        return parts.Get_fault();
     }
-    if (auto const* refused = std::get_if<Refused_at>(&read)) {
-        MeasurementRefused const& refusal = refused->refused;
-        return Text_fault{refused->position, refusal.Worded(Way_out_words(refusal.Get_way_out())),
-                          ""};
+    has_bounds = Give_bounds(*parts);
+    if (parts->unit != unit_text) {
+        Parse_result<Read_unit> const read = Unit_of(*parts, dialect);
+        if (!read) {
+            return read.Get_fault();
+        }
+        unit_text = parts->unit;
+        unit = read->unit;
+        is_difference = read->is_difference;
+        is_valid = false;
     }
-    return std::get<Measurement>(read);
+    auto result = Result_of(Read_parts(*parts, {unit, is_difference, is_valid}));
+    if (result && !is_valid) {
+        unit = result->Get_unit();
+        is_valid = true;
+    }
+    return result;
 }
 
 } // namespace Varnix::Value

@@ -49,6 +49,13 @@ Character Raised(std::uint8_t size, std::uint32_t value) {
     return {Kind::raised, size, static_cast<std::int8_t>(value)};
 }
 
+// Marks and controls of the direction of a line, and line breaks: in a message they would reorder
+// what is read, or hide a part of it.
+bool Turns_lines(std::uint32_t code) {
+    return code == 0x061C || code == 0x200E || code == 0x200F || (code >= 0x2028 && code <= 0x202E) ||
+           (code >= 0x2066 && code <= 0x2069);
+}
+
 // clang-format off
 Character Kind_of(Decoded const& decoded) {
     std::uint32_t const code = decoded.code_point;
@@ -72,7 +79,8 @@ Character Kind_of(Decoded const& decoded) {
     case 0x00A0:                                   // the blanks that typesetters put before a unit
     case 0x2009:
     case 0x202F: return {Kind::blank, size, 0};
-    default:     return {code < 0xA0 ? Kind::invalid : Kind::letter, size, 0};
+    default:
+        return {code < 0xA0 || Turns_lines(code) ? Kind::invalid : Kind::letter, size, 0};
     }
 }
 
@@ -115,6 +123,19 @@ Character Beyond_ascii(std::string_view text) {
     return Kind_of(Decode(text));
 }
 
+namespace {
+
+std::string Hexadecimal(std::uint32_t number, int count) {
+    static constexpr std::string_view digits = "0123456789ABCDEF";
+    std::string text;
+    for (int place = count - 1; place >= 0; --place) {
+        text += digits[number >> (4 * place) & 0xFU];
+    }
+    return text;
+}
+
+} // namespace
+
 std::string Described(std::string_view text, std::size_t position) {
     Character const character = Character_at(text, position);
     if (character.kind == Kind::text_end) {
@@ -123,11 +144,14 @@ std::string Described(std::string_view text, std::size_t position) {
     if (character.kind != Kind::invalid) {
         return Quoted(text.substr(position, character.size));
     }
-    static constexpr std::string_view digits = "0123456789ABCDEF";
+    if (character.size > 1) {
+        std::uint32_t const code = Decode(text.substr(position)).code_point;
+        return "the control character U+" + Hexadecimal(code, 4);
+    }
     auto const byte = static_cast<unsigned char>(text[position]);
-    std::string const number = {'0', 'x', digits[byte / 16U], digits[byte % 16U]};
-    return byte < 0x80 || character.size > 1 ? "the control character " + number
-                                             : "the byte " + number + ", which is not UTF-8";
+    std::string const number = "0x" + Hexadecimal(byte, 2);
+    return byte < 0x80 ? "the control character " + number
+                       : "the byte " + number + ", which is not UTF-8";
 }
 
 std::string Quoted(std::string_view word) {

@@ -11,52 +11,23 @@ namespace Varnix::Value::Tool {
 
 // ---- Reading
 
-namespace {
-
-// A text in the suffixes of instruments, with the unit as everybody writes it.
-std::string Standard_text(std::string_view text, Quantity_parts const& parts, Dialect dialect) {
-    std::string standard(text);
-    if (dialect == Dialect::scpi && !parts.unit.empty()) {
-        auto const unit = Try_parse_unit(parts.unit, dialect);
-        if (!unit) {
-            Text_fault fault = unit.Get_fault();
-            fault.position += parts.unit_position;
-            throw Refusal(fault, text);
-        }
-        standard.replace(parts.unit_position, parts.unit.size(), Format_unit(*unit));
-    }
-    return standard;
-}
-
-constexpr Number_forms measured_forms = {false, true};
-
-// "5 V" and "5 ± 0 V" are the number alone.
-bool Has_typed_bounds(Quantity_parts const& parts) {
-    bool const deviates = parts.lower.nearest != 0.0 || parts.upper.nearest != 0.0;
-    return parts.form == Quantity_form::bounds ||
-           (parts.form != Quantity_form::value_alone && deviates);
-}
-
-Answer Read_measured(std::string_view text, Dialect dialect) {
-    auto const parts = Try_split_quantity(text, measured_forms);
-    if (!parts) {
-        throw Refusal(parts.Get_fault(), text);
-    }
-    std::string const standard = Standard_text(text, *parts, dialect);
-    auto const measured = Try_parse_measurement(standard);
+Answer Answer_reader::Read_measured(std::string_view text) {
+    auto const measured = reader.Read(text);
     if (!measured) {
-        throw Refusal(measured.Get_fault(), standard);
+        throw Refusal(measured.Get_fault(), text);
     }
-    return {*measured, Has_typed_bounds(*parts)};
+    return {*measured, reader.Has_bounds()};
 }
 
-} // namespace
-
-Answer Read_answer(std::string_view text, Options const& options) {
+Answer Answer_reader::Read(std::string_view text) {
     if (options.rules == Rules::measurements) {
-        return Read_measured(text, options.dialect);
+        return Read_measured(text);
     }
     return {Read_quantity(text, options.dialect), true};
+}
+
+Answer Read_answer(std::string_view text, Options const& options) {
+    return Answer_reader(options).Read(text);
 }
 
 // ---- Writing

@@ -7,7 +7,7 @@
 #include "Commands.h"
 #include "Core_rules.h"
 
-#include <varnix/value/Measurement.h>
+#include <varnix/value/Measurement_text.h>
 
 #include <string>
 #include <string_view>
@@ -21,7 +21,23 @@ struct Answer {
     bool has_bounds;
 };
 
-// The quantity that `text` is, by the rules of the options. @throws Refusal with an excerpt
+// Reads quantities by the rules of the options, many of them in a time that is hardly more than that
+// of their numbers.
+class Answer_reader {
+  public:
+    explicit Answer_reader(Options const& options_) : options(options_), reader(options_.dialect) {}
+
+    // The quantity that `text` is. @throws Refusal with an excerpt
+    Answer Read(std::string_view text);
+
+  private:
+    Answer Read_measured(std::string_view text);
+
+    Options const& options;
+    Measurement_reader reader;
+};
+
+// The same for one alone.
 Answer Read_answer(std::string_view text, Options const& options);
 
 // As it is printed. Without a format of the user's own, bounds that were not typed are not shown,

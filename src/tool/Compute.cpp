@@ -1,12 +1,12 @@
 // `compute`: one operation on two quantities, a check of limits, or a sum of powers.
 
+#include "Lines.h"
 #include "Quantity_converter.h"
 #include "Written_results.h"
 
 #include <varnix/value/Levels.h>
 
 #include <algorithm>
-#include <cstdint>
 #include <vector>
 
 namespace Varnix::Value::Tool {
@@ -206,49 +206,29 @@ void Write_limit_check(std::string const& text, Computation_request const& reque
 
 // ---- Sums of powers
 
-std::string All_of(Input& input) {
-    std::string_view text;
-    while (!input.At_end()) {
-        text = input.Read_more();
-    }
-    return std::string(text);
-}
-
-struct Levels_read {
-    std::vector<Measurement> levels;
-    bool has_bounds = false;
-};
-
-Levels_read Read_levels(Options const& options) {
-    Input input(Standard_input);
-    std::string const text = All_of(input);
-    Levels_read read;
-    std::uint64_t line_number = 0;
-    for (std::size_t start = 0; start < text.size();) {
-        std::size_t const end = std::min(text.find('\n', start), text.size());
-        std::string_view const line = Trimmed(std::string_view(text).substr(start, end - start));
-        start = end + 1;
-        ++line_number;
-        if (line.empty()) {
-            continue;
-        }
-        try {
-            Answer const answer = Read_answer(line, options);
-            read.levels.push_back(std::get<Measurement>(answer.result));
-            read.has_bounds = read.has_bounds || answer.has_bounds;
-        } catch (Refusal const& refusal) {
-            throw refusal.At(input.Place(line_number));
-        }
-    }
-    return read;
+// The power of a level is added, and whether it was typed with bounds.
+void Add_level(Answer const& answer, Power_accumulator& powers, bool& has_bounds) {
+    Telling_refusals([&] { powers.Add(std::get<Measurement>(answer.result)); });
+    has_bounds = has_bounds || answer.has_bounds;
 }
 
 void Write_power_sum(Computation_request const& request, Options const& options, Output& output) {
-    auto const [levels, has_bounds] = Read_levels(options);
-    auto const sum = Telling_refusals([&levels_read = levels, &request] {
-        return request.power_sum ? Power_sum(levels_read.data(), levels_read.size())
-                                 : Power_mean(levels_read.data(), levels_read.size());
-    });
+    Answer_reader reader(options);
+    Power_accumulator powers;
+    bool has_bounds = false;
+    Line_reader lines(Standard_input, output);
+    for (std::string_view line; lines.Next(line);) {
+        std::string_view const content = Trimmed(line);
+        try {
+            if (!content.empty()) {
+                Add_level(reader.Read(content), powers, has_bounds);
+            }
+        } catch (Refusal const& refusal) {
+            throw refusal.At(lines.Place());
+        }
+    }
+    Measurement const sum =
+        Telling_refusals([&] { return request.power_sum ? powers.Sum() : powers.Mean(); });
     Write_answer(request.power_sum ? "power sum" : "power mean", {sum, has_bounds}, request,
                  options, output);
 }

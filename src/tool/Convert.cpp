@@ -87,7 +87,7 @@ Exit_status Convert_quantities(Conversion_request const& request, Options const&
                                Output& output) {
     Check_quotes(request, options);
     Check_no_file(request, options.dialect);
-    Quantity_converter const converter(request.to, request.with, options);
+    Quantity_converter converter(request.to, request.with, options);
     Exit_status status = exit_done;
     for (std::string const& text : request.quantities) {
         try {

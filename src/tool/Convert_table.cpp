@@ -19,6 +19,12 @@ std::uint64_t Line_breaks(std::string_view text) {
     return static_cast<std::uint64_t>(std::count(text.begin(), text.end(), '\n'));
 }
 
+char const* Reason_of(Csv_outcome outcome) {
+    return outcome == Csv_outcome::incomplete  ? "a quote is not closed before the end"
+           : outcome == Csv_outcome::misquoted ? "a delimiter was expected after the closing quote"
+                                               : Bare_return;
+}
+
 // Reads one table.
 class Table {
   public:
@@ -93,9 +99,7 @@ class Table {
             Take_width();
         }
         if (outcome != Csv_outcome::complete) {
-            Pass_on(record, Refusal(outcome == Csv_outcome::incomplete
-                                        ? "a quote is not closed before the end"
-                                        : "a delimiter was expected after the closing quote"));
+            Pass_on(record, Refusal(Reason_of(outcome)));
         } else if (column_count == 0) {
             Take_header(record);
         } else if (scanner.End() == 0) {
@@ -104,6 +108,8 @@ class Table {
             Pass_on(record, Refusal("cells in this line: " + std::to_string(scanner.Count()) +
                                     (has_header ? "; in the header: " : "; in the first: ") +
                                     std::to_string(column_count)));
+        } else if (options.json && writer.Find_not_utf8(record, scanner.Fields(), not_utf8)) {
+            Refuse_bytes(record);
         } else {
             Convert_record(record);
         }
@@ -150,6 +156,16 @@ class Table {
         }
     }
 
+    // A record that no JSON string can hold.
+    void Refuse_bytes(std::string_view record) {
+        std::uint64_t const byte_line = line + Line_breaks(record.substr(0, not_utf8.position));
+        Tell(Not_utf8(record, not_utf8.position),
+             input.Place(byte_line) + ", column " + not_utf8.column);
+        if (!stopped) {
+            writer.Write_whole(record, Not_utf8(record, not_utf8.position));
+        }
+    }
+
     // A record that is refused as a whole.
     void Pass_on(std::string_view record, Refusal const& refusal) {
         if (column_count == 0) {
@@ -174,6 +190,7 @@ class Table {
     Table_writer& writer;
     Output& output;
     Table_writer::Results results; // of the record
+    Foreign_byte not_utf8;         // likewise, for objects
     std::size_t column_count = 0;  // of the header; 0 before it has been read
     std::uint64_t line = 1;        // where the record starts
     Exit_status status = exit_done;

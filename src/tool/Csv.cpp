@@ -29,7 +29,8 @@ std::size_t Closing_quote(std::string_view text, std::size_t from) {
 // The delimiter or line break that ends an unquoted field, or the end of the text.
 std::size_t End_of_plain_field(std::string_view text, std::size_t from, char delimiter) {
     std::size_t place = from;
-    while (place < text.size() && text[place] != delimiter && text[place] != '\n') {
+    while (place < text.size() && text[place] != delimiter && text[place] != '\n' &&
+           text[place] != '\r') {
         ++place;
     }
     return place;
@@ -45,10 +46,10 @@ Csv_field Field_between(std::string_view text, std::size_t start, std::size_t en
     return quoted ? Csv_field{start + 1, end - 1, true} : Csv_field{start, end, false};
 }
 
-// A line break may be "\r\n": the "\r" belongs to no field.
+// A line break may be "\r\n", or what is there of it at the end of the text.
 bool At_line_break(std::string_view text, std::size_t place) {
     return text[place] == '\n' ||
-           (text[place] == '\r' && place + 1 < text.size() && text[place + 1] == '\n');
+           (text[place] == '\r' && (place + 1 == text.size() || text[place + 1] == '\n'));
 }
 
 // Whether it takes more text to tell what the byte behind a field is.
@@ -62,17 +63,16 @@ Csv_outcome Csv_scanner::Scan(std::string_view text, bool at_end) {
     if (!suspended) {
         Start_record();
     }
-    while (!misquoted) {
+    while (outcome == Csv_outcome::complete) {
         std::size_t const place = Find_field_end(text);
         if (place == nowhere || (Needs_more(text, place) && !at_end)) {
             return Suspend(text);
         }
         if (place == text.size() || At_line_break(text, place)) {
             Take_last_field(text, place);
-            return Csv_outcome::complete;
+            return outcome;
         }
-        misquoted = text[place] != delimiter;
-        if (!misquoted) {
+        if (Ends_field(text, place)) {
             Take_field(Field_between(text, field_start, place));
             field_start = place + 1;
             searched = field_start;
@@ -81,12 +81,21 @@ Csv_outcome Csv_scanner::Scan(std::string_view text, bool at_end) {
     return Skip_line(text, at_end);
 }
 
+// Whether the byte behind a field is a delimiter; if not, the record is given up.
+bool Csv_scanner::Ends_field(std::string_view text, std::size_t place) {
+    bool const is_end = text[place] == delimiter;
+    outcome = is_end                ? Csv_outcome::complete
+              : text[place] == '\r' ? Csv_outcome::returned
+                                    : Csv_outcome::misquoted;
+    return is_end;
+}
+
 void Csv_scanner::Start_record() {
     fields.clear();
     count = 0;
     field_start = 0;
     searched = 0;
-    misquoted = false;
+    outcome = Csv_outcome::complete;
 }
 
 // The byte behind the field; `nowhere` where its closing quote is not there.
@@ -114,18 +123,13 @@ void Csv_scanner::Take_field(Csv_field const& field) {
 }
 
 void Csv_scanner::Take_last_field(std::string_view text, std::size_t place) {
-    Csv_field field = Field_between(text, field_start, place);
+    Take_field(Field_between(text, field_start, place));
     end = place;
-    if (!field.quoted && place < text.size() && field.last > field.first &&
-        text[field.last - 1] == '\r') {
-        end = --field.last;
-    }
-    Take_field(field);
-    next = place == text.size() ? place : Find(text, '\n', place) + 1;
+    next = std::min(place + (text.substr(place, 1) == "\r" ? 2U : 1U), text.size());
     suspended = false;
 }
 
-// Something follows the closing quote: the line is given up, and the next one is a new record.
+// The line is given up, and the next one is a new record.
 Csv_outcome Csv_scanner::Skip_line(std::string_view text, bool at_end) {
     std::size_t const line_end = Find(text, '\n', searched);
     if (line_end == nowhere && !at_end) {
@@ -134,7 +138,7 @@ Csv_outcome Csv_scanner::Skip_line(std::string_view text, bool at_end) {
     }
     next = line_end == nowhere ? text.size() : line_end + 1;
     suspended = false;
-    return Csv_outcome::misquoted;
+    return outcome;
 }
 
 void For_each_field(std::string_view record, char delimiter,

@@ -24,6 +24,7 @@ enum class Csv_outcome {
     complete,   // the fields are there
     incomplete, // the text ends before the record does
     misquoted,  // something follows the closing quote of a field
+    returned,   // a carriage return alone, where only a line break could be meant
 };
 
 // Finds one record after the other. A record of which only a part is there yet is scanned on from
@@ -44,8 +45,8 @@ class Csv_scanner {
     std::vector<Csv_field> const& Fields() const { return fields; }
     std::size_t Count() const { return count; } // of its fields
     std::size_t End() const { return end; }     // the first byte of the line break
-    // The first byte of the next record: that of the next line when misquoted, the end of the text
-    // when incomplete.
+    // The first byte of the next record: that of the next line when misquoted or returned, the end
+    // of the text when incomplete.
     std::size_t Next() const { return next; }
 
   private:
@@ -54,6 +55,7 @@ class Csv_scanner {
     void Take_field(Csv_field const& field);
     void Take_last_field(std::string_view text, std::size_t place);
     Csv_outcome Suspend(std::string_view text);
+    bool Ends_field(std::string_view text, std::size_t place);
     Csv_outcome Skip_line(std::string_view text, bool at_end);
 
     char delimiter;
@@ -62,10 +64,10 @@ class Csv_scanner {
     std::size_t count = 0;
     std::size_t end = 0;
     std::size_t next = 0;
-    std::size_t field_start = 0; // of the field that is scanned
-    std::size_t searched = 0;    // up to here its end has been looked for
-    bool misquoted = false;      // the rest of the line is skipped
-    bool suspended = false;      // within a record
+    std::size_t field_start = 0;                 // of the field that is scanned
+    std::size_t searched = 0;                    // up to here its end has been looked for
+    Csv_outcome outcome = Csv_outcome::complete; // otherwise the rest of the line is skipped
+    bool suspended = false;                      // within a record
 };
 
 // Calls `action` for each field of `record`, which is complete and has no line break behind it.

@@ -22,14 +22,16 @@ Quantity_converter::Quantity_converter(std::string const& to_, std::string const
                                        Options const& options_)
     : to(options_.rules == Rules::measurements ? Read_target(to_) : Target{Read_unit(to_), false}),
       with(with_.empty() ? std::nullopt : std::optional(Read_answer(with_, options_))),
-      options(options_) {}
+      reader(options_) {}
 
 namespace {
 
 // A number without unit converts into ratios; elsewhere its unit has been forgotten.
 void Check_has_unit(Measurement const& x, Units const& to) {
-    bool const can_have_none = to.tuples[0].unit == NO_UNIT || Same_kind(to, C_Percent);
-    if (x.Get_unit() == C_Empty && !can_have_none) {
+    auto const can_have_none = [&] {
+        return to.tuples[0].unit == NO_UNIT || Same_kind(to, C_Percent);
+    };
+    if (x.Get_unit() == C_Empty && !can_have_none()) {
         std::string const number = Format_number(x.Get_value());
         throw Refusal("cannot convert " + number + " to " + Format_unit(to) +
                       ": the number needs its unit, as in '" + number + ' ' + Format_unit(to) +
@@ -65,8 +67,8 @@ Answer Quantity_converter::Convert(Answer const& answer) const {
     return converted;
 }
 
-Answer Quantity_converter::Convert(std::string_view text) const {
-    return Convert(Read_answer(text, options));
+Answer Quantity_converter::Convert(std::string_view text) {
+    return Convert(reader.Read(text));
 }
 
 } // namespace Varnix::Value::Tool

@@ -29,14 +29,14 @@ class Quantity_converter {
 
     // @throws Refusal where it does not convert, or the text is no quantity
     Answer Convert(Answer const& answer) const;
-    Answer Convert(std::string_view text) const;
+    Answer Convert(std::string_view text);
 
   private:
     Answer Converted(Answer const& answer) const;
 
     Target to;
     std::optional<Answer> with;
-    Options const& options;
+    Answer_reader reader;
 };
 
 } // namespace Varnix::Value::Tool

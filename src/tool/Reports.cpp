@@ -1,5 +1,7 @@
 #include "Reports.h"
 
+#include "Shown_text.h"
+
 #include <algorithm>
 #include <cstdio>
 #include <vector>
@@ -12,41 +14,17 @@ namespace {
 constexpr std::size_t shown_length = 72;
 constexpr std::size_t shown_before = 40;
 
-bool Continues_character(char byte) {
-    return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
-}
-
-// The length of the UTF-8 character that starts here; 0 for bytes that are none.
-std::size_t Character_length(std::string_view text) {
-    auto const lead = static_cast<unsigned char>(text[0]);
-    std::size_t const length = lead < 0x80    ? 1
-                               : lead < 0xC2  ? 0
-                               : lead < 0xE0  ? 2
-                               : lead < 0xF0  ? 3
-                               : lead <= 0xF4 ? 4
-                                              : 0;
-    if (length == 0 || length > text.size() ||
-        !std::all_of(text.begin() + 1, text.begin() + static_cast<std::ptrdiff_t>(length),
-                     Continues_character)) {
-        return 0;
-    }
-    return length;
-}
-
-// One character that a terminal can show.
+// A character of the text, as it is shown.
 struct Character {
     std::size_t position; // its first byte in the text
-    std::string_view bytes;
+    Shown_character shown;
 };
 
 std::vector<Character> Characters_of(std::string_view text) {
     std::vector<Character> characters;
     for (std::size_t position = 0; position < text.size();) {
-        std::size_t const length = Character_length(text.substr(position));
-        bool const shown =
-            length > 1 || (length == 1 && text[position] >= ' ' && text[position] != 0x7F);
-        characters.push_back({position, shown ? text.substr(position, length) : "?"});
-        position += std::max<std::size_t>(length, 1);
+        characters.push_back({position, Show_first(text.substr(position))});
+        position += characters.back().shown.size;
     }
     return characters;
 }
@@ -84,22 +62,27 @@ std::string Refusal::Excerpt() const {
     std::size_t const first = marked > shown_before ? marked - shown_before : 0;
     std::size_t const last = std::min(characters.size(), first + shown_length);
     std::string line = first > 0 ? "..." : "";
-    std::string const mark(line.size() + marked - first, ' ');
+    std::string mark(line.size(), ' ');
     for (std::size_t k = first; k < last; ++k) {
-        line += characters[k].bytes;
+        line += characters[k].shown.bytes;
+        mark.append(k < marked ? characters[k].shown.width : 0, ' ');
     }
     line += last < characters.size() ? "..." : "";
     return "  " + line + "\n  " + mark + "^\n";
 }
 
+Refusal Not_utf8(std::string_view text, std::size_t position) {
+    return {"the byte " + Shown(text.substr(position, 1)) + " is not UTF-8, which JSON has to be",
+            text, position};
+}
+
 void Report(Refusal const& refusal, std::string const& place) {
-    std::string const text = "value-object: " + (place.empty() ? "" : place + ": ") +
-                             refusal.what() + '\n' + refusal.Excerpt();
-    std::fputs(text.c_str(), stderr);
+    Report((place.empty() ? "" : place + ": ") + refusal.what());
+    std::fputs(refusal.Excerpt().c_str(), stderr);
 }
 
 void Report(std::string const& message) {
-    std::fputs(("value-object: " + message + '\n').c_str(), stderr);
+    std::fputs(("value-object: " + Shown(message) + '\n').c_str(), stderr);
 }
 
 } // namespace Varnix::Value::Tool

@@ -44,13 +44,17 @@ class Refusal : public std::runtime_error {
     std::size_t position = 0;
 };
 
+// A byte of `text` is not UTF-8, and JSON has to be.
+Refusal Not_utf8(std::string_view text, std::size_t position);
+
 // The command line cannot be followed, or a file cannot be read or written.
 class Trouble : public std::runtime_error {
   public:
     using std::runtime_error::runtime_error;
 };
 
-// Writes "value-object: PLACE: MESSAGE" and the excerpt on standard error; `place` may be empty.
+// Writes "value-object: PLACE: MESSAGE" and the excerpt on standard error; `place` may be empty. What
+// a terminal would obey is escaped, here and below.
 void Report(Refusal const& refusal, std::string const& place = "");
 
 // Writes "value-object: MESSAGE" on standard error.

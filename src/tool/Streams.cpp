@@ -7,6 +7,7 @@
 #include <cstring>
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace Varnix::Value::Tool {
@@ -60,12 +61,37 @@ int Opened(std::string const& name) {
     return file;
 }
 
+bool Is_same_file(struct stat const& first, struct stat const& second) {
+    return first.st_dev == second.st_dev && first.st_ino == second.st_ino;
+}
+
+// Whether what is written becomes input: both are one file, of which something is still to be read.
+bool Is_output_too(int file) {
+    struct stat given = {};
+    struct stat written = {};
+    if (fstat(file, &given) != 0 || fstat(STDOUT_FILENO, &written) != 0 ||
+        !S_ISREG(written.st_mode) || !Is_same_file(given, written)) {
+        return false;
+    }
+    off_t const place = lseek(file, 0, SEEK_CUR);
+    return place >= 0 && place < given.st_size;
+}
+
 } // namespace
 
 Input::Input(std::string const& name_)
-    : name(name_), file(Opened(name)), buffer(block_size), progress(file) {}
+    : name(name_), file(Opened(name)), buffer(block_size), progress(file) {
+    if (Is_output_too(file)) {
+        Close();
+        throw Trouble(Description() + " is the file that is written to as well");
+    }
+}
 
 Input::~Input() {
+    Close();
+}
+
+void Input::Close() const {
     if (file != STDIN_FILENO) {
         close(file);
     }

@@ -54,13 +54,23 @@ class Output {
     std::size_t used = 0;
 };
 
+// Why a line or a record is refused whose line ends are carriage returns without line feeds: where
+// one begins and another ends would be a guess.
+inline constexpr char const* Bare_return =
+    "the line ends are carriage returns alone; turn them into line feeds first: tr '\\r' '\\n'";
+
+inline bool Has_bare_return(std::string_view line) {
+    return line.find('\r') != std::string_view::npos;
+}
+
 // The name that stands for standard input among those of files.
 inline constexpr char const* Standard_input = "-";
 
 // A file or standard input. Bytes stay until they are consumed.
 class Input {
   public:
-    // @throws Trouble where there is no such file
+    // @throws Trouble where there is no such file, or where standard output goes to the end of it:
+    // what is written would be read again
     explicit Input(std::string const& name);
     ~Input();
     Input(Input const&) = delete;
@@ -81,6 +91,7 @@ class Input {
 
   private:
     void Make_room();
+    void Close() const;
 
     std::string name;
     int file;

@@ -1,5 +1,6 @@
 #include "Table_header.h"
 
+#include "Shown_text.h"
 #include "Written_results.h"
 
 #include <algorithm>
@@ -250,7 +251,11 @@ std::string Rename_units(std::vector<Column> const& columns, std::string_view he
 std::vector<std::string> Json_names(std::string_view header, char delimiter) {
     std::vector<std::string> names;
     std::unordered_set<std::string> known;
-    For_each_field(header, delimiter, [&](std::size_t, Csv_field const& field) {
+    For_each_field(header, delimiter, [&](std::size_t index, Csv_field const& field) {
+        std::string_view const written = header.substr(0, field.last);
+        if (std::size_t const byte = First_not_utf8(written); byte != written.size()) {
+            throw Not_utf8(header, byte).At("line 1, column " + std::to_string(index + 1));
+        }
         std::string const name(Trimmed(Csv_content(header, field)));
         if (!known.insert(name).second) {
             throw Refusal("the header has several columns \"" + name +

@@ -1,5 +1,6 @@
 #include "Table_writer.h"
 
+#include "Shown_text.h"
 #include "Written_results.h"
 
 namespace Varnix::Value::Tool {
@@ -55,6 +56,20 @@ void Table_writer::Write_record(std::string_view record, std::vector<Csv_field> 
     } else {
         Write_converted(record, fields, results);
     }
+}
+
+bool Table_writer::Find_not_utf8(std::string_view record, std::vector<Csv_field> const& fields,
+                                 Foreign_byte& found) const {
+    std::size_t const position = First_not_utf8(record);
+    if (position == record.size()) {
+        return false;
+    }
+    std::size_t column = 0;
+    while (column + 1 < fields.size() && fields[column].last <= position) {
+        ++column;
+    }
+    found = {position, names[column]};
+    return true;
 }
 
 void Table_writer::Write_converted(std::string_view record, std::vector<Csv_field> const& fields,

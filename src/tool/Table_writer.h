@@ -20,6 +20,12 @@ inline constexpr std::string_view byte_order_mark = "\xEF\xBB\xBF";
 // The content of a cell, without blanks around it.
 std::string_view Cell(std::string_view record, Csv_field const& field);
 
+// A byte of a record that is not UTF-8.
+struct Foreign_byte {
+    std::size_t position; // in the record
+    std::string column;   // its name, in quotes
+};
+
 // Writes records, or objects with a member for each column.
 class Table_writer {
   public:
@@ -41,6 +47,10 @@ class Table_writer {
 
     // The columns to convert, in the order of the header.
     std::vector<Column> const& Columns() const { return columns; }
+
+    // Whether a field has a byte that is not UTF-8, so that no object can hold it; finds the first.
+    bool Find_not_utf8(std::string_view record, std::vector<Csv_field> const& fields,
+                       Foreign_byte& found) const;
 
     void Write_record(std::string_view record, std::vector<Csv_field> const& fields,
                       Results const& results);

@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <exception>
-#include <iostream>
 #include <sstream>
 
 namespace Varnix::Value::Tool {
@@ -26,11 +25,24 @@ void Complete(Arguments& arguments) {
     options.format.unit = arguments.names ? STR_NAME : STR_SYMBOL;
 }
 
+// Whether a number may hold the character: a result would fall into two cells.
+bool Occurs_in_numbers(char character) {
+    constexpr std::string_view others = ".+-";
+    bool const is_letter = (character >= 'a' && character <= 'z') || // "1e+20", "inf"
+                           (character >= 'A' && character <= 'Z');
+    return (character >= '0' && character <= '9') || is_letter ||
+           others.find(character) != std::string_view::npos;
+}
+
 char Read_delimiter(std::string const& text) {
     char const delimiter = text == "tab" ? '\t' : text[0];
     if ((text.size() != 1 && text != "tab") || delimiter == '"' || delimiter == '\n' ||
         delimiter == '\r') {
         throw Trouble("--delimiter is one character, or \"tab\"");
+    }
+    if (Occurs_in_numbers(delimiter)) {
+        throw Trouble("--delimiter '" + text +
+                      "' may be a part of a number, which would become two cells");
     }
     return delimiter;
 }
@@ -140,7 +152,7 @@ int main(int count, char** texts) {
     try {
         return Main(count, texts);
     } catch (std::exception const& failure) { // Trouble, or no memory
-        std::cerr << "value-object: " << failure.what() << '\n';
+        Report(failure.what());
         return exit_trouble;
     }
 }

@@ -138,6 +138,15 @@ class Streams(unittest.TestCase):
                 costs = ([cost_through_a_pipe(arguments, text(k).encode()) for k in (1, 4)] for _ in range(3))
                 self.assertTrue(any(large < 5 * small + 0.05 for small, large in costs))
 
+    def test_sums_in_constant_memory(self):
+        """As many levels as would take more memory than there is, were they kept."""
+        lines = "10 dBm\n20 dBm [19, 21]\n" * 300000
+        bound = (lambda: resource.setrlimit(resource.RLIMIT_AS, (48 << 20, 48 << 20))) if len(PROGRAM) == 1 and not is_sanitized() else None
+        done = subprocess.run(PROGRAM + ["compute", "--power-mean"], input=lines.encode(), capture_output=True, timeout=120, check=False, preexec_fn=bound)
+        self.assertEqual(done.stderr, b"")
+        self.assertEqual(done.stdout, run(["compute", "--power-mean"], "10 dBm\n20 dBm [19, 21]\n").stdout)
+        self.assertEqual(done.returncode, 0)
+
     def test_inputs_that_never_end(self):
         for arguments, start in ((FEET, ""), (CENTIMETRES, 'x\n"')):
             done = run(arguments, start + "1" * (20 << 20))
@@ -152,6 +161,43 @@ class Streams(unittest.TestCase):
                 self.assertEqual(float(tool.stdout.readline()), float(number) * 0.3048)
             tool.stdin.close()
             self.assertEqual(tool.wait(), 0)
+
+    def test_output_that_is_input(self):
+        """Appended to its own input the output would be read again; an empty file has nothing to be read."""
+        jobs = (FEET, ["convert", "--to", "m"], CENTIMETRES)
+        for arguments in jobs:
+            for named in (False, True):
+                with self.subTest(arguments=arguments, named=named), tempfile.NamedTemporaryFile() as file:
+                    text = b"x\n1\n" if arguments == CENTIMETRES else b"1\n" if arguments == FEET else b"1 ft\n"
+                    file.write(text)
+                    file.flush()
+                    command = PROGRAM + arguments + ([file.name] if named and arguments != jobs[1] else [])
+                    with open(file.name, "rb") as given, open(file.name, "ab") as written:
+                        done = subprocess.run(command, stdin=given, stdout=written, stderr=subprocess.PIPE, check=False)
+                    self.assertEqual(done.returncode, 2)
+                    self.assertIn(b" is the file that is written to as well\n", done.stderr)
+                    with open(file.name, "rb") as after:
+                        self.assertEqual(after.read(), text)
+        with tempfile.NamedTemporaryFile() as file:
+            with open(file.name, "rb") as given, open(file.name, "ab") as written:
+                self.assertEqual(subprocess.run(PROGRAM + FEET, stdin=given, stdout=written, check=False).returncode, 0)
+
+    def test_messages_for_a_terminal(self):
+        """Nothing that a terminal would obey, wherever it came from."""
+        evil = "a\x1b[2J\u202e\x9b\n"
+        commands = (
+            ["convert", f"5 {evil}", "V"], ["convert", "5 V", evil], ["convert", "--from", evil, "--to", "m"],
+            ["convert", "--from", "ft", "--to", "m", evil], ["convert", "5 V", "V", "--format", evil], [evil], [f"--{evil}"],
+            ["convert", "--csv", "--column", f"{evil}=ft:m"], ["convert", "--csv", "--column", evil],
+            ["compute", f"1 V + 2 {evil}"], ["compute", "1 V", "--to", evil], ["units", "--dimension", evil],
+            ["convert", "1 V", "W", "--with", evil], ["convert", "--csv", "--column", "x=m:cm", "--delimiter", evil],
+        )
+        for arguments in commands:
+            done = run(arguments, "x\n1\n")
+            self.assertNotEqual(done.returncode, 0, arguments)
+            message = done.stderr.decode()
+            self.assertTrue(message.startswith("value-object: "), arguments)
+            self.assertFalse(re.findall("[^\n -~\xa0-\u2000\u2010-\u2027\u2030-\u2060]", message), (arguments, message))
 
     def test_full_output(self):
         with open("/dev/full", "wb") as full:

@@ -25,7 +25,9 @@
 #include <varnix/value/measurement_export.h>
 
 #include <cstddef>
+#include <cstdint>
 #include <initializer_list>
+#include <memory>
 
 namespace Varnix::Value {
 
@@ -70,6 +72,42 @@ VARNIX_VALUE_MEASUREMENT_EXPORT Measurement Power_sum(Measurement const* levels,
 VARNIX_VALUE_MEASUREMENT_EXPORT Measurement Power_mean(std::initializer_list<Measurement> levels);
 VARNIX_VALUE_MEASUREMENT_EXPORT Measurement Power_mean(Measurement const* levels,
                                                        std::size_t count); ///< as above
+
+/// Adds the powers of levels one after the other, in the memory of one however many there are:
+/// `Power_sum` and `Power_mean` of a file, or of what an instrument sends.
+///
+///     Power_accumulator powers;
+///     powers.Add(Measurement(10.0, C_DBmW));
+///     powers.Add(Measurement(10.0, C_DBmW));
+///     std::cout << powers.Sum() << '\n'; // 13.01 dBm
+///
+/// The results are those of `Power_sum` and `Power_mean` of the same levels in the same order.
+/// Threads: `Add` changes the object; the others may be called at the same time.
+class VARNIX_VALUE_MEASUREMENT_EXPORT Power_accumulator {
+  public:
+    Power_accumulator(); ///< of no levels. @throws std::bad_alloc
+    Power_accumulator(
+        Power_accumulator&& other) noexcept; ///< `other` may only be assigned to after
+    Power_accumulator& operator=(Power_accumulator&& other) noexcept; ///< likewise
+    ~Power_accumulator();
+
+    /// Adds the power of a level, which may be in another unit than those before.
+    /// @throws MeasurementRefused not_a_level; kinds_differ and its kin. The sum stays as it was.
+    void Add(Measurement const& level);
+
+    std::uint64_t Get_count() const noexcept; ///< how many levels there are
+
+    /// The level of the sum of powers, in the unit of the first.
+    /// @throws MeasurementRefused nothing_to_sum; out_of_range.
+    Measurement Sum() const;
+
+    /// The level of the mean of powers, in the unit of the first. @throws as `Sum`
+    Measurement Mean() const;
+
+  private:
+    struct Powers;
+    std::unique_ptr<Powers> powers;
+};
 
 /// The level of a power without a part of it: a signal measured with its noise, less the noise. In
 /// the unit of `sum`.

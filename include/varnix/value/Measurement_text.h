@@ -45,6 +45,42 @@ VARNIX_VALUE_MEASUREMENT_EXPORT Measurement Parse_measurement(std::string_view t
 VARNIX_VALUE_MEASUREMENT_EXPORT Parse_result<Measurement>
 Try_parse_measurement(std::string_view text);
 
+/// Reads many texts, as `Try_parse_measurement` does. A unit that is written as in the text before is
+/// not read again, so that a column of quantities takes little longer than one of numbers.
+///
+///     Measurement_reader reader;
+///     for (std::string const& line : lines) {
+///         if (auto const read = reader.Read(line)) {
+///             std::cout << *read << '\n';
+///         }
+///     }
+///
+/// Threads: an object is for one at a time.
+class VARNIX_VALUE_MEASUREMENT_EXPORT Measurement_reader {
+  public:
+    /// For texts whose units are in the words of `dialect`, and whose numbers may have these forms:
+    /// by default decimal numbers and infinite bounds. Differences of temperatures, "Δ°C", are read
+    /// in the standard dialect alone.
+    explicit Measurement_reader(Dialect dialect_ = Dialect::standard,
+                                Number_forms forms_ = {false, true})
+        : dialect(dialect_), forms(forms_) {}
+
+    /// The measurement that `text` is, or a fault. @throws std::bad_alloc and nothing else
+    Parse_result<Measurement> Read(std::string_view text);
+
+    /// Whether the text that was read last gives bounds: "5 V" and "5 ± 0 V" are the number alone.
+    bool Has_bounds() const noexcept { return has_bounds; }
+
+  private:
+    Dialect dialect;
+    Number_forms forms;
+    bool has_bounds = false;
+    bool is_difference = false;
+    bool is_valid = false; // whether something has been measured in the unit
+    Units unit = C_Empty;  // of the text below
+    std::string unit_text; // which was read last
+};
+
 /// The measurement as a text, which never encloses less, whoever reads it: the decimal that is
 /// written for a lower bound is not above it, that for an upper bound not below it, and value minus
 /// and plus a written deviation enclose both. The value is rounded to nearest, ties to the even
