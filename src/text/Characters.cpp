@@ -52,8 +52,8 @@ Character Raised(std::uint8_t size, std::uint32_t value) {
 // Marks and controls of the direction of a line, and line breaks: in a message they would reorder
 // what is read, or hide a part of it.
 bool Turns_lines(std::uint32_t code) {
-    return code == 0x061C || code == 0x200E || code == 0x200F || (code >= 0x2028 && code <= 0x202E) ||
-           (code >= 0x2066 && code <= 0x2069);
+    return code == 0x061C || code == 0x200E || code == 0x200F ||
+           (code >= 0x2028 && code <= 0x202E) || (code >= 0x2066 && code <= 0x2069);
 }
 
 // clang-format off
