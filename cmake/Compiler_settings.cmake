@@ -29,6 +29,9 @@ set(VALUE_OBJECT_WARNING_OPTIONS
     # A note on ARM about programs built with a compiler older than the standard used here.
     $<$<CXX_COMPILER_ID:GNU>:-Wno-psabi>)
 
+# Of Debian's packages: no address that is called or read can be changed once a program runs.
+set(VALUE_OBJECT_HARDENED_LINK LINKER:-z,relro,-z,now)
+
 # C++17 without extensions, hidden visibility, the warnings above. They are errors where
 # CMAKE_COMPILE_WARNING_AS_ERROR is set, as the presets do.
 function(value_object_settings target)
@@ -49,7 +52,7 @@ function(value_object_settings target)
     if(VALUE_OBJECT_DEBIAN_PACKAGES)
         target_compile_options(${target} PRIVATE
             -fstack-protector-strong -Werror=format-security -D_FORTIFY_SOURCE=2)
-        target_link_options(${target} PRIVATE LINKER:-z,relro LINKER:-z,now)
+        target_link_options(${target} PRIVATE ${VALUE_OBJECT_HARDENED_LINK})
     endif()
 endfunction()
 
@@ -66,7 +69,8 @@ function(value_object_library target exports)
         target_link_options(${target} PRIVATE
             LINKER:--as-needed
             LINKER:-Bsymbolic-functions
-            LINKER:--version-script=${PROJECT_SOURCE_DIR}/${exports})
+            LINKER:--version-script=${PROJECT_SOURCE_DIR}/${exports}
+            $<$<BOOL:${VALUE_OBJECT_DEBIAN_PACKAGES}>:${VALUE_OBJECT_HARDENED_LINK}>)
         set_target_properties(${target} PROPERTIES LINK_DEPENDS ${PROJECT_SOURCE_DIR}/${exports})
     endif()
 endfunction()

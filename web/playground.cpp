@@ -13,7 +13,7 @@ using namespace Varnix::Value::Tool;
 namespace {
 
 Exit_status Answer(std::string const& question, std::string const& unit, std::string const& with,
-            Options const& options, Output& output) {
+                   Options const& options, Output& output) {
     if (unit.empty() && !with.empty()) {
         throw Refusal("a unit to convert to is missing, by what stands across");
     }
