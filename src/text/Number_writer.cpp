@@ -78,13 +78,14 @@ Decimal Short_decimal(Exact_numbers const& numbers, Which which, Writing const& 
     return Shortest(x);
 }
 
+// Strictly: a decimal that is one of the two says nothing of the other.
 bool Is_between(Decimal const& decimal, Exact_numbers const& numbers) {
-    Decimal const least = Rounded(Scaled(numbers, Which::lower), decimal.place, Rounding::up);
-    Decimal const greatest = Rounded(Scaled(numbers, Which::upper), decimal.place, Rounding::down);
-    auto const is_negative = [](Decimal const& difference) {
-        return difference.is_negative && !difference.digits.empty();
+    Decimal const below = Rounded(Scaled(numbers, Which::lower), decimal.place, Rounding::down);
+    Decimal const above = Rounded(Scaled(numbers, Which::upper), decimal.place, Rounding::up);
+    auto const is_positive = [](Decimal const& difference) {
+        return !difference.is_negative && !difference.digits.empty();
     };
-    return !is_negative(Difference(decimal, least)) && !is_negative(Difference(greatest, decimal));
+    return is_positive(Difference(decimal, below)) && is_positive(Difference(above, decimal));
 }
 
 // Of which one has to lie between them to be as wide as they are.
