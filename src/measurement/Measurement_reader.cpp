@@ -115,8 +115,11 @@ bool Is_about_unit(Refusal reason) {
 
 using Read = std::variant<Measurement, Text_fault, Refused_at>;
 
-Read Read_measurement(std::string_view text) {
-    Parse_result<Quantity_parts> const parts = Try_split_quantity(text, {true, true});
+// Bounds may be open; hexadecimal numbers are read where they are asked for.
+constexpr Number_forms usual_forms = {false, true};
+
+Read Read_measurement(std::string_view text, Number_forms forms) {
+    Parse_result<Quantity_parts> const parts = Try_split_quantity(text, forms);
     if (!parts) {
         return parts.Get_fault();
     }
@@ -139,7 +142,11 @@ Read Read_measurement(std::string_view text) {
 } // namespace
 
 Measurement Parse_measurement(std::string_view text) {
-    Read const read = Read_measurement(text);
+    return Parse_measurement(text, usual_forms);
+}
+
+Measurement Parse_measurement(std::string_view text, Number_forms forms) {
+    Read const read = Read_measurement(text, forms);
     if (auto const* fault = std::get_if<Text_fault>(&read)) {
         Throw_text_not_valid(*fault);
     }
@@ -150,7 +157,11 @@ Measurement Parse_measurement(std::string_view text) {
 }
 
 Parse_result<Measurement> Try_parse_measurement(std::string_view text) {
-    Read read = Read_measurement(text);
+    return Try_parse_measurement(text, usual_forms);
+}
+
+Parse_result<Measurement> Try_parse_measurement(std::string_view text, Number_forms forms) {
+    Read read = Read_measurement(text, forms);
     if (auto* fault = std::get_if<Text_fault>(&read)) {
         return std::move(*fault);
     }

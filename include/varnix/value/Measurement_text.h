@@ -12,7 +12,8 @@
 // What is written is never narrower than the measurement, and what is read never narrower than the
 // text: "0.1 V" lies between two doubles, and has them as its bounds. What is a double stays exact.
 // Printing and reading back so gives a measurement that encloses the first, at most one unit in the
-// last place wider; hexadecimal numbers ("0x1.8p3 V") give the same bits.
+// last place wider; hexadecimal numbers ("0x1.8p3 V"), which are read where they are asked for, give
+// the same bits.
 //
 // Failures and threads are as in <varnix/value/Measurement.h>; texts allocate memory, and functions
 // here may throw `std::bad_alloc`.
@@ -35,15 +36,21 @@ namespace Varnix::Value {
 /// @{
 
 /// A measurement as it is typed: the notation of `Parse_quantity`, with the numbers enclosed,
-/// hexadecimal numbers, infinite bounds, and the differences "Δ°C", "Δ°F", "ΔK" ("delta_degC",
-/// "delta_degF", "delta_K").
+/// infinite bounds, and the differences "Δ°C", "Δ°F", "ΔK" ("delta_degC", "delta_degF", "delta_K").
 /// @throws TextNotValid for what cannot be read.
 /// @throws MeasurementRefused for what can, but is no measurement: "5 V [5.1, 5.2]", "10 dBohm".
 VARNIX_VALUE_MEASUREMENT_EXPORT Measurement Parse_measurement(std::string_view text);
 
-/// The same, with either failure as a fault. @throws std::bad_alloc and nothing else
+/// The same with numbers of the forms asked for: with {true, true} hexadecimal ones are read too,
+/// "0x1.8p3 V", which without are refused; with {} infinite bounds are.
+VARNIX_VALUE_MEASUREMENT_EXPORT Measurement Parse_measurement(std::string_view text,
+                                                              Number_forms forms);
+
+/// As `Parse_measurement`, with either failure as a fault. @throws std::bad_alloc and nothing else
 VARNIX_VALUE_MEASUREMENT_EXPORT Parse_result<Measurement>
 Try_parse_measurement(std::string_view text);
+VARNIX_VALUE_MEASUREMENT_EXPORT Parse_result<Measurement>
+Try_parse_measurement(std::string_view text, Number_forms forms); ///< the same of these forms
 
 /// The measurement as a text, by default with the shortest digits that give back each number.
 /// Bounds are left out where the number alone, read back, encloses them. Fewer digits round the
