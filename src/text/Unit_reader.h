@@ -10,6 +10,9 @@ namespace Varnix::Value {
 // The unit that `text` has from `position` on to its end, blanks around it allowed.
 Parse_result<Units> Read_unit(std::string_view text, std::size_t position);
 
+// Whether there is nothing from `position` on, which is no blank, or "1" alone.
+bool Is_unit_of_plain_numbers(std::string_view text, std::size_t position);
+
 } // namespace Varnix::Value
 
 #endif

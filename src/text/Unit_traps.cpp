@@ -199,31 +199,67 @@ std::optional<Text_fault> Prefix_fault(std::string_view text, std::size_t positi
 
 namespace {
 
-// What is meant by a prefix alone before a '/'.
+// What people mean by the symbol of a prefix where it stands before a '/'.
 struct Lone_prefix {
-    char const* text;
-    char const* message;
+    std::string_view text;
+    char const* meant;
     char const* unit;
 };
 
 // clang-format off
 constexpr Lone_prefix lone_prefixes[] = {
-    {"c",  "'c' is the prefix centi; cycles per second are hertz",  "Hz"},
-    {"d",  "'d' is the prefix deci; days are 'dy'",                 "dy"},
-    {"Mi", "'Mi' is the prefix mebi; miles are 'mi'",               "mi"},
+    {"c/",  "cycles per second are hertz", "Hz"},
+    {"d/",  "days are 'dy'",               "dy"},
+    {"Mi/", "miles are 'mi'",              "mi"},
+    {"M/h", "miles are 'mi'",              "mi"},
+    {"T/",  "tesla is not in the catalogue: write V*s/m^2", ""},
+    {"n/",  "a number per unit is written as in 1/cm^2",    ""}, // of neutrons, of carriers
+    {"p/",  "a number per unit is written as in 1/cm^2",    ""},
 };
 // clang-format on
 
 } // namespace
 
-std::optional<Text_fault> Lone_prefix_fault(std::string_view text, std::size_t position,
-                                            std::size_t end) {
-    for (Lone_prefix const& prefix : lone_prefixes) {
-        if (text.substr(position, end - position) == prefix.text) {
-            return Text_fault{position, prefix.message, prefix.unit};
+Text_fault Lone_prefix_fault(std::string_view text, std::size_t position, Bare_prefix const& prefix,
+                             std::string const& scaled) {
+    std::string const name =
+        Units_library::Get_unit_str_si_map({SPL_NONE, prefix.prefix, {}}, STR_NAME);
+    Text_fault fault = {position,
+                        Quoted(text.substr(position, prefix.end - position)) + " is the prefix " +
+                            name + " and no unit" + (scaled.empty() ? "" : ": write " + scaled),
+                        {}};
+    for (Lone_prefix const& row : lone_prefixes) {
+        if (Begins_with(text.substr(position), row.text)) {
+            fault.message.append("; ").append(row.meant);
+            fault.suggestion = row.unit;
+            break;
         }
     }
-    return std::nullopt;
+    return fault;
+}
+
+// ---- Levels
+
+std::optional<Text_fault> Level_plural_fault(std::string_view text, std::size_t start,
+                                             std::size_t position) {
+    std::size_t const end = End_of_letters(text, position);
+    if (end == position || text[end - 1] != 's' || Skip_blanks(text, end) != text.size()) {
+        return std::nullopt;
+    }
+    auto const ends_in_seconds = [](Parse_result<Reading> const& reading, std::size_t size) {
+        return reading && reading->count != 0 && reading->end == size &&
+               reading->units[reading->count - 1].unit == SECOND;
+    };
+    std::string_view const word = text.substr(position, end - position);
+    std::string const level(word.substr(0, word.size() - 1)); // without the "s"
+    auto const reading = Read_group(word, {0, false});
+    bool const is_level =
+        level.empty() ||
+        (Can_be_suggested(level) && !ends_in_seconds(Read_group(level, {0, false}), level.size()));
+    if (!is_level || !ends_in_seconds(reading, word.size())) {
+        return std::nullopt; // "dBwatts", "dBseconds", "dBns"
+    }
+    return Ambiguous(text, start, "dB(" + Written(*reading) + ')', "dB" + level);
 }
 
 // ---- Units apart from each other

@@ -91,7 +91,7 @@ Text_fault Unknown_word_fault(std::string_view text, std::size_t position, bool 
         return Ambiguous(text, position, "(K*m)", "km");
     }
     if (word == "per") {
-        return {position, "'per' is written '/'", {}};
+        return {position, "expected a unit, found 'per'; it stands between two, for '/'", {}};
     }
     if (Is_prefix(word)) {
         return Apart_prefix_fault(text, position, end);
