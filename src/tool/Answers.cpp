@@ -32,6 +32,12 @@ std::string Standard_text(std::string_view text, Quantity_parts const& parts, Di
     return standard;
 }
 
+void Check_dialect(double number, std::string_view text, Dialect dialect) {
+    if (dialect == Dialect::scpi) {
+        Check_instruments_number(number, text);
+    }
+}
+
 constexpr Number_forms measured_forms = {false, true};
 
 Answer Read_measured(std::string_view text, Dialect dialect) {
@@ -39,6 +45,7 @@ Answer Read_measured(std::string_view text, Dialect dialect) {
     if (!parts) {
         throw Refusal(parts.Get_fault(), text);
     }
+    Check_dialect(parts->value.nearest, text, dialect);
     std::string const standard = Standard_text(text, *parts, dialect);
     auto const measured = Try_parse_measurement(standard);
     if (!measured) {
@@ -51,11 +58,28 @@ Answer Read_measured(std::string_view text, Dialect dialect) {
 
 } // namespace
 
+void Check_instruments_number(double number, std::string_view text) {
+    switch (Scpi_meaning(number)) {
+    case Scpi_number::ordinary:
+        return;
+    case Scpi_number::infinity:
+        throw Refusal("9.9E37 is how an instrument says infinity: it has measured nothing", text,
+                      0);
+    case Scpi_number::negative_infinity:
+        throw Refusal("-9.9E37 is how an instrument says minus infinity: it has measured nothing",
+                      text, 0);
+    case Scpi_number::not_a_number:
+        throw Refusal("9.91E37 is how an instrument says that it has no number", text, 0);
+    }
+}
+
 Answer Read_answer(std::string_view text, Options const& options) {
     if (options.rules == Rules::measurements) {
         return Read_measured(text, options.dialect);
     }
-    return {Read_quantity(text, options.dialect), true};
+    Quantity const quantity = Read_quantity(text, options.dialect);
+    Check_dialect(quantity.Get_value(), text, options.dialect);
+    return {quantity, true};
 }
 
 // ---- Writing
