@@ -1,6 +1,7 @@
 #include "Foreign_units.h"
 
 #include "Characters.h"
+#include "Unit_reader.h"
 #include "Unit_words.h"
 
 #include <varnix/value/Units_library.h>
@@ -213,10 +214,10 @@ std::string With_prefix(Foreign_unit const& unit, std::string_view prefix) {
     bool const goes_over = unit.prefixes == symbols && instead.find('^') != first.size() &&
                            Unit_words::Get().Find_unit(first) != nullptr;
     std::string const name = Prefix_name(prefix);
-    return prefix.empty() ? instead
-           : name.empty() ? std::string() // hecto and deca
-           : goes_over    ? joined
-                          : name + '(' + instead + ')';
+    return prefix.empty()                      ? instead
+           : name.empty()                      ? std::string() // hecto and deca
+           : goes_over && Read_unit(joined, 0) ? joined        // "mB/s" is refused
+                                               : name + '(' + instead + ')';
 }
 
 } // namespace

@@ -331,7 +331,7 @@ bool Quantity_splitter::Split() {
     }
     Skip();
     if (Is_next(',')) {
-        return Refuse(position, "expected a unit, found ','; a decimal point is written '.'");
+        return Refuse(position, "expected a unit, found ','; a decimal point is '.'");
     }
     if (Is_next('[') && !Is_bracketed_unit(text, position) && !Read_bounds()) {
         return false;

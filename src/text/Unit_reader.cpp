@@ -66,7 +66,7 @@ bool Ends_power(Kind kind) {
            kind == Kind::product || kind == Kind::star || kind == Kind::closing;
 }
 
-bool Is_temperature_scale(std::string_view word) {
+bool Names_temperature_scale(std::string_view word) {
     return word == "Celsius" || word == "celsius" || word == "Fahrenheit" || word == "fahrenheit";
 }
 
@@ -216,7 +216,7 @@ void Unit_reader::Read_words_behind(Reading& reading, int sign) const {
         if (single && reading.prefix == NO_PREFIX) {
             Raise(reading, text[next] - '0', end);
         }
-    } else if (Is_degrees_by_name(text, position, reading) && Is_temperature_scale(word)) {
+    } else if (Is_degrees_by_name(text, position, reading) && Names_temperature_scale(word)) {
         reading = *Read_group(text, {next, sign < 0});
     } else if (word == "squared" || word == "cubed") {
         Raise(reading, word == "squared" ? 2 : 3, next + word.size());
@@ -383,7 +383,7 @@ bool Unit_reader::Read_sign(int& sign, bool& at_end) {
         return Refuse_between_factors(next);
     }
     if (sign < 0) {
-        return Refuse(next, "a product after '/' is ambiguous: write parentheses, as in m/(s*K) "
+        return Refuse(next, "a product after '/' is ambiguous: write it as in m/(s*K) "
                             "or (m/s)*K");
     }
     if (juxtaposed && (fault = Apart_fault(text, factor_position, position, next))) {
@@ -475,9 +475,8 @@ bool Unit_reader::Read_behind_decibels(Unit_product& product, std::size_t marker
     std::size_t const next = Skip_blanks(text, position);
     Kind const kind = Character_at(text, next).kind;
     if (kind == Kind::slash) {
-        return Refuse(next,
-                      "decibels per unit are no unit here: write the gain of the whole length "
-                      "or time, in dB");
+        return Refuse(next, "decibels per unit are no unit here: give the gain of the whole length "
+                            "or time, in dB");
     }
     bool const in_parentheses = kind == Kind::opening || kind == Kind::bracket;
     if (next != position || (kind != Kind::letter && !in_parentheses)) {

@@ -268,12 +268,18 @@ Reading Read_bracketed(std::string_view text, std::size_t position) {
     return reading;
 }
 
+bool Is_temperature_scale(Reading const& reading) {
+    Units_list const unit = reading.units[0].unit;
+    return reading.count == 1 && (unit == DEGREE_C || unit == DEGREE_F);
+}
+
 bool Can_be_suggested(std::string const& word) {
     if (word == "dB") {
         return true;
     }
     auto const reading = Read_group(word, {0, false});
-    return reading && reading->count != 0 && reading->end == word.size();
+    return reading && reading->count != 0 && reading->end == word.size() &&
+           !(reading->prefix != NO_PREFIX && Is_temperature_scale(*reading));
 }
 
 std::optional<Bare_prefix> Read_bare_prefix(std::string_view text, std::size_t position,

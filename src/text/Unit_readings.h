@@ -48,7 +48,11 @@ Parse_result<Reading> Read_group(std::string_view text, Group_place const& place
 // if there is none.
 Reading Read_bracketed(std::string_view text, std::size_t position);
 
-// Whether a word by itself is read as a unit, or as decibels: "nmi", a nano mile, is refused.
+// Degrees Celsius or Fahrenheit alone, which take no prefix: nobody measures in millidegrees so.
+bool Is_temperature_scale(Reading const& reading);
+
+// Whether a word by itself is read as a unit, or as decibels: "nmi", a nano mile, is refused; and
+// whether measurements have it, which "kdegC" is not.
 bool Can_be_suggested(std::string const& word);
 
 // The prefix that stands at `position` before the character `next`, and the position of that.

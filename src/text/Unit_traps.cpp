@@ -74,10 +74,12 @@ struct Trap {
 // clang-format off
 constexpr Trap traps[] = {
     {"nmi",  "nano(mi)",    "n.mi", true}, // nautical miles
+    {"nmis", "nano(mi*s)",  "n.mi", false},
     {"gm",   "g*m",         "g",    false},
     {"gms",  "g*m*s",       "g",    false},
     {"degK", "deg*K",       "K",    true},
     {"Min",  "mega(in)",    "min",  true}, // minutes with a capital letter
+    {"Mins", "mega(in*s)",  "min",  false},
     {"mins", "milli(in*s)", "min",  false},
 };
 // clang-format on
@@ -140,11 +142,11 @@ std::optional<Text_fault> Plural_fault(std::string_view text, std::size_t positi
 std::optional<Text_fault> Decibel_fault(std::string_view text, std::size_t position) {
     std::string_view const start = text.substr(position, 2);
     if (start == "dB") {
-        return Text_fault{position, "'dB' stands first; a tenth of a byte is deci(B)", {}};
+        return Text_fault{position, "'dB' stands first; a tenth of a byte is written deci(B)", {}};
     }
     if (start == "db") {
-        return Text_fault{position, "decibels are written 'dB', and a tenth of a bit deci(b)",
-                          "dB"};
+        return Text_fault{position,
+                          "decibels are written 'dB'; a tenth of a bit is written deci(b)", "dB"};
     }
     return std::nullopt;
 }
@@ -246,18 +248,19 @@ std::optional<Text_fault> Level_plural_fault(std::string_view text, std::size_t 
     if (end == position || text[end - 1] != 's' || Skip_blanks(text, end) != text.size()) {
         return std::nullopt;
     }
-    auto const ends_in_seconds = [](Parse_result<Reading> const& reading, std::size_t size) {
-        return reading && reading->count != 0 && reading->end == size &&
-               reading->units[reading->count - 1].unit == SECOND;
+    auto const is_time = [](Reading const& reading) {
+        return reading.count != 0 && reading.units[reading.count - 1].unit == SECOND;
     };
     std::string_view const word = text.substr(position, end - position);
     std::string const level(word.substr(0, word.size() - 1)); // without the "s"
     auto const reading = Read_group(word, {0, false});
-    bool const is_level =
-        level.empty() ||
-        (Can_be_suggested(level) && !ends_in_seconds(Read_group(level, {0, false}), level.size()));
-    if (!is_level || !ends_in_seconds(reading, word.size())) {
-        return std::nullopt; // "dBwatts", "dBseconds", "dBns"
+    if (!reading || reading->end != word.size() || !is_time(*reading)) {
+        return std::nullopt; // "dBwatts"
+    }
+    bool const alone = level.empty();
+    auto const shorter = Can_be_suggested(level) ? *Read_group(level, {0, false}) : Reading{};
+    if (!alone && (shorter.count == 0 || is_time(shorter) || Is_temperature_scale(shorter))) {
+        return std::nullopt; // "dBns", "dBseconds"
     }
     return Ambiguous(text, start, "dB(" + Written(*reading) + ')', "dB" + level);
 }
