@@ -77,7 +77,8 @@ bool Is_degrees_by_name(std::string_view text, std::size_t position, Reading con
 
 class Unit_reader {
   public:
-    Unit_reader(std::string_view text_, std::size_t position_) : text(text_), position(position_) {}
+    Unit_reader(std::string_view text_, std::size_t position_)
+        : text(text_), first(position_), position(position_) {}
 
     Parse_result<Units> Read();
 
@@ -94,9 +95,9 @@ class Unit_reader {
     bool Read_bare_word(Unit_product& product, int sign, int depth);
     std::string Scaled_rest(Bare_prefix const& prefix) const;
     std::int64_t Read_power_word_before();
-    bool Read_raised_word(Unit_product& product, int sign, std::int64_t power);
-    void Read_words_behind(Reading& reading, int sign) const;
-    bool Read_bracketed_word(Unit_product& product, int sign);
+    std::optional<Reading> Read_raised_word(int sign);
+    Reading With_words_behind(Reading const& group, int sign) const;
+    Parse_result<Units> Read_with_names_apart();
     void Multiply_reading(Unit_product& product, Reading const& reading, int sign);
     bool Read_sign(int& sign, bool& at_end);
     void Read_scale(Unit_product& inner);
@@ -110,6 +111,7 @@ class Unit_reader {
     Character Next() const { return Character_at(text, position); }
 
     std::string_view text;
+    std::size_t first; // where the unit begins
     std::size_t position;
     std::optional<Text_fault> fault;
     bool at_first_factor = true;     // nothing has been read yet, parentheses apart
@@ -149,14 +151,14 @@ std::string Unit_reader::Scaled_rest(Bare_prefix const& prefix) const {
 // A prefix by its own: "k(m^2)", and "tera/seconds", which the core prints. Its symbol before a '/'
 // is a unit to whoever writes it: "n/cm^2", "T/m". Behind "dB" none stands.
 bool Unit_reader::Read_bare_word(Unit_product& product, int sign, int depth) {
+    if (Next().kind != Kind::letter) {
+        return Refuse(position, "expected a unit, found " + Described(text, position));
+    }
     if (behind_decibels) {
         std::size_t const end = End_of_letters(text, position);
         return Refuse(position, "expected a unit directly after 'dB', found " +
                                     Quoted(text.substr(position, end - position)) +
                                     "; relative levels are written 'dB'");
-    }
-    if (std::int64_t const power = Read_power_word_before()) {
-        return Read_raised_word(product, sign, power);
     }
     if (auto const prefix = Read_bare_prefix(text, position, '(')) {
         position = prefix->end;
@@ -189,30 +191,35 @@ std::int64_t Unit_reader::Read_power_word_before() {
     return 0;
 }
 
-// The unit that "square" or "cubic" stood before.
-bool Unit_reader::Read_raised_word(Unit_product& product, int sign, std::int64_t power) {
-    Parse_result<Reading> const reading = Read_group(text, {position, sign < 0});
-    if (!reading) {
-        fault = reading.Get_fault();
-        return false;
+// "square meter", "cubic feet"; nothing where none stands, or one is refused.
+std::optional<Reading> Unit_reader::Read_raised_word(int sign) {
+    std::int64_t const power = Read_power_word_before();
+    if (power == 0 || Next().kind != Kind::letter) {
+        return std::nullopt;
     }
-    Reading raised = *reading;
+    Parse_result<Reading> const group = Read_group(text, {position, sign < 0});
+    if (!group) {
+        fault = group.Get_fault();
+        return std::nullopt;
+    }
+    Reading raised = *group;
     if (!Raise(raised, power, raised.end)) {
-        return Refuse(position, "expected one unit, found " + Described(text, position));
+        Refuse(position, "expected one unit, found " + Described(text, position));
+        return std::nullopt;
     }
-    Multiply_reading(product, raised, sign);
-    return true;
+    return raised;
 }
 
-// What may stand behind a group: "degree Celsius", "second squared", and "m2" where no prefix makes
-// it two things.
-void Unit_reader::Read_words_behind(Reading& reading, int sign) const {
+// The group with what may stand behind it: "degree Celsius", "second squared", and "m2" where no
+// prefix makes it two things.
+Reading Unit_reader::With_words_behind(Reading const& group, int sign) const {
+    Reading reading = group;
     std::size_t const next = Skip_blanks(text, reading.end);
     std::string_view const word = text.substr(next, End_of_letters(text, next) - next);
     if (next == reading.end) {
         std::size_t const end = next + 1;
-        bool const single = next < text.size() && (text[next] == '2' || text[next] == '3') &&
-                            Ends_power(Character_at(text, end).kind);
+        bool const single =
+            (text[next] == '2' || text[next] == '3') && Ends_power(Character_at(text, end).kind);
         if (single && reading.prefix == NO_PREFIX) {
             Raise(reading, text[next] - '0', end);
         }
@@ -221,37 +228,30 @@ void Unit_reader::Read_words_behind(Reading& reading, int sign) const {
     } else if (word == "squared" || word == "cubed") {
         Raise(reading, word == "squared" ? 2 : 3, next + word.size());
     }
+    return reading;
 }
 
+// A word, or "[ft_i]".
 bool Unit_reader::Read_word(Unit_product& product, int sign, int depth) {
-    Parse_result<Reading> reading = Read_group(text, {position, sign < 0});
-    if (!reading) {
-        fault = reading.Get_fault();
+    bool const bracketed = text[position] == '[';
+    Parse_result<Reading> const group = bracketed
+                                            ? Parse_result<Reading>(Read_bracketed(text, position))
+                                            : Read_group(text, {position, sign < 0});
+    if (!group) {
+        fault = group.Get_fault();
         return false;
     }
-    if (reading->count == 0) {
-        return Read_bare_word(product, sign, depth);
+    std::optional<Reading> longer;
+    Kind const behind = Character_at(text, group->end).kind;
+    if (group->count == 0) {
+        longer = Read_raised_word(sign);
+        if (!longer) {
+            return !fault && Read_bare_word(product, sign, depth);
+        }
+    } else if (behind == Kind::blank || behind == Kind::digit) {
+        longer = With_words_behind(*group, sign);
     }
-    Kind const behind = Character_at(text, reading->end).kind;
-    if (behind == Kind::blank || behind == Kind::digit) {
-        Reading longer = *reading;
-        Read_words_behind(longer, sign);
-        Multiply_reading(product, longer, sign);
-        return true;
-    }
-    Multiply_reading(product, *reading, sign);
-    return true;
-}
-
-// "[ft_i]"
-bool Unit_reader::Read_bracketed_word(Unit_product& product, int sign) {
-    Reading const reading = Read_bracketed(text, position);
-    if (reading.count == 0) {
-        return Refuse(position, "expected a unit, found " + Described(text, position));
-    }
-    Multiply_reading(product, reading, sign);
-    at_first_factor = false;
-    behind_decibels = false;
+    Multiply_reading(product, longer ? *longer : *group, sign);
     return true;
 }
 
@@ -292,12 +292,12 @@ bool Unit_reader::Read_inside_parentheses(Unit_product& inner, int depth) {
 }
 
 bool Unit_reader::Read_parentheses(Unit_product& product, SI_units prefix, int sign, int depth) {
-    std::size_t const start = position;
+    std::size_t const opening = position;
     Unit_product inner;
     if (!Read_inside_parentheses(inner, depth)) {
         return false;
     }
-    inner.Multiply(prefix, 1, start);
+    inner.Multiply(prefix, 1, opening);
     std::optional<Power> const power = Read_power(text, position);
     position = power ? power->end : position;
     bool fits = inner.Is_in_range();
@@ -305,7 +305,7 @@ bool Unit_reader::Read_parentheses(Unit_product& product, SI_units prefix, int s
         product.Multiply(inner, sign * (power ? power->value : 1));
         fits = product.Is_in_range();
     }
-    return fits || Refuse(start, "the power is out of range");
+    return fits || Refuse(opening, "the power is out of range");
 }
 
 bool Unit_reader::Read_factor(Unit_product& product, int sign, int depth) {
@@ -313,6 +313,7 @@ bool Unit_reader::Read_factor(Unit_product& product, int sign, int depth) {
     factor_position = position;
     switch (Next().kind) {
     case Kind::letter:
+    case Kind::bracket:
         if (!Read_word(product, sign, depth)) {
             return false;
         }
@@ -321,8 +322,6 @@ bool Unit_reader::Read_factor(Unit_product& product, int sign, int depth) {
         return true;
     case Kind::opening:
         return Read_parentheses(product, NO_PREFIX, sign, depth);
-    case Kind::bracket:
-        return Read_bracketed_word(product, sign);
     default:
         return Refuse(position, "expected a unit, found " + Described(text, position));
     }
@@ -425,12 +424,12 @@ constexpr Units Level_of_gain_per_noise = {SPL_DB, NO_PREFIX, {{KELVIN, -1}}}; /
 
 constexpr Special_level special_levels[] = {
     {"dB",       &C_DB},
-    {"decibel",  &C_DB},
-    {"decibels", &C_DB},
     {"dBm",      &C_DBmW},
     {"dBsm",     &Level_of_area}, // of a radar cross section
     {"dB-Hz",    &Level_of_bandwidth},
     {"dB/K",     &Level_of_gain_per_noise},
+    {"decibel",  &C_DB},
+    {"decibels", &C_DB},
 };
 // clang-format on
 
@@ -470,7 +469,7 @@ bool Unit_reader::Read_level_density(Unit_product& product) {
 
 // What follows the marker, "dB" or "decibel", of that many bytes, and is no special level.
 bool Unit_reader::Read_behind_decibels(Unit_product& product, std::size_t marker) {
-    std::size_t const start = position;
+    std::size_t const at_marker = position;
     position += marker;
     std::size_t const next = Skip_blanks(text, position);
     Kind const kind = Character_at(text, next).kind;
@@ -485,7 +484,8 @@ bool Unit_reader::Read_behind_decibels(Unit_product& product, std::size_t marker
     if (in_parentheses) {
         return Read_marked_parentheses(product);
     }
-    if ((fault = Level_plural_fault(text, start, position))) {
+    if (text[End_of_letters(text, position) - 1] == 's' &&
+        (fault = Level_plural_fault(text, at_marker, position))) {
         return false;
     }
     behind_decibels = true;
@@ -510,53 +510,6 @@ bool Unit_reader::Read_marked_parentheses(Unit_product& product) {
 }
 
 // ---- The whole
-
-namespace {
-
-// The core's special name of C_Kmph looks like a division: it is no unit Km, and stands alone.
-bool Is_special_text(std::string_view text, std::size_t position) {
-    constexpr std::string_view special = "Km/h";
-    return text[position] == special[0] && Begins_with(text.substr(position), special) &&
-           Skip_blanks(text, position + special.size()) == text.size();
-}
-
-} // namespace
-
-Parse_result<Units> Unit_reader::Read() {
-    position = Skip_blanks(text, position);
-    if (Is_unit_of_plain_numbers(text, position)) {
-        return C_Empty;
-    }
-    if (Is_special_text(text, position)) {
-        return C_Kmph;
-    }
-    std::string_view const rest = text.substr(position);
-    std::size_t const marker = Begins_with(rest, "dB")        ? 2
-                               : Begins_with(rest, "decibel") ? std::size_t{7}
-                                                              : 0;
-    bool const decibels = marker != 0;
-    if (decibels) {
-        if (Special_level const* const level = Find_special_level(rest)) {
-            return *level->unit;
-        }
-    }
-    Unit_product product;
-    if (decibels ? !Read_behind_decibels(product, marker) : !Read_product(product, 0)) {
-        return std::move(*fault);
-    }
-    if (position != text.size()) {
-        return Text_fault{
-            position, "expected the end of the unit, found " + Described(text, position), {}};
-    }
-    return product.Descriptor(decibels ? SPL_DB : SPL_NONE);
-}
-
-} // namespace
-
-bool Is_unit_of_plain_numbers(std::string_view text, std::size_t position) {
-    bool const one = position < text.size() && text[position] == '1';
-    return position == text.size() || (one && Skip_blanks(text, position + 1) == text.size());
-}
 
 namespace {
 
@@ -595,15 +548,60 @@ std::string With_blanks_between_names(std::string_view text) {
     return spaced;
 }
 
+// The core's special name of C_Kmph looks like a division: it is no unit Km, and stands alone.
+bool Is_special_text(std::string_view text, std::size_t position) {
+    constexpr std::string_view special = "Km/h";
+    return text[position] == special[0] && Begins_with(text.substr(position), special) &&
+           Skip_blanks(text, position + special.size()) == text.size();
+}
+
+} // namespace
+
+// The names that '_' joins, once more without it; or the fault of the first attempt.
+Parse_result<Units> Unit_reader::Read_with_names_apart() {
+    std::string const apart = With_blanks_between_names(text);
+    if (apart != text) {
+        if (auto const unit = Unit_reader(apart, first).Read()) {
+            return *unit;
+        }
+    }
+    return std::move(*fault);
+}
+
+Parse_result<Units> Unit_reader::Read() {
+    position = Skip_blanks(text, position);
+    if (Is_unit_of_plain_numbers(text, position)) {
+        return C_Empty;
+    }
+    if (Is_special_text(text, position)) {
+        return C_Kmph;
+    }
+    std::string_view const rest = text.substr(position);
+    std::size_t const marker = rest[0] != 'd'                 ? 0
+                               : Begins_with(rest, "dB")      ? 2
+                               : Begins_with(rest, "decibel") ? std::size_t{7}
+                                                              : 0;
+    bool const decibels = marker != 0;
+    if (decibels) {
+        if (Special_level const* const level = Find_special_level(rest)) {
+            return *level->unit;
+        }
+    }
+    Unit_product product;
+    if (decibels ? !Read_behind_decibels(product, marker) : !Read_product(product, 0)) {
+        return Read_with_names_apart();
+    }
+    if (position != text.size()) {
+        return Text_fault{
+            position, "expected the end of the unit, found " + Described(text, position), {}};
+    }
+    return product.Descriptor(decibels ? SPL_DB : SPL_NONE);
+}
+
 } // namespace
 
 Parse_result<Units> Read_unit(std::string_view text, std::size_t position) {
-    Parse_result<Units> result = Unit_reader(text, position).Read();
-    if (!result && text.find('_', position) != std::string_view::npos) {
-        Parse_result<Units> spaced = Unit_reader(With_blanks_between_names(text), position).Read();
-        return spaced ? spaced : result;
-    }
-    return result;
+    return Unit_reader(text, position).Read();
 }
 
 } // namespace Varnix::Value
