@@ -66,6 +66,11 @@ bool Ends_power(Kind kind) {
            kind == Kind::product || kind == Kind::star || kind == Kind::closing;
 }
 
+// Other blanks than those of ASCII stand before a unit and not in it.
+bool Is_blank_or_digit(char character) {
+    return character == ' ' || character == '\t' || (character >= '0' && character <= '9');
+}
+
 bool Names_temperature_scale(std::string_view word) {
     return word == "Celsius" || word == "celsius" || word == "Fahrenheit" || word == "fahrenheit";
 }
@@ -95,6 +100,7 @@ class Unit_reader {
     bool Read_bare_word(Unit_product& product, int sign, int depth);
     std::string Scaled_rest(Bare_prefix const& prefix) const;
     std::int64_t Read_power_word_before();
+    std::optional<Reading> Read_other_word(int sign);
     std::optional<Reading> Read_raised_word(int sign);
     Reading With_words_behind(Reading const& group, int sign) const;
     Parse_result<Units> Read_with_names_apart();
@@ -231,27 +237,36 @@ Reading Unit_reader::With_words_behind(Reading const& group, int sign) const {
     return reading;
 }
 
-// A word, or "[ft_i]".
+// What no word of the catalogue begins with: "square meter", "[ft_i]", or a prefix.
+std::optional<Reading> Unit_reader::Read_other_word(int sign) {
+    if (text[position] != '[') {
+        return Read_raised_word(sign);
+    }
+    Reading const reading = Read_bracketed(text, position);
+    return reading.count != 0 ? std::optional(reading) : std::nullopt;
+}
+
 bool Unit_reader::Read_word(Unit_product& product, int sign, int depth) {
-    bool const bracketed = text[position] == '[';
-    Parse_result<Reading> const group = bracketed
-                                            ? Parse_result<Reading>(Read_bracketed(text, position))
+    Parse_result<Reading> const group = text[position] == '['
+                                            ? Parse_result<Reading>(Reading())
                                             : Read_group(text, {position, sign < 0});
     if (!group) {
         fault = group.Get_fault();
         return false;
     }
-    std::optional<Reading> longer;
-    Kind const behind = Character_at(text, group->end).kind;
-    if (group->count == 0) {
-        longer = Read_raised_word(sign);
-        if (!longer) {
+    Reading const* reading = &*group;
+    std::optional<Reading> other;
+    if (reading->count == 0) {
+        other = Read_other_word(sign);
+        if (!other) {
             return !fault && Read_bare_word(product, sign, depth);
         }
-    } else if (behind == Kind::blank || behind == Kind::digit) {
-        longer = With_words_behind(*group, sign);
+        reading = &*other;
+    } else if (reading->end != text.size() && Is_blank_or_digit(text[reading->end])) {
+        other = With_words_behind(*reading, sign);
+        reading = &*other;
     }
-    Multiply_reading(product, longer ? *longer : *group, sign);
+    Multiply_reading(product, *reading, sign);
     return true;
 }
 
