@@ -100,6 +100,7 @@ class Unit_reader {
     bool Read_bare_word(Unit_product& product, int sign, int depth);
     std::string Scaled_rest(Bare_prefix const& prefix) const;
     std::int64_t Read_power_word_before();
+    bool Read_unusual_word(Unit_product& product, Reading const& group, int sign, int depth);
     std::optional<Reading> Read_other_word(int sign);
     std::optional<Reading> Read_raised_word(int sign);
     Reading With_words_behind(Reading const& group, int sign) const;
@@ -132,7 +133,9 @@ bool Unit_reader::Refuse(std::size_t where, std::string message, std::string sug
 
 // ---- Words
 
-void Unit_reader::Multiply_reading(Unit_product& product, Reading const& reading, int sign) {
+// Inline where nearly all words are read.
+[[gnu::always_inline]] inline void Unit_reader::Multiply_reading(Unit_product& product,
+                                                                 Reading const& reading, int sign) {
     product.Multiply(reading.prefix, sign * reading.first_power, position);
     for (std::size_t k = 0; k < reading.count; ++k) {
         product.Multiply(Factor{reading.units[k].unit, sign * reading.units[k].power, position});
@@ -246,27 +249,33 @@ std::optional<Reading> Unit_reader::Read_other_word(int sign) {
     return reading.count != 0 ? std::optional(reading) : std::nullopt;
 }
 
+// A word that is none of the catalogue, or that others stand behind.
+bool Unit_reader::Read_unusual_word(Unit_product& product, Reading const& group, int sign,
+                                    int depth) {
+    std::optional<Reading> const reading =
+        group.count == 0 ? Read_other_word(sign) : With_words_behind(group, sign);
+    if (!reading) {
+        return !fault && Read_bare_word(product, sign, depth);
+    }
+    Multiply_reading(product, *reading, sign);
+    return true;
+}
+
 bool Unit_reader::Read_word(Unit_product& product, int sign, int depth) {
-    Parse_result<Reading> const group = text[position] == '['
-                                            ? Parse_result<Reading>(Reading())
-                                            : Read_group(text, {position, sign < 0});
+    if (text[position] == '[') {
+        return Read_unusual_word(product, Reading(), sign, depth);
+    }
+    Parse_result<Reading> const group = Read_group(text, {position, sign < 0});
     if (!group) {
         fault = group.Get_fault();
         return false;
     }
-    Reading const* reading = &*group;
-    std::optional<Reading> other;
-    if (reading->count == 0) {
-        other = Read_other_word(sign);
-        if (!other) {
-            return !fault && Read_bare_word(product, sign, depth);
-        }
-        reading = &*other;
-    } else if (reading->end != text.size() && Is_blank_or_digit(text[reading->end])) {
-        other = With_words_behind(*reading, sign);
-        reading = &*other;
+    std::size_t const end = group->end;
+    bool const followed = end < text.size() && Is_blank_or_digit(text[end]);
+    if (group->count == 0 || followed) {
+        return Read_unusual_word(product, *group, sign, depth);
     }
-    Multiply_reading(product, *reading, sign);
+    Multiply_reading(product, *group, sign);
     return true;
 }
 
