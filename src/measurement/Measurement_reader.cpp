@@ -202,8 +202,11 @@ Read Read_parts(Quantity_parts const& parts, Read_unit const& unit) {
     }
 }
 
-Read Read_measurement(std::string_view text) {
-    Parse_result<Quantity_parts> const parts = Try_split_quantity(text, {true, true});
+// Bounds may be open; hexadecimal numbers are read where they are asked for.
+constexpr Number_forms usual_forms = {false, true};
+
+Read Read_measurement(std::string_view text, Number_forms forms) {
+    Parse_result<Quantity_parts> const parts = Try_split_quantity(text, forms);
     if (!parts) {
         return parts.Get_fault();
     }
@@ -232,7 +235,11 @@ Parse_result<Measurement> Result_of(Read read) {
 } // namespace
 
 Measurement Parse_measurement(std::string_view text) {
-    Read const read = Read_measurement(text);
+    return Parse_measurement(text, usual_forms);
+}
+
+Measurement Parse_measurement(std::string_view text, Number_forms forms) {
+    Read const read = Read_measurement(text, forms);
     if (auto const* fault = std::get_if<Text_fault>(&read)) {
         Throw_text_not_valid(*fault);
     }
@@ -243,7 +250,11 @@ Measurement Parse_measurement(std::string_view text) {
 }
 
 Parse_result<Measurement> Try_parse_measurement(std::string_view text) {
-    return Result_of(Read_measurement(text));
+    return Try_parse_measurement(text, usual_forms);
+}
+
+Parse_result<Measurement> Try_parse_measurement(std::string_view text, Number_forms forms) {
+    return Result_of(Read_measurement(text, forms));
 }
 
 Parse_result<Measurement> Measurement_reader::Read(std::string_view text) {

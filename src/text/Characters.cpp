@@ -93,7 +93,8 @@ constexpr Kind Ascii_kind(unsigned char byte) {
     case '/':  return Kind::slash;
     case '^':  return Kind::caret;
     case '(':  return Kind::opening;
-    case ')':  return Kind::closing;
+    case ')':
+    case ']':  return Kind::closing;
     case '[':  return Kind::bracket;
     case '+':  return Kind::plus;
     case '%':

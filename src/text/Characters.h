@@ -23,7 +23,7 @@ enum class Character_kind : std::uint8_t {
     caret,
     opening,
     closing,
-    bracket, // which opens the bounds
+    bracket, // which opens bounds, and "[ft_i]"
     plus,
     plus_minus,
     minus,   // the sign U+2212 only; a hyphen has no use outside numbers

@@ -1,7 +1,10 @@
 #include "Foreign_units.h"
 
 #include "Characters.h"
+#include "Unit_reader.h"
 #include "Unit_words.h"
+
+#include <varnix/value/Units_library.h>
 
 #include <algorithm>
 
@@ -25,11 +28,11 @@ constexpr auto names = Prefixes_of::names;
 // clang-format off
 constexpr Foreign_unit foreign_units[] = {
     // SI units with names of their own.
-    {"N",        symbols, "force",                    "W*s/m"},
-    {"newton",   names,   "force",                    "W*s/m"},
-    {"hPa",      none,    "pressure",                 "(10^2 W*s/m^3)"},
-    {"Pa",       symbols, "pressure",                 "W*s/m^3"},
-    {"pascal",   names,   "pressure",                 "W*s/m^3"},
+    {"N",        symbols, "force",                    "kg*m/s^2"},
+    {"newton",   names,   "force",                    "kg*m/s^2"},
+    {"hPa",      none,    "pressure",                 "(10^2 kg/(m*s^2))"},
+    {"Pa",       symbols, "pressure",                 "kg/(m*s^2)"},
+    {"pascal",   names,   "pressure",                 "kg/(m*s^2)"},
     {"J",        symbols, "energy",                   "W*s"},
     {"joule",    names,   "energy",                   "W*s"},
     {"C",        symbols, "electric charge (a temperature is °C)", "A*s"},
@@ -42,7 +45,7 @@ constexpr Foreign_unit foreign_units[] = {
     {"siemens",  names,   "conductance",              "1/ohm"},
     {"Wb",       symbols, "magnetic flux",            "V*s"},
     {"weber",    names,   "magnetic flux",            "V*s"},
-    {"tesla",    names,   "magnetic flux density",    "V*s/m^2"},
+    {"tesla",    names,   "magnetic flux density",    "V*s/m^2"}, // 'T' alone is a prefix
     {"lm",       symbols, "luminous flux",            ""},
     {"lumen",    names,   "luminous flux",            ""},
     {"lx",       symbols, "illuminance",              ""},
@@ -57,8 +60,8 @@ constexpr Foreign_unit foreign_units[] = {
     {"kat",      symbols, "catalytic activity",       ""},
     {"sr",       symbols, "solid angle",              ""},
     // Pressure, force, energy and power.
-    {"mbar",     none,    "pressure",                 "(10^2 W*s/m^3)"},
-    {"bar",      none,    "pressure",                 "(10^5 W*s/m^3)"},
+    {"mbar",     none,    "pressure",                 "(10^2 kg/(m*s^2))"},
+    {"bar",      none,    "pressure",                 "(10^5 kg/(m*s^2))"},
     {"bar",      symbols, "pressure",                 ""}, // with another prefix
     {"atm",      none,    "pressure",                 ""},
     {"psi",      none,    "pressure",                 ""},
@@ -68,15 +71,15 @@ constexpr Foreign_unit foreign_units[] = {
     {"torr",     none,    "pressure",                 ""},
     {"lbf",      none,    "force",                    ""},
     {"kgf",      none,    "force",                    ""},
-    {"Nm",       symbols, "torque",                   ""},
+    {"Nm",       symbols, "torque",                   "kg*m^2/s^2"},
     {"eV",       symbols, "energy",                   ""},
     {"cal",      symbols, "energy",                   ""},
     {"BTU",      none,    "energy",                   ""},
     {"erg",      none,    "energy",                   ""},
     {"hp",       none,    "power",                    ""},
     {"PS",       none,    "power",                    ""},
-    {"var",      symbols, "reactive power",           ""},
-    {"VAR",      symbols, "reactive power",           ""},
+    {"var",      symbols, "reactive power",           "V*A"},
+    {"VAR",      symbols, "reactive power",           "V*A"},
     // Volume, area, length and mass.
     {"l",        symbols, "volume",                   "dm^3"},
     {"L",        symbols, "volume",                   "dm^3"},
@@ -126,14 +129,14 @@ constexpr Foreign_unit foreign_units[] = {
     {"neper",    names,   "level",                    ""},
     {"bel",      names,   "level",                    ""},
     {"octave",   names,   "frequency ratio",          ""},
-    {"ppt",      none,    "ratio",                    ""},
+    {"ppt",      none,    "ratio",                    ""}, // of thousand, or of 10^12
     {"Vrms",     symbols, "voltage",                  "V"},
     {"Vpp",      symbols, "voltage",                  "V"},
     {"Vdc",      symbols, "voltage",                  "V"},
     {"Vac",      symbols, "voltage",                  "V"},
     {"Arms",     symbols, "current",                  "A"},
-    {"Bd",       symbols, "symbol rate",              "sym/s"},
-    {"baud",     none,    "symbol rate",              "sym/s"},
+    {"Bd",       symbols, "symbol rate",              "Hz"},
+    {"baud",     none,    "symbol rate",              "Hz"},
     {"Bps",      symbols, "data rate",                "B/s"},
 };
 
@@ -153,11 +156,6 @@ constexpr Other_name other_names[] = {
     {"NM",        "n.mi"},
     {"d",         "dy"},
     {"a",         "yr"},
-    {"secs",      "s"},
-    {"hrs",       "h"},
-    {"yrs",       "yr"},
-    {"decibel",   "dB"},
-    {"decibels",  "dB"},
     {"degreeC",   "°C"},
     {"degreesC",  "°C"},
     {"degreeF",   "°F"},
@@ -197,13 +195,29 @@ std::optional<std::string_view> Prefix_before(Foreign_unit const& unit, std::str
     return fits ? std::optional(prefix) : std::nullopt;
 }
 
-// The prefix goes over to the first unit of the text, where that has no power.
+// The name of a prefix of the catalogue, or nothing.
+std::string Prefix_name(std::string_view prefix) {
+    for (Prefix_word const& word : Unit_words::Get().All_prefixes()) {
+        if (word.text == prefix) {
+            return Units_library::Get_unit_str_si_map({SPL_NONE, word.prefix, {}}, STR_NAME);
+        }
+    }
+    return {};
+}
+
+// A prefix symbol goes over to the first unit of the text, "kW*s", where that has neither a prefix
+// nor a power; elsewhere the name of the prefix stands before the whole, "kilo(kg*m/s^2)".
 std::string With_prefix(Foreign_unit const& unit, std::string_view prefix) {
-    bool const known = prefix != "h" && prefix != "da" && unit.prefixes == symbols;
-    bool const goes_over = known && unit.instead[0] != '1' && unit.instead != "dm^3";
-    return prefix.empty() ? std::string(unit.instead)
-           : goes_over    ? std::string(prefix) + std::string(unit.instead)
-                          : std::string();
+    std::string const instead(unit.instead);
+    std::string const joined = std::string(prefix) + instead;
+    std::string const first = instead.substr(0, instead.find_first_of("*/^("));
+    bool const goes_over = unit.prefixes == symbols && instead.find('^') != first.size() &&
+                           Unit_words::Get().Find_unit(first) != nullptr;
+    std::string const name = Prefix_name(prefix);
+    return prefix.empty()                      ? instead
+           : name.empty()                      ? std::string() // hecto and deca
+           : goes_over && Read_unit(joined, 0) ? joined        // "mB/s" is refused
+                                               : name + '(' + instead + ')';
 }
 
 } // namespace

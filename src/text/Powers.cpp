@@ -69,7 +69,7 @@ Integer Read_exponent(std::string_view text, std::size_t& position) {
     bool const in_parentheses = Character_at(text, position).kind == Kind::opening;
     position += in_parentheses ? 1 : 0;
     Integer const integer = Read_integer(text, position);
-    bool const closed = Character_at(text, position).kind == Kind::closing;
+    bool const closed = position < text.size() && text[position] == ')';
     if (in_parentheses && !closed) {
         return Integer();
     }

@@ -116,7 +116,7 @@ bool Quantity_splitter::Read_asymmetric_deviation() {
     Begin(Quantity_form::deviations);
     ++position; // the plus sign
     if (!Read_one_deviation(parts.upper) ||
-        !Expect('/', "and the deviation below, as in +0.2/-0.1")) {
+        !Expect('/', "and the deviation below, as in 5.0 +0.2/-0.1 V")) {
         return false;
     }
     Skip();
@@ -190,7 +190,7 @@ std::optional<double> Nearest(Decimal_text const& number) {
 bool Quantity_splitter::Read_last_digits(std::size_t start) {
     std::string_view const written = parts.value.digits;
     if (written.find_first_of("eExX") != std::string_view::npos) {
-        return Refuse(position, "the exponent stands behind the parentheses, as in 5.00(3)e2");
+        return Refuse(position, "the exponent stands behind the parentheses, as in 5.00(3)e2 V");
     }
     Begin(Quantity_form::last_digits);
     Decimal_text& deviation = parts.upper;
@@ -256,6 +256,22 @@ bool Quantity_splitter::Read_value() {
 
 namespace {
 
+// "[ft_i]": a unit in brackets, which begins with a letter and holds no bounds.
+bool Is_bracketed_unit(std::string_view text, std::size_t position) {
+    std::size_t const end = text.find_first_of("], [", position + 1);
+    return Character_at(text, position + 1).kind == Kind::letter && end != std::string_view::npos &&
+           text[end] == ']';
+}
+
+// Where bounds begin from `position` on, or the end of the text.
+std::size_t Bounds_from(std::string_view text, std::size_t position) {
+    std::size_t bracket = text.find('[', position);
+    while (bracket != std::string_view::npos && Is_bracketed_unit(text, bracket)) {
+        bracket = text.find('[', bracket + 1);
+    }
+    return std::min(bracket, text.size());
+}
+
 // Where a deviation begins in the text of a unit, or the end of it: "m^+2" has none.
 std::size_t Deviation_in(std::string_view unit) {
     for (std::size_t position = 0; position < unit.size(); ++position) {
@@ -292,18 +308,18 @@ bool Begins_with_ratio_of_value(std::string_view unit) {
 } // namespace
 
 bool Quantity_splitter::Split_unit() {
-    std::size_t const bracket = std::min(text.find('[', position), text.size());
+    std::size_t const bracket = Bounds_from(text, position);
     std::string_view const unit = text.substr(position, bracket - position);
     std::size_t const deviation = Deviation_in(unit);
     parts.unit = unit.substr(0, deviation);
     parts.unit_position = position;
     if (deviation != unit.size()) {
         return Refuse(position + deviation,
-                      "a deviation stands before the unit, as in 5.0 ± 0.1 V");
+                      "a deviation stands before the unit and counts in it, as in 5.0 ± 0.1 V");
     }
     if (Has_bounds() && parts.form != Quantity_form::bounds && Begins_with_ratio_of_value(unit)) {
         return Refuse(position, "a deviation in per cent of the value is not read: write it in the "
-                                "unit, as in 5.0 ± 0.1 V");
+                                "unit, as in 5.0 ± 0.1 V for 2 %");
     }
     position = bracket;
     return true;
@@ -315,9 +331,9 @@ bool Quantity_splitter::Split() {
     }
     Skip();
     if (Is_next(',')) {
-        return Refuse(position, "expected a unit, found ','; a decimal point is written '.'");
+        return Refuse(position, "expected a unit, found ','; a decimal point is '.'");
     }
-    if (Is_next('[') && !Read_bounds()) {
+    if (Is_next('[') && !Is_bracketed_unit(text, position) && !Read_bounds()) {
         return false;
     }
     Skip();

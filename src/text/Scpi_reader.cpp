@@ -1,6 +1,6 @@
 // The grammar; the case of letters does not count, blanks stand around the whole only:
 //
-//     unit    = "DB" | "DB" product | "DBM" [ "/" factor ... ] | product
+//     unit    = nothing | "1" | "DB" | "DB" product | "DBM" [ "/" factor ... ] | product
 //     product = ["1"] "/" factor ... | factor { ("." | "*" | "/") factor }
 //     factor  = [multiplier] suffix [power]
 //     power   = ["^"] ["-"] digits
@@ -12,7 +12,10 @@
 #include "Characters.h"
 #include "Powers.h"
 #include "Unit_product.h"
+#include "Unit_reader.h"
 
+#include <algorithm>
+#include <iterator>
 #include <optional>
 #include <string>
 
@@ -57,8 +60,9 @@ constexpr Suffix suffixes[] = {
     {"FT",   One_of(FOOT)},
     {"IN",   One_of(INCH)},
     {"MI",   One_of(MILE)},
-    {"NMI",  One_of(NAUTICAL_MILE)},
+    {"NAMI", One_of(NAUTICAL_MILE)},
     {"G",    One_of(GRAM)},
+    {"TNE",  {SPL_NONE, MEGA, {{GRAM, 1}}}},
     {"K",    One_of(KELVIN)},
     {"CEL",  One_of(DEGREE_C)},
     {"FAR",  One_of(DEGREE_F)},
@@ -67,15 +71,13 @@ constexpr Suffix suffixes[] = {
     {"PCT",  One_of(PERCENT)},
     {"PPM",  One_of(PPM)},
     // What the library prints in upper case besides, or has no suffix for.
-    {"H",    One_of(HOUR)},
     {"DY",   One_of(DAY)},
     {"WK",   One_of(WEEK)},
     {"MO",   One_of(MONTH)},
     {"YR",   One_of(YEAR)},
     {"YD",   One_of(YARD)},
     {"N.MI", One_of(NAUTICAL_MILE)},
-    {"C",    One_of(DEGREE_C)},
-    {"F",    One_of(DEGREE_F)},
+    {"NMI",  One_of(NAUTICAL_MILE)},
     {"PPB",  One_of(PPB)},
     {"SYM",  One_of(SYMBOL)},
     {"BIT",  One_of(BIT)},
@@ -83,6 +85,29 @@ constexpr Suffix suffixes[] = {
     {"KTS",  One_of(NAUTICAL_MILE, HOUR)},
     {"MPH",  One_of(MILE, HOUR)},
     {"KMPH", {SPL_NONE, KILO, {{METER, 1}, {HOUR, -1}}}},
+};
+
+// Suffixes of the standard that mean no unit of the catalogue. In `instead` the multiplier takes
+// the place of '#', so that "UF" is "US/OHM"; without one it is said where no multiplier stands.
+struct Foreign_suffix {
+    std::string_view text;
+    char const* meaning;
+    std::string_view instead;
+};
+
+constexpr Foreign_suffix foreign_suffixes[] = {
+    {"C",    "coulomb (degrees Celsius are CEL)",    "A.#S"},
+    {"F",    "farad (degrees Fahrenheit are FAR)",   "#S/OHM"},
+    {"H",    "henry (hours are HR)",                 "OHM.#S"}, // "MOHM" would be mega
+    {"SIE",  "siemens",                              "1/OHM"},
+    {"N",    "newton",                               "KG.M/S2"},
+    {"PAL",  "pascal",                               "KG/M/S2"},
+    {"J",    "joule",                                "W.#S"},
+    {"WB",   "weber",                                "V.#S"},
+    {"T",    "tesla",                                "V.#S/M2"},
+    {"CD",   "candela",                              ""},       // and no hundredth of a day
+    {"MNT",  "a minute of arc (of time it is MIN)",  "DEG"},
+    {"SEC",  "a second of arc (of time it is S)",    "DEG"},
 };
 
 // The longer ones first: "MAV" is a megavolt, "MA" a milliampere.
@@ -117,6 +142,38 @@ Suffix const* Find_suffix(std::string_view word) {
     return nullptr;
 }
 
+std::string Foreign_message(std::string_view word, Foreign_suffix const& suffix) {
+    std::string_view const multiplier = word.substr(0, word.size() - suffix.text.size());
+    std::size_t const place = suffix.instead.find('#');
+    std::string message = Quoted(word) + " is not in the catalogue: " + suffix.meaning;
+    if (place != std::string_view::npos) {
+        message.append("; write ").append(suffix.instead.substr(0, place));
+        message.append(multiplier).append(suffix.instead.substr(place + 1));
+    } else if (multiplier.empty() && !suffix.instead.empty()) {
+        message.append("; write ").append(suffix.instead);
+    }
+    return message;
+}
+
+bool Is_multiplier(std::string_view word) {
+    return word.empty() ||
+           std::any_of(std::begin(multipliers), std::end(multipliers),
+                       [=](Multiplier const& multiplier) { return Equal(word, multiplier.text); });
+}
+
+// Why the word is refused that the standard has and the catalogue has not: "C", "UF".
+std::optional<std::string> Foreign_suffix_message(std::string_view word) {
+    for (Foreign_suffix const& suffix : foreign_suffixes) {
+        std::size_t const size = suffix.text.size();
+        bool const ends =
+            word.size() >= size && Equal(word.substr(word.size() - size), suffix.text);
+        if (ends && Is_multiplier(word.substr(0, word.size() - size))) {
+            return Foreign_message(word, suffix);
+        }
+    }
+    return std::nullopt;
+}
+
 // A suffix, and the power of ten before it.
 struct Scaled_suffix {
     Suffix const* suffix; // nullptr if the word is none
@@ -142,6 +199,26 @@ Scaled_suffix Find_scaled_suffix(std::string_view word) {
         }
     }
     return {nullptr, 0};
+}
+
+// Why the word cannot stand, if it cannot. What the table has for it comes before a multiplier.
+std::optional<std::string> Word_message(std::string_view word, Scaled_suffix const& found) {
+    bool const is_suffix = found.suffix != nullptr && Equal(word, found.suffix->text);
+    if (word.empty() || is_suffix) {
+        return std::nullopt;
+    }
+    if (std::optional<std::string> message = Foreign_suffix_message(word)) {
+        return message;
+    }
+    if (found.suffix == nullptr) {
+        return "expected a suffix of instruments, found " + Quoted(word);
+    }
+    bool const data = found.suffix->text == "BIT" || found.suffix->text == "BYTE";
+    if (!data || found.power_of_ten >= 0) {
+        return std::nullopt;
+    }
+    return Quoted(word) + " would be a fraction of a bit; write MA" +
+           std::string(found.suffix->text) + " for mega";
 }
 
 class Scpi_reader {
@@ -200,11 +277,14 @@ bool Scpi_reader::Read_factor(int sign) {
     if (Equal(text.substr(start, 4), "N.MI")) {
         end = start + 4;
     }
-    auto const [suffix, power_of_ten] = Find_scaled_suffix(text.substr(start, end - start));
+    std::string_view const word = text.substr(start, end - start);
+    Scaled_suffix const found = Find_scaled_suffix(word);
+    if (std::optional<std::string> message = Word_message(word, found)) {
+        return Refuse(start, std::move(*message));
+    }
+    auto const [suffix, power_of_ten] = found;
     if (suffix == nullptr) {
-        return Refuse(start, end == start ? "expected a suffix, found " + Described(text, start)
-                                          : "expected a suffix of instruments, found " +
-                                                Quoted(text.substr(start, end - start)));
+        return Refuse(start, "expected a suffix, found " + Described(text, start));
     }
     position = end;
     std::int64_t power = 1;
@@ -246,8 +326,13 @@ bool Scpi_reader::Read_behind_decibels() {
     position += 2;
     bool const milliwatts = Equal(text.substr(position, 1), "M") &&
                             Character_at(text, position + 1).kind != Kind::letter;
-    if (Equal(text.substr(position, End_of_letters(text, position) - position), "C")) {
+    std::string_view const word = text.substr(position, End_of_letters(text, position) - position);
+    if (Equal(word, "C")) {
         return Refuse(position, "a level relative to a carrier is no unit; write DB");
+    }
+    if (Equal(word, "S") || Equal(word, "MS")) {
+        return Refuse(position - 2, "levels have no plural; write " +
+                                        std::string(Equal(word, "S") ? "DB" : "DBM"));
     }
     if (!milliwatts) {
         return Is_at_end() || Read_product();
@@ -265,8 +350,8 @@ bool Scpi_reader::Read_behind_decibels() {
 
 Parse_result<Units> Scpi_reader::Read() {
     position = Skip_blanks(text, position);
-    if (position == text.size()) {
-        return Text_fault{position, "expected a suffix, found the end of the text", {}};
+    if (Is_unit_of_plain_numbers(text, position)) {
+        return C_Empty;
     }
     bool const decibels = Equal(text.substr(position, 2), "DB");
     if (decibels ? !Read_behind_decibels() : !Read_product()) {

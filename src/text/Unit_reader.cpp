@@ -1,6 +1,6 @@
 // The grammar, blanks around signs left out:
 //
-//     unit     = "dB" | "dB" product | "dB(" inside ")" | product
+//     unit     = nothing | "1" | "dB" | "dB" product | "dB(" inside ")" | product
 //              | "dBm/" factor ... | "dB-Hz" | "dBsm" | "dB/K"
 //     product  = ["1"] "/" factor ... | factor { sign factor }
 //     sign     = "*" | "." | "·" | blanks | "/"           no product sign once a '/' came before
@@ -25,6 +25,9 @@
 #include "Unit_traps.h"
 #include "Unknown_words.h"
 
+#include <varnix/value/Units_library.h>
+
+#include <algorithm>
 #include <optional>
 
 namespace Varnix::Value {
@@ -37,15 +40,56 @@ constexpr int Deepest_nesting = 16;
 
 // ---- The reader
 
+// ---- Powers in words
+
+struct Power_word {
+    std::string_view text;
+    std::int64_t power;
+};
+
+constexpr Power_word powers_before[] = {{"square", 2}, {"cubic", 3}, {"sq", 2}, {"cu", 3}};
+
+// Raises a single unit that has no power yet; `end` is behind what says so.
+bool Raise(Reading& reading, std::int64_t power, std::size_t end) {
+    bool const fits = reading.count == 1 && reading.first_power == 1;
+    if (fits) {
+        reading.first_power = power;
+        reading.units[0].power *= power;
+        reading.end = end;
+    }
+    return fits;
+}
+
+// What may follow a digit that is a power: no further digit, no letter.
+bool Ends_power(Kind kind) {
+    return kind == Kind::text_end || kind == Kind::blank || kind == Kind::slash ||
+           kind == Kind::product || kind == Kind::star || kind == Kind::closing;
+}
+
+// Other blanks than those of ASCII stand before a unit and not in it.
+bool Is_blank_or_digit(char character) {
+    return character == ' ' || character == '\t' || (character >= '0' && character <= '9');
+}
+
+bool Names_temperature_scale(std::string_view word) {
+    return word == "Celsius" || word == "celsius" || word == "Fahrenheit" || word == "fahrenheit";
+}
+
+bool Is_degrees_by_name(std::string_view text, std::size_t position, Reading const& reading) {
+    std::string_view const word = text.substr(position, reading.end - position);
+    return word == "degree" || word == "degrees";
+}
+
 class Unit_reader {
   public:
-    Unit_reader(std::string_view text_, std::size_t position_) : text(text_), position(position_) {}
+    Unit_reader(std::string_view text_, std::size_t position_)
+        : text(text_), first(position_), position(position_) {}
 
     Parse_result<Units> Read();
 
   private:
     // Each of these reads from `position` on and moves it; false says that `fault` is set.
-    bool Read_behind_decibels(Unit_product& product);
+    bool Read_behind_decibels(Unit_product& product, std::size_t marker);
     bool Read_marked_parentheses(Unit_product& product);
     bool Read_product(Unit_product& product, int depth);
     void Read_leading_one(int& sign);
@@ -54,9 +98,17 @@ class Unit_reader {
     bool Read_parentheses(Unit_product& product, SI_units prefix, int sign, int depth);
     bool Read_word(Unit_product& product, int sign, int depth);
     bool Read_bare_word(Unit_product& product, int sign, int depth);
+    std::string Scaled_rest(Bare_prefix const& prefix) const;
+    std::int64_t Read_power_word_before();
+    bool Read_unusual_word(Unit_product& product, Reading const& group, int sign, int depth);
+    std::optional<Reading> Read_other_word(int sign);
+    std::optional<Reading> Read_raised_word(int sign);
+    Reading With_words_behind(Reading const& group, int sign) const;
+    Parse_result<Units> Read_with_names_apart();
     void Multiply_reading(Unit_product& product, Reading const& reading, int sign);
     bool Read_sign(int& sign, bool& at_end);
     void Read_scale(Unit_product& inner);
+    bool Refuse_level_of_milliwatts(std::size_t sign);
     bool Read_level_density(Unit_product& product);
     bool Read_factors(Unit_product& product, int sign, int depth);
 
@@ -66,6 +118,7 @@ class Unit_reader {
     Character Next() const { return Character_at(text, position); }
 
     std::string_view text;
+    std::size_t first; // where the unit begins
     std::size_t position;
     std::optional<Text_fault> fault;
     bool at_first_factor = true;     // nothing has been read yet, parentheses apart
@@ -80,7 +133,9 @@ bool Unit_reader::Refuse(std::size_t where, std::string message, std::string sug
 
 // ---- Words
 
-void Unit_reader::Multiply_reading(Unit_product& product, Reading const& reading, int sign) {
+// Inline where nearly all words are read.
+[[gnu::always_inline]] inline void Unit_reader::Multiply_reading(Unit_product& product,
+                                                                 Reading const& reading, int sign) {
     product.Multiply(reading.prefix, sign * reading.first_power, position);
     for (std::size_t k = 0; k < reading.count; ++k) {
         product.Multiply(Factor{reading.units[k].unit, sign * reading.units[k].power, position});
@@ -88,8 +143,26 @@ void Unit_reader::Multiply_reading(Unit_product& product, Reading const& reading
     position = reading.end;
 }
 
-// A prefix by its own: "k(m^2)", and "T/s", which the core prints. Behind "dB" none stands.
+// The unit behind a lone prefix with the prefix by its name: "nano(1/cm^2)"; or empty.
+std::string Unit_reader::Scaled_rest(Bare_prefix const& prefix) const {
+    std::string const name =
+        Units_library::Get_unit_str_si_map({SPL_NONE, prefix.prefix, {}}, STR_NAME);
+    for (std::size_t const end : {text.size(), text.find_first_of(" ()*", prefix.end)}) {
+        std::string_view const rest = text.substr(0, end).substr(prefix.end);
+        std::string scaled = name + "(1" + std::string(rest) + ')';
+        if (Unit_reader(scaled, 0).Read()) {
+            return scaled;
+        }
+    }
+    return {};
+}
+
+// A prefix by its own: "k(m^2)", and "tera/seconds", which the core prints. Its symbol before a '/'
+// is a unit to whoever writes it: "n/cm^2", "T/m". Behind "dB" none stands.
 bool Unit_reader::Read_bare_word(Unit_product& product, int sign, int depth) {
+    if (Next().kind != Kind::letter) {
+        return Refuse(position, "expected a unit, found " + Described(text, position));
+    }
     if (behind_decibels) {
         std::size_t const end = End_of_letters(text, position);
         return Refuse(position, "expected a unit directly after 'dB', found " +
@@ -101,7 +174,8 @@ bool Unit_reader::Read_bare_word(Unit_product& product, int sign, int depth) {
         return Read_parentheses(product, prefix->prefix, sign, depth);
     }
     if (auto const prefix = Read_bare_prefix(text, position, '/'); prefix && at_first_factor) {
-        if ((fault = Lone_prefix_fault(text, position, prefix->end))) {
+        if (prefix->form == symbol_form) {
+            fault = Lone_prefix_fault(text, position, *prefix, Scaled_rest(*prefix));
             return false;
         }
         product.Multiply(prefix->prefix, sign, position);
@@ -112,16 +186,96 @@ bool Unit_reader::Read_bare_word(Unit_product& product, int sign, int depth) {
     return false;
 }
 
-bool Unit_reader::Read_word(Unit_product& product, int sign, int depth) {
-    Parse_result<Reading> const reading = Read_group(text, {position, sign < 0});
-    if (!reading) {
-        fault = reading.Get_fault();
-        return false;
+// "square" and "cubic" before a name: the power of it, and the position of the name. 0 if neither
+// stands here.
+std::int64_t Unit_reader::Read_power_word_before() {
+    for (Power_word const& word : powers_before) {
+        std::size_t const end = position + word.text.size();
+        std::size_t const next = Skip_blanks(text, end);
+        if (Begins_with(text.substr(position), word.text) && next != end && next != text.size()) {
+            position = next;
+            return word.power;
+        }
     }
-    if (reading->count == 0) {
-        return Read_bare_word(product, sign, depth);
+    return 0;
+}
+
+// "square meter", "cubic feet"; nothing where none stands, or one is refused.
+std::optional<Reading> Unit_reader::Read_raised_word(int sign) {
+    std::int64_t const power = Read_power_word_before();
+    if (power == 0 || Next().kind != Kind::letter) {
+        return std::nullopt;
+    }
+    Parse_result<Reading> const group = Read_group(text, {position, sign < 0});
+    if (!group) {
+        fault = group.Get_fault();
+        return std::nullopt;
+    }
+    Reading raised = *group;
+    if (!Raise(raised, power, raised.end)) {
+        Refuse(position, "expected one unit, found " + Described(text, position));
+        return std::nullopt;
+    }
+    return raised;
+}
+
+// The group with what may stand behind it: "degree Celsius", "second squared", and "m2" where no
+// prefix makes it two things.
+Reading Unit_reader::With_words_behind(Reading const& group, int sign) const {
+    Reading reading = group;
+    std::size_t const next = Skip_blanks(text, reading.end);
+    std::string_view const word = text.substr(next, End_of_letters(text, next) - next);
+    if (next == reading.end) {
+        std::size_t const end = next + 1;
+        bool const single =
+            (text[next] == '2' || text[next] == '3') && Ends_power(Character_at(text, end).kind);
+        if (single && reading.prefix == NO_PREFIX) {
+            Raise(reading, text[next] - '0', end);
+        }
+    } else if (Is_degrees_by_name(text, position, reading) && Names_temperature_scale(word)) {
+        reading = *Read_group(text, {next, sign < 0});
+    } else if (word == "squared" || word == "cubed") {
+        Raise(reading, word == "squared" ? 2 : 3, next + word.size());
+    }
+    return reading;
+}
+
+// What no word of the catalogue begins with: "square meter", "[ft_i]", or a prefix.
+std::optional<Reading> Unit_reader::Read_other_word(int sign) {
+    if (text[position] != '[') {
+        return Read_raised_word(sign);
+    }
+    Reading const reading = Read_bracketed(text, position);
+    return reading.count != 0 ? std::optional(reading) : std::nullopt;
+}
+
+// A word that is none of the catalogue, or that others stand behind.
+bool Unit_reader::Read_unusual_word(Unit_product& product, Reading const& group, int sign,
+                                    int depth) {
+    std::optional<Reading> const reading =
+        group.count == 0 ? Read_other_word(sign) : With_words_behind(group, sign);
+    if (!reading) {
+        return !fault && Read_bare_word(product, sign, depth);
     }
     Multiply_reading(product, *reading, sign);
+    return true;
+}
+
+bool Unit_reader::Read_word(Unit_product& product, int sign, int depth) {
+    if (text[position] == '[') {
+        return Read_unusual_word(product, Reading(), sign, depth);
+    }
+    Parse_result<Reading> const group = Read_group(text, {position, sign < 0});
+    if (!group) {
+        fault = group.Get_fault();
+        return false;
+    }
+    std::size_t const end = group->end;
+    bool const followed = end < text.size() && Is_blank_or_digit(text[end]);
+    if (group->count == 0 || followed) {
+        return Read_unusual_word(product, *group, sign, depth);
+    }
+    Multiply_reading(product, *group, sign);
     return true;
 }
 
@@ -146,26 +300,28 @@ bool Unit_reader::Read_inside_parentheses(Unit_product& inner, int depth) {
         return Refuse(position, "parentheses are nested more than " +
                                     std::to_string(Deepest_nesting) + " deep");
     }
+    char const closing = text[position] == '[' ? ']' : ')'; // "dB[mW]"
     ++position;
     behind_decibels = false;
     Read_scale(inner);
     if (!Read_product(inner, depth + 1)) {
         return false;
     }
-    if (Next().kind != Kind::closing) {
-        return Refuse(position, "expected ')', found " + Described(text, position));
+    if (position == text.size() || text[position] != closing) {
+        return Refuse(position, std::string("expected '") + closing + "', found " +
+                                    Described(text, position));
     }
     ++position;
     return true;
 }
 
 bool Unit_reader::Read_parentheses(Unit_product& product, SI_units prefix, int sign, int depth) {
-    std::size_t const start = position;
+    std::size_t const opening = position;
     Unit_product inner;
     if (!Read_inside_parentheses(inner, depth)) {
         return false;
     }
-    inner.Multiply(prefix, 1, start);
+    inner.Multiply(prefix, 1, opening);
     std::optional<Power> const power = Read_power(text, position);
     position = power ? power->end : position;
     bool fits = inner.Is_in_range();
@@ -173,7 +329,7 @@ bool Unit_reader::Read_parentheses(Unit_product& product, SI_units prefix, int s
         product.Multiply(inner, sign * (power ? power->value : 1));
         fits = product.Is_in_range();
     }
-    return fits || Refuse(start, "the power is out of range");
+    return fits || Refuse(opening, "the power is out of range");
 }
 
 bool Unit_reader::Read_factor(Unit_product& product, int sign, int depth) {
@@ -181,6 +337,7 @@ bool Unit_reader::Read_factor(Unit_product& product, int sign, int depth) {
     factor_position = position;
     switch (Next().kind) {
     case Kind::letter:
+    case Kind::bracket:
         if (!Read_word(product, sign, depth)) {
             return false;
         }
@@ -217,7 +374,7 @@ bool Unit_reader::Refuse_between_factors(std::size_t where) {
     bool const hyphen = where < text.size() && text[where] == '-';
     bool const signed_digit = hyphen && Character_at(text, where + 1).kind == Kind::digit;
     if (where == position && (kind == Kind::digit || signed_digit)) { // "m2", "s-1"
-        return Refuse(where, "a power is written with '^'");
+        return Refuse(where, "a power is written with '^', as in m^2");
     }
     if (kind == Kind::opening) {
         return Refuse(where, "expected '*' or '/' before '('");
@@ -238,8 +395,10 @@ bool Unit_reader::Read_sign(int& sign, bool& at_end) {
         position = next;
         return true;
     }
-    if (kind == Kind::slash) {
-        position = next + 1;
+    bool const per = juxtaposed && text.substr(next, 3) == "per" &&
+                     Character_at(text, next + 3).kind == Kind::blank;
+    if (kind == Kind::slash || per) {
+        position = next + (per ? 3 : 1);
         sign = -1;
         return true;
     }
@@ -247,7 +406,7 @@ bool Unit_reader::Read_sign(int& sign, bool& at_end) {
         return Refuse_between_factors(next);
     }
     if (sign < 0) {
-        return Refuse(next, "a product after '/' is ambiguous: write parentheses, as in m/(s*K) "
+        return Refuse(next, "a product after '/' is ambiguous: write it as in m/(s*K) "
                             "or (m/s)*K");
     }
     if (juxtaposed && (fault = Apart_fault(text, factor_position, position, next))) {
@@ -288,11 +447,13 @@ constexpr Units Level_of_bandwidth      = {SPL_DB, NO_PREFIX, {{SECOND, -1}}};
 constexpr Units Level_of_gain_per_noise = {SPL_DB, NO_PREFIX, {{KELVIN, -1}}}; // of an antenna
 
 constexpr Special_level special_levels[] = {
-    {"dB",    &C_DB},
-    {"dBm",   &C_DBmW},
-    {"dBsm",  &Level_of_area}, // of a radar cross section
-    {"dB-Hz", &Level_of_bandwidth},
-    {"dB/K",  &Level_of_gain_per_noise},
+    {"dB",       &C_DB},
+    {"dBm",      &C_DBmW},
+    {"dBsm",     &Level_of_area}, // of a radar cross section
+    {"dB-Hz",    &Level_of_bandwidth},
+    {"dB/K",     &Level_of_gain_per_noise},
+    {"decibel",  &C_DB},
+    {"decibels", &C_DB},
 };
 // clang-format on
 
@@ -307,6 +468,14 @@ Special_level const* Find_special_level(std::string_view text) {
 
 } // namespace
 
+// "dBm/s" is relative to mW/s or to m/s.
+bool Unit_reader::Refuse_level_of_milliwatts(std::size_t sign) {
+    std::string const level = "dB(mW" + std::string(text.substr(sign)) + ')';
+    bool const reads = static_cast<bool>(Unit_reader(level, 0).Read());
+    return Refuse(sign, "'dBm' stands alone or before '/Hz'" +
+                            (reads ? ": write " + level + " for milliwatts" : std::string()));
+}
+
 // "dBm/Hz", "dBm/kHz": the level of a power by frequency. The position is that of the '/'.
 bool Unit_reader::Read_level_density(Unit_product& product) {
     std::size_t const slash = position;
@@ -319,25 +488,29 @@ bool Unit_reader::Read_level_density(Unit_product& product) {
     if (divided && !Read_factors(product, -1, 0)) {
         return false;
     }
-    return (divided && product.Has_above(SECOND)) ||
-           Refuse(slash, "'dBm' stands alone or before '/Hz', for decibels relative to a "
-                         "milliwatt: write dB(mW/...) or dB(m/...)");
+    return (divided && product.Has_above(SECOND)) || Refuse_level_of_milliwatts(slash);
 }
 
-// What follows "dB", which is no special level.
-bool Unit_reader::Read_behind_decibels(Unit_product& product) {
-    position += 2;
+// What follows the marker, "dB" or "decibel", of that many bytes, and is no special level.
+bool Unit_reader::Read_behind_decibels(Unit_product& product, std::size_t marker) {
+    std::size_t const at_marker = position;
+    position += marker;
     std::size_t const next = Skip_blanks(text, position);
     Kind const kind = Character_at(text, next).kind;
     if (kind == Kind::slash) {
-        return Refuse(next, "decibels per unit are not a level; the level of a reciprocal is "
-                            "written as in dB(1/m)");
+        return Refuse(next, "decibels per unit are no unit here: give the gain of the whole length "
+                            "or time, in dB");
     }
-    if (next != position || (kind != Kind::letter && kind != Kind::opening)) {
+    bool const in_parentheses = kind == Kind::opening || kind == Kind::bracket;
+    if (next != position || (kind != Kind::letter && !in_parentheses)) {
         return Refuse(next, "expected a unit directly after 'dB', found " + Described(text, next));
     }
-    if (kind == Kind::opening) {
+    if (in_parentheses) {
         return Read_marked_parentheses(product);
+    }
+    if (text[End_of_letters(text, position) - 1] == 's' &&
+        (fault = Level_plural_fault(text, at_marker, position))) {
+        return false;
     }
     behind_decibels = true;
     bool const milliwatts = text[position] == 'm' &&
@@ -364,6 +537,41 @@ bool Unit_reader::Read_marked_parentheses(Unit_product& product) {
 
 namespace {
 
+bool Is_ascii_letter(char character) {
+    return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z');
+}
+
+// How many letters of ASCII stand before `position`, or from there on.
+std::size_t Letters_before(std::string_view text, std::size_t position) {
+    std::size_t count = 0;
+    while (count < position && Is_ascii_letter(text[position - count - 1])) {
+        ++count;
+    }
+    return count;
+}
+
+std::size_t Letters_from(std::string_view text, std::size_t position) {
+    std::size_t count = 0;
+    while (position + count < text.size() && Is_ascii_letter(text[position + count])) {
+        ++count;
+    }
+    return count;
+}
+
+// "kilowatt_hour", "meter_per_second" with blanks. Symbols stay: "m_s" may be anything.
+std::string With_blanks_between_names(std::string_view text) {
+    constexpr std::size_t shortest_name = 3;
+    std::string spaced(text);
+    for (std::size_t place = text.find('_'); place != std::string_view::npos;
+         place = text.find('_', place + 1)) {
+        if (Letters_before(text, place) >= shortest_name &&
+            Letters_from(text, place + 1) >= shortest_name) {
+            spaced[place] = ' ';
+        }
+    }
+    return spaced;
+}
+
 // The core's special name of C_Kmph looks like a division: it is no unit Km, and stands alone.
 bool Is_special_text(std::string_view text, std::size_t position) {
     constexpr std::string_view special = "Km/h";
@@ -373,23 +581,39 @@ bool Is_special_text(std::string_view text, std::size_t position) {
 
 } // namespace
 
+// The names that '_' joins, once more without it; or the fault of the first attempt.
+Parse_result<Units> Unit_reader::Read_with_names_apart() {
+    std::string const apart = With_blanks_between_names(text);
+    if (apart != text) {
+        if (auto const unit = Unit_reader(apart, first).Read()) {
+            return *unit;
+        }
+    }
+    return std::move(*fault);
+}
+
 Parse_result<Units> Unit_reader::Read() {
     position = Skip_blanks(text, position);
-    if (position == text.size()) {
-        return Text_fault{position, "expected a unit, found the end of the text", {}};
+    if (Is_unit_of_plain_numbers(text, position)) {
+        return C_Empty;
     }
     if (Is_special_text(text, position)) {
         return C_Kmph;
     }
-    bool const decibels = Begins_with(text.substr(position), "dB");
+    std::string_view const rest = text.substr(position);
+    std::size_t const marker = rest[0] != 'd'                 ? 0
+                               : Begins_with(rest, "dB")      ? 2
+                               : Begins_with(rest, "decibel") ? std::size_t{7}
+                                                              : 0;
+    bool const decibels = marker != 0;
     if (decibels) {
-        if (Special_level const* const level = Find_special_level(text.substr(position))) {
+        if (Special_level const* const level = Find_special_level(rest)) {
             return *level->unit;
         }
     }
     Unit_product product;
-    if (decibels ? !Read_behind_decibels(product) : !Read_product(product, 0)) {
-        return std::move(*fault);
+    if (decibels ? !Read_behind_decibels(product, marker) : !Read_product(product, 0)) {
+        return Read_with_names_apart();
     }
     if (position != text.size()) {
         return Text_fault{

@@ -41,6 +41,7 @@ bool Read_one(std::string_view text, std::size_t position, std::size_t end, Word
     if (power && Is_letter(text, power->end)) {
         return false;
     }
+    reading.prefix = word->unit.si_prefix;
     reading.first_power = power ? power->value : 1;
     reading.end = power ? power->end : end;
     for (Unit_tuple const& tuple : word->unit.tuples) {
@@ -265,12 +266,27 @@ Parse_result<Reading> Read_group(std::string_view text, Group_place const& place
     return reading;
 }
 
+Reading Read_bracketed(std::string_view text, std::size_t position) {
+    Reading reading;
+    std::size_t const closing = text.find(']', position);
+    if (closing != std::string_view::npos) {
+        Read_one(text, position, closing + 1, any_form, reading);
+    }
+    return reading;
+}
+
+bool Is_temperature_scale(Reading const& reading) {
+    Units_list const unit = reading.units[0].unit;
+    return reading.count == 1 && (unit == DEGREE_C || unit == DEGREE_F);
+}
+
 bool Can_be_suggested(std::string const& word) {
     if (word == "dB") {
         return true;
     }
     auto const reading = Read_group(word, {0, false});
-    return reading && reading->count != 0 && reading->end == word.size();
+    return reading && reading->count != 0 && reading->end == word.size() &&
+           !(reading->prefix != NO_PREFIX && Is_temperature_scale(*reading));
 }
 
 std::optional<Bare_prefix> Read_bare_prefix(std::string_view text, std::size_t position,
@@ -279,7 +295,7 @@ std::optional<Bare_prefix> Read_bare_prefix(std::string_view text, std::size_t p
     for (Prefix_word const& word : Words().Prefixes_like(rest)) {
         std::size_t const end = position + word.text.size();
         if (Begins_with(rest, word.text) && end < text.size() && text[end] == next) {
-            return Bare_prefix{word.prefix, end};
+            return Bare_prefix{word.prefix, word.form, end};
         }
     }
     return std::nullopt;

@@ -44,12 +44,21 @@ struct Group_place {
 // none. The fault says why a reading has to be refused.
 Parse_result<Reading> Read_group(std::string_view text, Group_place const& place);
 
-// Whether a word by itself is read as a unit, or as decibels: "nmi", a nano mile, is refused.
+// The unit of UCUM that stands at `position` in brackets, "[ft_i]", with its power; one without units
+// if there is none.
+Reading Read_bracketed(std::string_view text, std::size_t position);
+
+// Degrees Celsius or Fahrenheit alone, which take no prefix: nobody measures in millidegrees so.
+bool Is_temperature_scale(Reading const& reading);
+
+// Whether a word by itself is read as a unit, or as decibels: "nmi", a nano mile, is refused; and
+// whether measurements have it, which "kdegC" is not.
 bool Can_be_suggested(std::string const& word);
 
 // The prefix that stands at `position` before the character `next`, and the position of that.
 struct Bare_prefix {
     SI_units prefix;
+    Word_form form;
     std::size_t end;
 };
 std::optional<Bare_prefix> Read_bare_prefix(std::string_view text, std::size_t position, char next);

@@ -74,10 +74,12 @@ struct Trap {
 // clang-format off
 constexpr Trap traps[] = {
     {"nmi",  "nano(mi)",    "n.mi", true}, // nautical miles
+    {"nmis", "nano(mi*s)",  "n.mi", false},
     {"gm",   "g*m",         "g",    false},
     {"gms",  "g*m*s",       "g",    false},
     {"degK", "deg*K",       "K",    true},
     {"Min",  "mega(in)",    "min",  true}, // minutes with a capital letter
+    {"Mins", "mega(in*s)",  "min",  false},
     {"mins", "milli(in*s)", "min",  false},
 };
 // clang-format on
@@ -140,11 +142,11 @@ std::optional<Text_fault> Plural_fault(std::string_view text, std::size_t positi
 std::optional<Text_fault> Decibel_fault(std::string_view text, std::size_t position) {
     std::string_view const start = text.substr(position, 2);
     if (start == "dB") {
-        return Text_fault{position, "'dB' stands first; a tenth of a byte is deci(B)", {}};
+        return Text_fault{position, "'dB' stands first; a tenth of a byte is written deci(B)", {}};
     }
     if (start == "db") {
-        return Text_fault{position, "decibels are written 'dB', and a tenth of a bit deci(b)",
-                          "dB"};
+        return Text_fault{position,
+                          "decibels are written 'dB'; a tenth of a bit is written deci(b)", "dB"};
     }
     return std::nullopt;
 }
@@ -199,31 +201,68 @@ std::optional<Text_fault> Prefix_fault(std::string_view text, std::size_t positi
 
 namespace {
 
-// What is meant by a prefix alone before a '/'.
+// What people mean by the symbol of a prefix where it stands before a '/'.
 struct Lone_prefix {
-    char const* text;
-    char const* message;
+    std::string_view text;
+    char const* meant;
     char const* unit;
 };
 
 // clang-format off
 constexpr Lone_prefix lone_prefixes[] = {
-    {"c",  "'c' is the prefix centi; cycles per second are hertz",  "Hz"},
-    {"d",  "'d' is the prefix deci; days are 'dy'",                 "dy"},
-    {"Mi", "'Mi' is the prefix mebi; miles are 'mi'",               "mi"},
+    {"c/",  "cycles per second are hertz", "Hz"},
+    {"d/",  "days are 'dy'",               "dy"},
+    {"Mi/", "miles are 'mi'",              "mi"},
+    {"M/h", "miles are 'mi'",              "mi"},
+    {"T/",  "tesla is not in the catalogue: write V*s/m^2", ""},
+    {"n/",  "a number per unit is written as in 1/cm^2",    ""}, // of neutrons, of carriers
+    {"p/",  "a number per unit is written as in 1/cm^2",    ""},
 };
 // clang-format on
 
 } // namespace
 
-std::optional<Text_fault> Lone_prefix_fault(std::string_view text, std::size_t position,
-                                            std::size_t end) {
-    for (Lone_prefix const& prefix : lone_prefixes) {
-        if (text.substr(position, end - position) == prefix.text) {
-            return Text_fault{position, prefix.message, prefix.unit};
+Text_fault Lone_prefix_fault(std::string_view text, std::size_t position, Bare_prefix const& prefix,
+                             std::string const& scaled) {
+    std::string const name =
+        Units_library::Get_unit_str_si_map({SPL_NONE, prefix.prefix, {}}, STR_NAME);
+    Text_fault fault = {position,
+                        Quoted(text.substr(position, prefix.end - position)) + " is the prefix " +
+                            name + " and no unit" + (scaled.empty() ? "" : ": write " + scaled),
+                        {}};
+    for (Lone_prefix const& row : lone_prefixes) {
+        if (Begins_with(text.substr(position), row.text)) {
+            fault.message.append("; ").append(row.meant);
+            fault.suggestion = row.unit;
+            break;
         }
     }
-    return std::nullopt;
+    return fault;
+}
+
+// ---- Levels
+
+std::optional<Text_fault> Level_plural_fault(std::string_view text, std::size_t start,
+                                             std::size_t position) {
+    std::size_t const end = End_of_letters(text, position);
+    if (end == position || text[end - 1] != 's' || Skip_blanks(text, end) != text.size()) {
+        return std::nullopt;
+    }
+    auto const is_time = [](Reading const& reading) {
+        return reading.count != 0 && reading.units[reading.count - 1].unit == SECOND;
+    };
+    std::string_view const word = text.substr(position, end - position);
+    std::string const level(word.substr(0, word.size() - 1)); // without the "s"
+    auto const reading = Read_group(word, {0, false});
+    if (!reading || reading->end != word.size() || !is_time(*reading)) {
+        return std::nullopt; // "dBwatts"
+    }
+    bool const alone = level.empty();
+    auto const shorter = Can_be_suggested(level) ? *Read_group(level, {0, false}) : Reading{};
+    if (!alone && (shorter.count == 0 || is_time(shorter) || Is_temperature_scale(shorter))) {
+        return std::nullopt; // "dBns", "dBseconds"
+    }
+    return Ambiguous(text, start, "dB(" + Written(*reading) + ')', "dB" + level);
 }
 
 // ---- Units apart from each other

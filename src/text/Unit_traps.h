@@ -34,9 +34,15 @@ std::optional<Text_fault> Prefix_fault(std::string_view text, std::size_t positi
 std::optional<Text_fault> Plural_fault(std::string_view text, std::size_t position,
                                        Reading const& reading);
 
-// Why a prefix alone before a '/' is refused: "Mi/h", "c/s". The prefix ends at `end`.
-std::optional<Text_fault> Lone_prefix_fault(std::string_view text, std::size_t position,
-                                            std::size_t end);
+// Why the symbol of a prefix alone before a '/' is refused: "Mi/h", "c/s", "n/cm^2". `scaled` is
+// the unit behind it with the prefix in a form that is read, "nano(1/cm^2)", or empty.
+Text_fault Lone_prefix_fault(std::string_view text, std::size_t position, Bare_prefix const& prefix,
+                             std::string const& scaled);
+
+// Why a level is refused for its "s", at the end of the text: "dBs", "dBms", "dBVs". It begins at
+// `start`, and `position` is that behind "dB".
+std::optional<Text_fault> Level_plural_fault(std::string_view text, std::size_t start,
+                                             std::size_t position);
 
 // Why two units are refused with nothing but blanks between them: "K ohm", "deg K". The first goes
 // from `first` to `end`, the second begins at `second`.

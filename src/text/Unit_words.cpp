@@ -64,7 +64,13 @@ Alias const aliases[] = {
     {"ohm",             &C_Ohms,          name_form},           // the symbol as well
     {"symbol",          &One_symbol,      name_form},
     {"celsius",         &C_DgreeC,        name_form},
+    {"Celsius",         &C_DgreeC,        name_form},
     {"fahrenheit",      &C_DgreeF,        name_form},
+    {"Fahrenheit",      &C_DgreeF,        name_form},
+    {"megohm",          &C_MegaOhms,      name_form},           // a vowel is left out, and the prefix
+    {"megohms",         &C_MegaOhms,      name_form},           // belongs to the word
+    {"kilohm",          &C_KiloOhms,      name_form},
+    {"kilohms",         &C_KiloOhms,      name_form},
     // Other symbols.
     {"bit",             &C_Bits,          symbol_form},
     {"Ohm",             &C_Ohms,          symbol_form},
@@ -77,13 +83,26 @@ Alias const aliases[] = {
     {"\u2109",          &C_DgreeF,        symbol_form, true},
     {"\u212A",          &C_Kelvin,        symbol_form, true},   // kelvin sign
     {"hr",              &C_Hrs,           symbol_form},
+    {"hrs",             &C_Hrs,           symbol_form},
     {"sec",             &C_Sec,           symbol_form},
+    {"secs",            &C_Sec,           symbol_form},
+    {"yrs",             &C_Yrs,           symbol_form},
     {"mph",             &C_Mph,           symbol_form},
     {"kn",              &C_Knots,         symbol_form},         // no unit n, so no kilo of it
     {"kt",              &C_Knots,         symbol_form},
     {"By",              &C_Bytes,         symbol_form},
     {"Cel",             &C_DgreeC,        symbol_form},
     {"bps",             &Bits_per_second, symbol_form},
+    // Customary units of UCUM, which take no prefix.
+    {"[in_i]",          &C_Inch,          symbol_form},
+    {"[ft_i]",          &C_Ft,            symbol_form},
+    {"[yd_i]",          &C_Yard,          symbol_form},
+    {"[mi_i]",          &C_Miles,         symbol_form},
+    {"[nmi_i]",         &C_Nautical_mile, symbol_form},
+    {"[kn_i]",          &C_Knots,         symbol_form},
+    {"[degF]",          &C_DgreeF,        symbol_form},
+    {"[ppm]",           &C_PPM,           symbol_form},
+    {"[ppb]",           &C_PPB,           symbol_form},
 };
 
 struct Prefix_alias {
@@ -177,7 +196,8 @@ Unit_words::Unit_words() {
     }
     for (Unit_word& word : units) {
         bool const several = word.unit.tuples[1].unit != NO_UNIT;
-        word.takes_prefix = !several || Dimension_of(word.unit.tuples[0].unit) != LENGTH;
+        word.takes_prefix = word.unit.si_prefix == NO_PREFIX &&
+                            (!several || Dimension_of(word.unit.tuples[0].unit) != LENGTH);
     }
     for (SI_units const prefix : Value::Prefixes()) {
         Units const unit = {SPL_NONE, prefix, {}};

@@ -31,7 +31,7 @@ struct Unit_word {
     Word_form form;
     bool run_together;        // with other units, as the core prints them; others stand alone
     Dimension dimension;      // of a word that may be run together
-    Units unit;               // without prefix and marker
+    Units unit;               // without marker; of the words with a prefix of their own with that
     bool takes_prefix = true; // not of a speed: nobody writes kilo-knots
     Unit_word const* next_in_slot = nullptr; // of Unit_words' table
 };

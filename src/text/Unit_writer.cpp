@@ -149,9 +149,12 @@ std::string With_power_of_ten(Units const& unit, std::string const& units) {
     return "(10^" + std::to_string(unit.si_prefix) + (units.empty() ? "" : " ") + units + ')';
 }
 
-// "km/h" is prefix and units like any other; the special name of the core is "Km/h".
-bool Has_better_text_than_special_name(Units const& unit, Unit_string_type spelling) {
-    return spelling == STR_SYMBOL && unit == C_Kmph;
+// What everybody writes where the special names of the core are "Km/h" and "Mph"; or nullptr.
+char const* Better_than_special_name(Units const& unit, Unit_string_type spelling) {
+    return spelling != STR_SYMBOL ? nullptr
+           : unit == C_Kmph       ? "km/h"
+           : unit == C_Mph        ? "mph"
+                                  : nullptr;
 }
 
 bool Is_hertz(Units const& unit) {
@@ -168,9 +171,8 @@ std::vector<std::string> Linear_spellings(Units const& unit, Unit_string_type sp
     if (Is_hertz(unit)) {
         texts.push_back(prefix + Spelled(C_Hz, spelling));
     }
-    if (!Has_better_text_than_special_name(unit, spelling)) {
-        texts.push_back(Spelled(unit, spelling));
-    }
+    char const* const better = Better_than_special_name(unit, spelling);
+    texts.push_back(better != nullptr ? better : Spelled(unit, spelling));
     texts.push_back(Power_of_prefixed(unit, spelling));
     if (!prefix.empty() || unit.si_prefix == NO_PREFIX) {
         texts.push_back(prefix + units);
@@ -274,7 +276,7 @@ std::string Format_unit(Units const& given, Unit_string_type spelling) {
     }
     // Nearly all units: nothing else has to be composed.
     bool const simple = unit.spl_conv != SPL_DB && !Is_hertz(unit) &&
-                        !Has_better_text_than_special_name(unit, spelling);
+                        Better_than_special_name(unit, spelling) == nullptr;
     if (simple && Reads_back(core_text, unit)) {
         return core_text;
     }
@@ -284,7 +286,8 @@ std::string Format_unit(Units const& given, Unit_string_type spelling) {
             return text;
         }
     }
-    return Try_parse_unit(core_text) ? Unreadable_text(unit, spelling) : core_text;
+    return !core_text.empty() && Try_parse_unit(core_text) ? Unreadable_text(unit, spelling)
+                                                           : core_text;
 }
 
 } // namespace Varnix::Value

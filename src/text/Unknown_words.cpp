@@ -38,15 +38,17 @@ std::optional<Mixture> Find_mixture(std::string_view word) {
     return std::nullopt;
 }
 
-// The prefix in the form of the unit: kilometers, km; or apart from it: nano(mi), milli(in).
+// The prefix in the form of the unit: kilometers, km; or apart from it: nano(mi), milli(in). Nothing
+// for a scale of temperature.
 std::string Unmixed(Mixture const& mixture) {
     Units const unit = {SPL_NONE, mixture.prefix->prefix, {}};
     Unit_string_type const type = mixture.prefix->form == symbol_form ? STR_NAME : STR_SYMBOL;
     std::string const text = Units_library::Get_unit_str_si_map(unit, type) + mixture.unit;
     auto const reading = Read_group(text, {0, false});
     bool const same = reading && reading->prefix == unit.si_prefix && reading->end == text.size();
-    return same ? text
-                : Units_library::Get_unit_str_si_map(unit, STR_NAME) + '(' + mixture.unit + ')';
+    return same && Is_temperature_scale(*reading) ? std::string()
+           : same                                 ? text
+                  : Units_library::Get_unit_str_si_map(unit, STR_NAME) + '(' + mixture.unit + ')';
 }
 
 // "4.7 k ohm", "5 T": the unit with the prefix that stands apart from it, or "" if there is none.
@@ -91,7 +93,7 @@ Text_fault Unknown_word_fault(std::string_view text, std::size_t position, bool 
         return Ambiguous(text, position, "(K*m)", "km");
     }
     if (word == "per") {
-        return {position, "'per' is written '/'", {}};
+        return {position, "expected a unit, found 'per'; it stands between two, for '/'", {}};
     }
     if (Is_prefix(word)) {
         return Apart_prefix_fault(text, position, end);

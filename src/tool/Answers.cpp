@@ -11,19 +11,47 @@ namespace Varnix::Value::Tool {
 
 // ---- Reading
 
+namespace {
+
+void Check_dialect(double number, std::string_view text, Dialect dialect) {
+    if (dialect == Dialect::scpi) {
+        Check_instruments_number(number, text);
+    }
+}
+
+} // namespace
+
 Answer Answer_reader::Read_measured(std::string_view text) {
     auto const measured = reader.Read(text);
     if (!measured) {
         throw Refusal(measured.Get_fault(), text);
     }
+    Check_dialect(measured->Get_value(), text, options.dialect);
     return {*measured, reader.Has_bounds()};
+}
+
+void Check_instruments_number(double number, std::string_view text) {
+    switch (Scpi_meaning(number)) {
+    case Scpi_number::ordinary:
+        return;
+    case Scpi_number::infinity:
+        throw Refusal("9.9E37 is how an instrument says infinity: it has measured nothing", text,
+                      0);
+    case Scpi_number::negative_infinity:
+        throw Refusal("-9.9E37 is how an instrument says minus infinity: it has measured nothing",
+                      text, 0);
+    case Scpi_number::not_a_number:
+        throw Refusal("9.91E37 is how an instrument says that it has no number", text, 0);
+    }
 }
 
 Answer Answer_reader::Read(std::string_view text) {
     if (options.rules == Rules::measurements) {
         return Read_measured(text);
     }
-    return {Read_quantity(text, options.dialect), true};
+    Quantity const quantity = Read_quantity(text, options.dialect);
+    Check_dialect(quantity.Get_value(), text, options.dialect);
+    return {quantity, true};
 }
 
 Answer Read_answer(std::string_view text, Options const& options) {

@@ -40,6 +40,10 @@ class Answer_reader {
 // The same for one alone.
 Answer Read_answer(std::string_view text, Options const& options);
 
+// Instruments say infinity and "no number" with numbers of their own (`Scpi_meaning`).
+// @throws Refusal of `text` for these
+void Check_instruments_number(double number, std::string_view text);
+
 // As it is printed. Without a format of the user's own, bounds that were not typed are not shown,
 // and others with four digits of half their distance, outward.
 std::string Text_of(Answer const& answer, Options const& options);

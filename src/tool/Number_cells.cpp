@@ -1,14 +1,13 @@
 #include "Number_cells.h"
 
-#include "Answers.h"
-
 #include <varnix/value/Text_parsing.h>
 
 namespace Varnix::Value::Tool {
 
 Number_cells::Number_cells(Units const& from, Units const& to, Options const& options)
     : format(options.format), shortest(options.format.digits == Digits::shortest ||
-                                       options.format.digits == Digits::by_bounds) {
+                                       options.format.digits == Digits::by_bounds),
+      of_instruments(options.dialect == Dialect::scpi) {
     if (options.rules == Rules::measurements) {
         measured = Telling_refusals([&] { return Measurement_converter(from, to); });
     } else {

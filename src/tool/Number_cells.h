@@ -4,6 +4,7 @@
 #ifndef VARNIX_VALUE_TOOL_NUMBER_CELLS_H
 #define VARNIX_VALUE_TOOL_NUMBER_CELLS_H
 
+#include "Answers.h"
 #include "Commands.h"
 
 #include <varnix/value/Measurement_converter.h>
@@ -23,7 +24,8 @@ class Number_cells {
     Number_cells(Units const& from, Units const& to, Options const& options);
 
     // The number that the cell holds, converted; `cell` has no blanks around it.
-    // @throws Refusal where it holds none, or where the result is not finite
+    // @throws Refusal where it holds none, or where the result is not finite; where it is of an
+    //         instrument, which has none
     double Convert(std::string_view cell) const {
         // Plain numbers take the short way; whatever else there may be is left to the reader.
         double number = 0.0;
@@ -31,6 +33,9 @@ class Number_cells {
         if (end.ec != std::errc() || end.ptr != cell.data() + cell.size() ||
             !std::isfinite(number)) {
             number = Read(cell);
+        }
+        if (of_instruments) {
+            Check_instruments_number(number, cell);
         }
         double const result =
             measured ? measured->Convert_number(number) : by_the_rules->Convert(number);
@@ -60,6 +65,7 @@ class Number_cells {
     std::optional<Value_converter<double>> by_the_rules;
     Text_format format;
     bool shortest;
+    bool of_instruments;
 };
 
 } // namespace Varnix::Value::Tool

@@ -12,6 +12,7 @@
 // Decimals are exact: what is read keeps its decimals where they are at most 2^53 over a power of
 // ten up to 10^22, and is written as it was typed. Other numbers are enclosed: what is written is
 // never narrower than the measurement, and what is read never narrower than the text.
+// Hexadecimal numbers ("0x1.8p3 V"), which are read where they are asked for, give the same bits.
 //
 // Failures and threads are as in <varnix/value/Measurement.h>; texts allocate memory, and functions
 // here may throw `std::bad_alloc`.
@@ -34,16 +35,23 @@ namespace Varnix::Value {
 /// @addtogroup texts
 /// @{
 
-/// A measurement as it is typed: the notation of `Parse_quantity`, with the numbers kept as decimals
-/// or, where they do not fit, enclosed; hexadecimal numbers, infinite bounds, and the differences "Δ°C", "Δ°F", "ΔK" ("delta_degC",
-/// "delta_degF", "delta_K").
+/// A measurement as it is typed: the notation of `Parse_quantity`, with the numbers kept as
+/// decimals or, where they do not fit, enclosed; infinite bounds, and the differences "Δ°C", "Δ°F",
+/// "ΔK" ("delta_degC", "delta_degF", "delta_K").
 /// @throws TextNotValid for what cannot be read.
 /// @throws MeasurementRefused for what can, but is no measurement: "5 V [5.1, 5.2]", "10 dBohm".
 VARNIX_VALUE_MEASUREMENT_EXPORT Measurement Parse_measurement(std::string_view text);
 
-/// The same, with either failure as a fault. @throws std::bad_alloc and nothing else
+/// The same with numbers of the forms asked for: with {true, true} hexadecimal ones are read too,
+/// "0x1.8p3 V", which without are refused; with {} infinite bounds are.
+VARNIX_VALUE_MEASUREMENT_EXPORT Measurement Parse_measurement(std::string_view text,
+                                                              Number_forms forms);
+
+/// As `Parse_measurement`, with either failure as a fault. @throws std::bad_alloc and nothing else
 VARNIX_VALUE_MEASUREMENT_EXPORT Parse_result<Measurement>
 Try_parse_measurement(std::string_view text);
+VARNIX_VALUE_MEASUREMENT_EXPORT Parse_result<Measurement>
+Try_parse_measurement(std::string_view text, Number_forms forms); ///< the same of these forms
 
 /// Reads many texts, as `Try_parse_measurement` does. A unit that is written as in the text before is
 /// not read again, so that a column of quantities takes little longer than one of numbers.

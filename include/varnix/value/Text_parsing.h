@@ -18,7 +18,7 @@
 // What holds for every function here: nothing depends on the locale; a text may be up to
 // `Longest_text` bytes long and is UTF-8; the time taken is linear in its length; no memory is
 // allocated on success, but by the first call in a program, which gathers the names of the units,
-// and for uncertain digits, "5.00(3)". std::bad_alloc may come out of any of them, where there is
+// for uncertain digits, "5.00(3)", and for names joined by '_', "kilowatt_hour". std::bad_alloc may come out of any of them, where there is
 // no memory for that or for a fault.
 //
 // Mind the power, which belongs to the prefixed unit (ISO 80000-1): "km^2" is a square kilometre,
@@ -115,8 +115,9 @@ struct Number_forms {
 
 /// The unit that `text` names: "km/h", "V^2/ohm", "dBm", "milli(inches)". In canonical order. The
 /// scale of all prefixes becomes the prefix of the descriptor, a power of ten from 10^-40 to 10^40,
-/// with a name or not, whose code is not that of a binary prefix: 10^-4 for "cm^2".
-/// @throws TextNotValid for any text that is not a unit, the empty one included.
+/// with a name or not, whose code is not that of a binary prefix: 10^-4 for "cm^2". Nothing and "1"
+/// are C_Empty, the unit of plain numbers.
+/// @throws TextNotValid for any text that is not a unit.
 VARNIX_VALUE_TEXT_EXPORT Units Parse_unit(std::string_view text);
 
 /// A number, with or without bounds, in a unit: "30 dBm", "30 dBm [29, 31]", "5.0 ± 0.1 V",
@@ -139,8 +140,9 @@ enum class Dialect : std::uint8_t {
 
 /// As `Parse_unit` without dialect, in the words of `dialect`. What `Get_unit_string` prints with
 /// STR_UPPER_CASE is read back in `Dialect::scpi`, but for units of data, whose letters mean others
-/// there (bits and bytes are BIT and BYTE); units run together ("VA"); a prefix alone before a '/';
-/// and milliohms and millihertz, which are mega there.
+/// there (bits and bytes are BIT and BYTE); hours and degrees Celsius and Fahrenheit, whose H, C and
+/// F are henry, coulomb and farad there and refused (write HR, CEL, FAR); units run together ("VA");
+/// a prefix alone before a '/'; and milliohms and millihertz, which are mega there.
 /// @throws TextNotValid for any text that is not a unit in that dialect.
 VARNIX_VALUE_TEXT_EXPORT Units Parse_unit(std::string_view text, Dialect dialect);
 

@@ -159,7 +159,10 @@ TEST(Measurement, Says_where_a_text_is_none) {
     EXPECT_EQ(Try_parse_measurement("q").Get_fault().position, 0U);
     EXPECT_THROW(Parse_measurement("5 q"), TextNotValid);
     EXPECT_THROW(Parse_measurement("5 dBohm"), MeasurementRefused);
-    EXPECT_EQ(Parse_measurement("0x1.8p1 V [0x1p-1, 0x1.0000000000001p2]").Get_upper(), 0x1.0000000000001p2);
+    EXPECT_EQ(Parse_measurement("0x1.8p1 V [0x1p-1, 0x1.0000000000001p2]", {true, true}).Get_upper(), 0x1.0000000000001p2);
+    EXPECT_EQ(Parse_measurement("0x1.8p3 V [0x1p0, 0x1p4]", {true, false}).Get_value(), 12.0);
+    EXPECT_FALSE(Try_parse_measurement("0x10 V"));
+    EXPECT_FALSE(Try_parse_measurement("5 ± inf V", {true, false}));
     EXPECT_EQ(Parse_measurement("5 ± inf V").Get_lower(), -infinity);
 }
 
@@ -183,7 +186,7 @@ TEST(Measurement, Is_written_in_each_format) {
         {"b", "1.25e-30 V [1e-30, 2e-30]", "1.25e-30 V [9.9e-31, 2.01e-30]"},
         {"b", "2.5e-12 V [1.25e-12, 3e-12]", "2.50e-12 V [1.25e-12, 3.00e-12]"},
         {"b", "0.00002 V [0.000009, 0.00003]", "0.000020 V [0.000009, 0.000030]"},
-        {"b", "5 V [4, 0x1.7ffffffffffffp2]", "5.0 V [4.0, 6.0]"},
+        {"b", "5 V [4, 5.999999999999999]", "5.0 V [4.0, 6.0]"},
         {".3", "2.5e-6 V [9e-7, 0.00012]", "2.50e-06 V [9.00e-07, 0.000120]"},
         {"bp", "9.996 V [9.986, 10.006]", "9.996 ± 0.010 V"},
         {"bk", "1234567 V [1200000, 1300000]", "1.235 MV [1.200, 1.300]"},
