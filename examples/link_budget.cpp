@@ -22,7 +22,7 @@ int main() {
     Measurement const transmitter(30.0, C_DBmW, 29.0, 31.0);
     Measurement const antennas =
         Measurement(12.0, C_DB, 11.5, 12.5) + Measurement(9.0, C_DB, 8.5, 9.5);
-    Measurement const free_space(-92.4, C_DB, -93.4, -91.4); // 1 km at 1 GHz
+    Measurement const free_space = Parse_measurement("-92.4 ± 1 dB"); // 1 km at 1 GHz
     Measurement const received = transmitter + antennas + free_space;
     Print("received", received);
 

@@ -258,7 +258,7 @@ void Define_conversions(py::class_<Measurement>& quantity) {
              R"(The same quantity in another unit.
 
 >>> print(f'{Quantity("98.6 °F").to("°C"):.4}')
-37.00 °C [36.99, 37.01]
+37.00 °C
 >>> print(f'{Quantity("70 dBuV [69, 71]").to("dBm", with_="50 ± 2.5 ohm"):.4f}')
 -36.9897 dBm [-38.2016, -35.7669]
 
