@@ -92,9 +92,9 @@ TEST(Power_accumulator, Is_as_it_was_after_a_refusal) {
 
 TEST(Measurement_reader, Reads_each_text_as_if_it_were_alone) {
     std::vector<std::string> const texts = {
-        "5 m",      "5 m",     "5 km",        "5",        "5 pinch", "5 m",     "5 Δ°C",         "5 °C",      "5 Δ°C", "5 K",
-        "5 ± 1 °C", "5 m ±",   "5 m [6, 7]",  "5 m",      "5 mm",    "5 m",     "5 V [-inf, 6]", "5 °C",      "x",     "5 °C",
-        "5.0(1) W", "10 dBohm", "10 dBm",     "5 +1/-2 W", "5W",     " 5  W  ", "5 W/m",         "5 W/m [4, 6]",
+        "5 m",      "5 m",      "5 km",       "5",         "5 pinch", "5 m",     "5 Δ°C",         "5 °C",         "5 Δ°C", "5 K",
+        "5 ± 1 °C", "5 m ±",    "5 m [6, 7]", "5 m",       "5 mm",    "5 m",     "5 V [-inf, 6]", "5 °C",         "x",     "5 °C",
+        "5.0(1) W", "10 dBohm", "10 dBm",     "5 +1/-2 W", "5W",      " 5  W  ", "5 W/m",         "5 W/m [4, 6]",
     };
     Measurement_reader reader(Dialect::standard, {true, true});
     for (std::string const& text : texts) {
@@ -103,7 +103,8 @@ TEST(Measurement_reader, Reads_each_text_as_if_it_were_alone) {
         ASSERT_EQ(bool(many), bool(alone)) << text;
         if (many) {
             EXPECT_TRUE(Is_same(*many, *alone)) << text;
-            bool const has_bounds = text.find_first_of("[(") != std::string::npos || text.find("±") != std::string::npos || text.find("+1") != std::string::npos;
+            bool const has_bounds =
+                text.find_first_of("[(") != std::string::npos || text.find("±") != std::string::npos || text.find("+1") != std::string::npos;
             EXPECT_EQ(reader.Has_bounds(), has_bounds) << text;
         } else {
             EXPECT_EQ(many.Get_fault().message, alone.Get_fault().message);

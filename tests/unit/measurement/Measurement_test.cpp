@@ -204,7 +204,8 @@ TEST(Measurement, Is_written_in_each_format) {
         {"", "0x1.7d52c1ef68d6ap62 V", "6869309377635265000 V"},
     };
     for (Row const& row : rows) {
-        EXPECT_EQ(Format(Parse_measurement(row.quantity, {true, true}), Read_text_format(row.format)), row.text) << row.format << ": " << row.quantity;
+        EXPECT_EQ(Format(Parse_measurement(row.quantity, {true, true}), Read_text_format(row.format)), row.text)
+            << row.format << ": " << row.quantity;
     }
     Text_format names;
     names.unit = STR_NAME;
