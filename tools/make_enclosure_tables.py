@@ -50,7 +50,7 @@ def main():
         "namespace Varnix::Value::Physics {",
         "",
         "// What the two doubles of an entry leave out at most, in the place of its high part.",
-        "constexpr double table_error = 0x1p-106;",
+        "inline constexpr double table_error = 0x1p-106;",
         "",
         "// clang-format off",
         "",
@@ -61,12 +61,12 @@ def main():
         ("one_6th", Decimal(1) / 6), ("one_24th", Decimal(1) / 24),
     ]
     for name, number in constants:
-        lines.append("constexpr Enclosed %s = %s;" % (name.ljust(16), enclosed(number)))
+        lines.append("inline constexpr Enclosed %s = %s;" % (name.ljust(16), enclosed(number)))
     lines += [
         "",
         "// exp(j / 64), from j = -23.",
-        "constexpr int First_exponential = -23;",
-        "constexpr Enclosed exponentials[] = {",
+        "inline constexpr int First_exponential = -23;",
+        "inline constexpr Enclosed exponentials[] = {",
     ]
     for j in range(-23, 24):
         lines.append("    %s, // %d" % (enclosed((Decimal(j) / 64).exp()) if j else "{1.0, 0.0, 0.0, 0}", j))
@@ -78,8 +78,8 @@ def main():
         "    double reciprocal;",
         "    Enclosed logarithm;",
         "};",
-        "constexpr int First_logarithm = 90;",
-        "constexpr Logarithm_entry logarithms[] = {",
+        "inline constexpr int First_logarithm = 90;",
+        "inline constexpr Logarithm_entry logarithms[] = {",
     ]
     for j in range(90, 183):
         c = reciprocal(j)

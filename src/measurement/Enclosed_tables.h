@@ -8,22 +8,22 @@
 namespace Varnix::Value::Physics {
 
 // What the two doubles of an entry leave out at most, in the place of its high part.
-constexpr double table_error = 0x1p-106;
+inline constexpr double table_error = 0x1p-106;
 
 // clang-format off
 
-constexpr Enclosed pi               = {0x1.921fb54442d18p+0, 0x1.1a62633145c07p-54, table_error, 1};
-constexpr Enclosed ln_10            = {0x1.26bb1bbb55516p+0, -0x1.f48ad494ea3e9p-54, table_error, 1};
-constexpr Enclosed ln_2             = {0x1.62e42fefa39efp+0, 0x1.abc9e3b39803fp-55, table_error, -1};
-constexpr Enclosed log10_2          = {0x1.34413509f79ffp+0, -0x1.9dc1da994fd21p-57, table_error, -2};
-constexpr Enclosed two_over_ln_10   = {0x1.bcb7b1526e50ep+0, 0x1.95355baaafad3p-55, table_error, -1};
-constexpr Enclosed two_over_3_ln_10 = {0x1.287a7636f435fp+0, -0x1.9c871838e0373p-55, table_error, -2};
-constexpr Enclosed one_6th          = {0x1.5555555555555p+0, 0x1.5555555555555p-54, table_error, -3};
-constexpr Enclosed one_24th         = {0x1.5555555555555p+0, 0x1.5555555555555p-54, table_error, -5};
+inline constexpr Enclosed pi               = {0x1.921fb54442d18p+0, 0x1.1a62633145c07p-54, table_error, 1};
+inline constexpr Enclosed ln_10            = {0x1.26bb1bbb55516p+0, -0x1.f48ad494ea3e9p-54, table_error, 1};
+inline constexpr Enclosed ln_2             = {0x1.62e42fefa39efp+0, 0x1.abc9e3b39803fp-55, table_error, -1};
+inline constexpr Enclosed log10_2          = {0x1.34413509f79ffp+0, -0x1.9dc1da994fd21p-57, table_error, -2};
+inline constexpr Enclosed two_over_ln_10   = {0x1.bcb7b1526e50ep+0, 0x1.95355baaafad3p-55, table_error, -1};
+inline constexpr Enclosed two_over_3_ln_10 = {0x1.287a7636f435fp+0, -0x1.9c871838e0373p-55, table_error, -2};
+inline constexpr Enclosed one_6th          = {0x1.5555555555555p+0, 0x1.5555555555555p-54, table_error, -3};
+inline constexpr Enclosed one_24th         = {0x1.5555555555555p+0, 0x1.5555555555555p-54, table_error, -5};
 
 // exp(j / 64), from j = -23.
-constexpr int First_exponential = -23;
-constexpr Enclosed exponentials[] = {
+inline constexpr int First_exponential = -23;
+inline constexpr Enclosed exponentials[] = {
     {0x1.656f00bf5796ap+0, 0x1.93e6dd6872d13p-54, table_error, -1}, // -23
     {0x1.6b0ff72deb89dp+0, -0x1.dabf5975c0c02p-56, table_error, -1}, // -22
     {0x1.70c79eba33c07p+0, -0x1.58b71227465a1p-54, table_error, -1}, // -21
@@ -78,8 +78,8 @@ struct Logarithm_entry {
     double reciprocal;
     Enclosed logarithm;
 };
-constexpr int First_logarithm = 90;
-constexpr Logarithm_entry logarithms[] = {
+inline constexpr int First_logarithm = 90;
+inline constexpr Logarithm_entry logarithms[] = {
     {0x1.6a00000000000p+0, {-0x1.3428e2540096dp+0, -0x1.db19f0230af8bp-55, table_error, -3}}, // 90
     {0x1.6600000000000p+0, {-0x1.2a46e8ca7ba2ap+0, 0x1.aa8c8a1f1c5fbp-54, table_error, -3}}, // 91
     {0x1.6200000000000p+0, {-0x1.204881dee8777p+0, -0x1.54b04da9d7f6dp-54, table_error, -3}}, // 92

@@ -76,6 +76,10 @@ Exact_pair Rounded(double whole, int power) {
 }
 
 Numbers Rounded(Decimal_numbers const& x) {
+    if (Is_single(x)) {
+        Exact_pair const number = Rounded(x.value, x.power);
+        return {Down(number), number.rounded, Up(number)};
+    }
     auto const lower = std::isinf(x.lower) ? x.lower : Down(Rounded(x.lower, x.power));
     auto const upper = std::isinf(x.upper) ? x.upper : Up(Rounded(x.upper, x.power));
     return {lower, Rounded(x.value, x.power).rounded, upper};
@@ -149,6 +153,9 @@ bool Drop_zero(Decimal_numbers& x) {
     auto const tenth = [](double number) {
         return std::isinf(number) ? number : Nearest_whole(number / 10.0);
     };
+    if (tenth(x.value) * 10.0 != x.value) { // the usual case
+        return false;
+    }
     Decimal_numbers const fewer = {tenth(x.lower), tenth(x.value), tenth(x.upper), x.power + 1};
     bool const fits = fewer.lower * 10.0 == x.lower && fewer.value * 10.0 == x.value &&
                       fewer.upper * 10.0 == x.upper && (x.value != 0.0 || !Is_single(x));
@@ -241,6 +248,11 @@ std::int32_t Checked_code(Numbers const& numbers, std::int32_t code) {
                          made->Get_lower() == numbers.lower && made->Get_value() == numbers.value &&
                          made->Get_upper() == numbers.upper;
     return is_same ? code : 0;
+}
+
+Exact_pair As_sum(double whole, int power) {
+    Exact_pair const rounded = Rounded(whole, power);
+    return {rounded.rounded, power < 0 ? rounded.rest / Ten_to(-power) : rounded.rest};
 }
 
 bool Are_doubles(Measurement const& x) {

@@ -10,6 +10,7 @@
 #ifndef VARNIX_VALUE_MEASUREMENT_KEPT_DECIMALS_H
 #define VARNIX_VALUE_MEASUREMENT_KEPT_DECIMALS_H
 
+#include "Error_free.h"
 #include "Exact_factor.h"
 #include "Short_ways.h"
 
@@ -49,6 +50,9 @@ std::optional<Measurement> Made_of_decimals(Maybe_decimals const& numbers, Units
 
 // The code of three doubles that are meant as such decimals, or 0 where they are others.
 std::int32_t Checked_code(Numbers const& numbers, std::int32_t code);
+
+// whole * 10^power as the sum of two doubles, to 2^-105 of it.
+Exact_pair As_sum(double whole, int power);
 
 // Whether the three numbers are exactly what the getters say.
 bool Are_doubles(Measurement const& x);

@@ -6,6 +6,7 @@
 #include "Kept_decimals.h"
 #include "Measurement_parts.h"
 #include "Refusals.h"
+#include "Short_power.h"
 
 #include <cmath>
 #include <limits>
@@ -177,13 +178,26 @@ bool Short_conversion(Measurement const& x, Units const& target, Numbers& number
            Short_multiple(Numbers_of(x), above, below, numbers);
 }
 
+// A level to a linear quantity whose size is a power of ten of its reference.
+bool Short_power_conversion(Measurement const& x, Units const& target, Numbers& numbers) {
+    Units const& unit = Measurement_parts::Unit_of(x);
+    if (!Is_decibel(unit) || Form_of(target, x.Is_difference()) != Form::linear) {
+        return false;
+    }
+    Kind const kind = Kind_of(unit);
+    Exact_factor const ratio = Size_of(unit) / Size_of(target);
+    int const tens = Tens_in(ratio);
+    bool const is_power = kind != Kind() && kind == Kind_of(target) && ratio == Powers_of_ten(tens);
+    return is_power && Short_power(x, Level_factor(kind), tens, numbers);
+}
+
 Measurement Converted_to(Measurement const& x, Units const& target) {
     Numbers numbers{};
     bool const is_difference = x.Is_difference() && Is_temperature(target); // a level is none
     if (std::optional<Measurement> const decimals = Converted_decimals(x, target, is_difference)) {
         return *decimals;
     }
-    return Short_conversion(x, target, numbers)
+    return Short_conversion(x, target, numbers) || Short_power_conversion(x, target, numbers)
                ? Made_of(numbers, target, is_difference)
                : Rounded(Converted(x, target), target, is_difference);
 }

@@ -2,9 +2,12 @@
 
 #include "measurement/Bands.h"
 #include "measurement/Enclosed.h"
+#include "measurement/Short_power.h"
 #include "measurement/Short_ways.h"
 
 #include "Reference_number.h"
+
+#include <varnix/value/Measurement_text.h>
 
 #include <gtest/gtest.h>
 
@@ -206,6 +209,29 @@ TEST(Short_ways_of_measurements, Agree_with_the_enclosing_arithmetic) {
         }
     }
     EXPECT_GT(answered, Rounds / 4);
+}
+
+// Levels of all sizes, as doubles and as decimals, and levels near whole powers of ten.
+TEST(Short_ways_of_measurements, Take_powers_of_ten_as_the_enclosing_arithmetic) {
+    Hard_doubles doubles;
+    int answered = 0;
+    for (int round = 0; round < Rounds; ++round) {
+        int const step = doubles.Between(0, 1) == 0 ? 10 : 20;
+        int const tens = doubles.Between(-30, 30);
+        double const level = doubles.Between(-300000, 300000) / (round % 3 == 0 ? 1024.0 : 100.0) + (round % 5 == 0 ? doubles() * 1e-300 : 0.0);
+        Measurement const binary(level, C_DBW, level - 0.375, level + 1e-13 * std::fabs(level));
+        Measurement const decimal = Parse_measurement(std::to_string(doubles.Between(-99999999, 99999999)) + "e-5 ± 0.3 dBW");
+        for (Measurement const& x : {binary, decimal}) {
+            Numbers result{};
+            if (Short_power(x, step, tens, result)) {
+                Expect_same(result, Scaled_power_of_ten(Physics::Band_of(x), step, Powers_of_ten(tens)), "power of ten");
+                ++answered;
+            }
+        }
+    }
+    EXPECT_GT(answered, Rounds);
+    Numbers exact{};
+    EXPECT_FALSE(Short_power(Measurement(20.0, C_DBW), 10, 0, exact)); // 100, to the bit
 }
 
 } // namespace
