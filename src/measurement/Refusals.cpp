@@ -13,83 +13,46 @@
 namespace Varnix::Value {
 
 // ---- The exception
-//
-// It has no room for more fields than its reason, as programs hold it by value. The others are kept
-// in its message, "CLASSES: cannot OPERATION: REASON; WAY OUT", where they are delimited by the words
-// that the tables below have for the reason and for each way out.
+
+namespace {
+
+// "OPERATION: REASON; WAY OUT".
+std::string Composed(std::string text, Refusal reason, Way_out way_out, char const* way_out_words) {
+    text += ": ";
+    text += Reason_words(reason);
+    if (way_out != Way_out::none) {
+        text += "; ";
+        text += way_out_words;
+    }
+    return text;
+}
+
+} // namespace
 
 MeasurementRefused::MeasurementRefused(Refusal reason_, std::string const& detail) noexcept
-    : OperationNotValid(detail), reason(reason_) {}
+    : OperationNotValid(detail), reason(reason_), way_out(Way_out::none),
+      operation_size(detail.size()), names_reason(false) {}
+MeasurementRefused::MeasurementRefused(Refusal reason_, std::string const& operation,
+                                       Way_out way_out_)
+    : OperationNotValid(Composed(operation, reason_, way_out_, Way_out_words(way_out_))),
+      reason(reason_), way_out(way_out_), operation_size(operation.size()), names_reason(true) {}
 MeasurementRefused::MeasurementRefused(MeasurementRefused const& other) noexcept = default;
 MeasurementRefused&
 MeasurementRefused::operator=(MeasurementRefused const& other) noexcept = default;
 MeasurementRefused::~MeasurementRefused() = default;
 
-namespace {
-
-constexpr std::string_view before_reason = ": ";
-constexpr std::string_view before_way_out = "; ";
-
-struct Message_parts {
-    std::string_view operation;
-    bool names_reason;
-    Way_out way_out;
-};
-
-bool Takes_off(std::string_view& text, std::string_view ending) {
-    bool const ends_so =
-        text.size() >= ending.size() && text.substr(text.size() - ending.size()) == ending;
-    text.remove_suffix(ends_so ? ending.size() : 0);
-    return ends_so;
-}
-
-// What the constructor was given; nothing where there was no memory for it.
-std::string_view Detail_of(MeasurementRefused const& refused) noexcept {
+// The message begins with the names of the classes; without memory it has nothing else.
+std::string MeasurementRefused::Get_operation() const {
     OperationNotValid const without_detail;
     std::string_view const classes = without_detail.what();
-    std::string_view const message = refused.what();
-    std::size_t const length = classes.size() + before_reason.size();
-    return message.size() > length ? message.substr(length) : std::string_view();
+    std::string_view const whole = what();
+    std::size_t const begin = classes.size() + std::string_view(": ").size();
+    return std::string(begin < whole.size() ? whole.substr(begin, operation_size)
+                                            : std::string_view());
 }
 
-Message_parts Parts_of(MeasurementRefused const& refused) noexcept {
-    std::string_view const detail = Detail_of(refused);
-    for (int k = static_cast<int>(Way_out::linear_or_displayed); k >= 0; --k) {
-        auto const way_out = static_cast<Way_out>(k);
-        std::string_view operation = detail;
-        bool const names_way_out =
-            way_out == Way_out::none ||
-            (Takes_off(operation, Way_out_words(way_out)) && Takes_off(operation, before_way_out));
-        if (names_way_out && Takes_off(operation, Reason_words(refused.Get_reason())) &&
-            Takes_off(operation, before_reason)) {
-            return {operation, true, way_out};
-        }
-    }
-    return {detail, false, Way_out::none};
-}
-
-} // namespace
-
-std::string MeasurementRefused::Get_operation() const {
-    return std::string(Parts_of(*this).operation);
-}
-
-Way_out MeasurementRefused::Get_way_out() const noexcept {
-    return Parts_of(*this).way_out;
-}
-
-std::string MeasurementRefused::Worded(char const* way_out) const {
-    Message_parts const parts = Parts_of(*this);
-    std::string text(parts.operation);
-    if (parts.names_reason) {
-        text += before_reason;
-        text += Reason_words(reason);
-    }
-    if (parts.way_out != Way_out::none) {
-        text += before_way_out;
-        text += way_out;
-    }
-    return text;
+std::string MeasurementRefused::Worded(char const* words) const {
+    return names_reason ? Composed(Get_operation(), reason, way_out, words) : Get_operation();
 }
 
 namespace Physics {
@@ -287,14 +250,7 @@ Way_out Way_out_of_conversion(Refusal reason, Units const& from, Units const& to
 // ---- Refusing
 
 void Refuse(Refusal reason, std::string const& operation, Way_out way_out) {
-    std::string detail = "cannot " + operation;
-    detail += before_reason;
-    detail += Row_of(reason).words;
-    if (way_out != Way_out::none) {
-        detail += before_way_out;
-        detail += Way_out_words(way_out);
-    }
-    throw MeasurementRefused(reason, detail);
+    throw MeasurementRefused(reason, "cannot " + operation, way_out);
 }
 
 void Refuse(Refusal reason, std::string const& operation) {

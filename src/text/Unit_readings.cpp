@@ -284,6 +284,9 @@ bool Can_be_suggested(std::string const& word) {
     if (word == "dB") {
         return true;
     }
+    if (word.empty()) {
+        return false;
+    }
     auto const reading = Read_group(word, {0, false});
     return reading && reading->count != 0 && reading->end == word.size() &&
            !(reading->prefix != NO_PREFIX && Is_temperature_scale(*reading));

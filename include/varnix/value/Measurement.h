@@ -52,6 +52,7 @@
 #include <varnix/value/exceptions.h>
 #include <varnix/value/measurement_export.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 
@@ -145,6 +146,9 @@ class VARNIX_VALUE_MEASUREMENT_EXPORT MeasurementRefused final : public virtual 
   public:
     /// A refusal for `reason`; the message ends in `detail`, which is the operation as well.
     MeasurementRefused(Refusal reason_, std::string const& detail) noexcept;
+    /// A refusal of `operation`, "cannot add 10 dBm (power) and 10 dBm (power)"; the words for the
+    /// reason and the way out follow in the message. @throws std::bad_alloc
+    MeasurementRefused(Refusal reason_, std::string const& operation, Way_out way_out_);
     MeasurementRefused(MeasurementRefused const& other) noexcept;            ///< the same refusal
     MeasurementRefused& operator=(MeasurementRefused const& other) noexcept; ///< the same refusal
     ~MeasurementRefused() override;
@@ -156,15 +160,18 @@ class VARNIX_VALUE_MEASUREMENT_EXPORT MeasurementRefused final : public virtual 
     std::string Get_operation() const;
 
     /// What can be done instead.
-    Way_out Get_way_out() const noexcept;
+    Way_out Get_way_out() const noexcept { return way_out; }
 
     /// "OPERATION: REASON; WAY OUT" without the names of classes, the way out in the words that are
     /// given, where there is one: `Worded(Way_out_words(Get_way_out()))` are those of `what()`.
     /// @throws std::bad_alloc
-    std::string Worded(char const* way_out) const;
+    std::string Worded(char const* words) const;
 
   private:
     Refusal reason;
+    Way_out way_out;
+    std::size_t operation_size; // of its part of the message
+    bool names_reason;          // whether the message has the words of the reason behind it
 };
 
 /// How the number of a level goes to a `Value_object` and back.
