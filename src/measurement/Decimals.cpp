@@ -139,16 +139,16 @@ std::optional<Whole_decimal> Whole_of(Decimal_text const& text) {
         text.digits.substr(0, 2) == "0X") {
         return std::nullopt;
     }
-    std::size_t const end = std::min(text.digits.size(), text.digits.find_first_of("eE"));
     Whole_digits digits;
     int decimals = 0;
     bool behind_point = false;
-    for (char const character : text.digits.substr(0, end)) {
-        if (character == '.') {
+    std::size_t end = 0;
+    for (; end < text.digits.size() && (text.digits[end] | 0x20) != 'e'; ++end) {
+        if (text.digits[end] == '.') {
             behind_point = true;
             continue;
         }
-        digits.Add(character - '0');
+        digits.Add(text.digits[end] - '0');
         decimals += behind_point ? 1 : 0;
     }
     int const exponent = end < text.digits.size() ? Exponent_of(text.digits.substr(end + 1)) : 0;

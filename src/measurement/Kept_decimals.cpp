@@ -136,6 +136,11 @@ bool Add(double x, double y, double& sum) {
 
 // All three times one positive whole number.
 bool Multiply(Decimal_numbers& x, double factor) {
+    if (Is_single(x)) {
+        bool const fits = Multiply(x.value, factor, x.value);
+        x.lower = x.upper = x.value;
+        return fits;
+    }
     return Multiply(x.lower, factor, x.lower) && Multiply(x.value, factor, x.value) &&
            Multiply(x.upper, factor, x.upper);
 }
@@ -332,18 +337,20 @@ struct Decimal_factor {
     int power;
 };
 
+// Twos and fives beyond the powers of ten go into the whole number, and so do the other primes.
 std::optional<Decimal_factor> As_decimal(Exact_factor const& factor) {
     int const power = std::min(factor.powers[0], factor.powers[2]);
-    Exact_factor const whole = factor / Powers_of_ten(power);
     double product = 1.0;
     for (std::size_t k = 0; k < Exact_factor::primes.size(); ++k) {
-        for (int left = whole.powers[k]; left > 0 && product <= Greatest_whole; --left) {
+        int const left = factor.powers[k] - (k == 0 || k == 2 ? power : 0);
+        if (left < 0) {
+            return std::nullopt;
+        }
+        for (int n = 0; n < left && product <= Greatest_whole; ++n) {
             product *= Exact_factor::primes[k];
         }
     }
-    bool const is_whole =
-        std::all_of(whole.powers.begin(), whole.powers.end() - 1, [](int n) { return n >= 0; });
-    bool const is_decimal = is_whole && factor.Power_of_pi() == 0 && product <= Greatest_whole;
+    bool const is_decimal = factor.Power_of_pi() == 0 && product <= Greatest_whole;
     return is_decimal ? std::optional<Decimal_factor>({product, power}) : std::nullopt;
 }
 
