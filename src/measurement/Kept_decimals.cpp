@@ -329,14 +329,6 @@ Maybe_decimals Product(Maybe_decimals const& x, Maybe_decimals const& y) {
     return fits ? Maybe_decimals(product) : std::nullopt;
 }
 
-namespace {
-
-// A whole number times a power of ten.
-struct Decimal_factor {
-    double whole;
-    int power;
-};
-
 // Twos and fives beyond the powers of ten go into the whole number, and so do the other primes.
 std::optional<Decimal_factor> As_decimal(Exact_factor const& factor) {
     int const power = std::min(factor.powers[0], factor.powers[2]);
@@ -354,25 +346,27 @@ std::optional<Decimal_factor> As_decimal(Exact_factor const& factor) {
     return is_decimal ? std::optional<Decimal_factor>({product, power}) : std::nullopt;
 }
 
-} // namespace
-
-Maybe_decimals Product(Maybe_decimals const& x, Exact_factor const& factor) {
-    if (!x || factor.Is_one()) {
+Maybe_decimals Product(Maybe_decimals const& x, Decimal_factor const& factor) {
+    if (!x) {
         return x;
     }
-    std::optional<Decimal_factor> const decimal = As_decimal(factor);
-    if (!decimal) {
-        return std::nullopt;
-    }
     Decimal_numbers product = *x;
-    if (!Multiply(product, decimal->whole)) {
+    if (!Multiply(product, factor.whole)) {
         product = Without_zeros(*x);
-        if (!Multiply(product, decimal->whole)) {
+        if (!Multiply(product, factor.whole)) {
             return std::nullopt;
         }
     }
-    product.power += decimal->power;
+    product.power += factor.power;
     return product;
+}
+
+Maybe_decimals Product(Maybe_decimals const& x, Exact_factor const& factor) {
+    if (factor.Is_one()) {
+        return x;
+    }
+    std::optional<Decimal_factor> const decimal = As_decimal(factor);
+    return decimal ? Product(x, *decimal) : std::nullopt;
 }
 
 Decimal_numbers Absolute(Decimal_numbers const& x) {

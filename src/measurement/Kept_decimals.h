@@ -63,7 +63,16 @@ Decimal_numbers operator-(Decimal_numbers const& x);
 Maybe_decimals Sum(Maybe_decimals const& x, int sign, Maybe_decimals const& y); // x - y for sign -1
 Maybe_decimals Product(Maybe_decimals const& x, Maybe_decimals const& y);
 Maybe_decimals Product(Maybe_decimals const& x, Exact_factor const& factor); // a decimal one
-Maybe_decimals Power(Maybe_decimals const& x, int exponent);                 // of at least 1
+
+// A whole number times a power of ten, and a ratio as one, where it is.
+struct Decimal_factor {
+    double whole;
+    int power;
+};
+
+std::optional<Decimal_factor> As_decimal(Exact_factor const& factor);
+Maybe_decimals Product(Maybe_decimals const& x, Decimal_factor const& factor);
+Maybe_decimals Power(Maybe_decimals const& x, int exponent); // of at least 1
 Decimal_numbers Absolute(Decimal_numbers const& x);
 
 // (factor * x + offset) / divisor. The factor and the divisor are positive.

@@ -2,8 +2,11 @@
 
 #include "Conversions.h"
 #include "Error_free.h"
+#include "Kept_decimals.h"
+#include "Measurement_parts.h"
 #include "Number_blocks.h"
 #include "Refusals.h"
+#include "Short_power.h"
 
 #include <cmath>
 #include <limits>
@@ -54,7 +57,7 @@ Exact_pair Two_parts(Enclosed const& number) {
 
 Measurement_converter::Measurement_converter(Units const& from, Units const& to)
     : source(Checked(from)), target(Checked(to)), way(Way::same), step(0), factor_high(1.0),
-      factor_low(0.0), offset_high(0.0), offset_low(0.0) {
+      factor_low(0.0), offset_high(0.0), offset_low(0.0), decimal_whole(0.0), decimal_power(0) {
     try {
         Converted({Single(Enclose(1.0)), {}}, source, false, target, false);
     } catch (Refusal reason) {
@@ -77,9 +80,48 @@ Measurement_converter::Measurement_converter(Units const& from, Units const& to)
     factor_low = factor.rest;
     offset_high = offset.rounded;
     offset_low = offset.rest;
+    Prepare_measurements();
 }
 
+// ---- Measurements
+
+// Decimals that stay decimals, and levels whose reference is a power of ten of the target.
+void Measurement_converter::Prepare_measurements() noexcept {
+    Exact_factor const ratio = Size_of(source) / Size_of(target);
+    bool const by_factor =
+        way == Way::linear && !Is_decibel(source) && !Is_point_in(source) && !Is_point_in(target);
+    bool const by_power = way == Way::level_to_linear && ratio == Powers_of_ten(Tens_in(ratio));
+    if (!by_factor && !by_power) {
+        return;
+    }
+    if (std::optional<Decimal_factor> const decimal = As_decimal(ratio)) {
+        decimal_whole = decimal->whole;
+        decimal_power = decimal->power;
+    }
+}
+
+namespace {
+
+std::optional<Measurement> Converted_decimals(Measurement const& x, Decimal_factor const& factor,
+                                              Units const& target) {
+    return Made_of_decimals(Product(Kept_decimals(x), factor), target,
+                            x.Is_difference() && Is_temperature(target));
+}
+
+} // namespace
+
 Measurement Measurement_converter::Convert(Measurement const& x) const {
+    bool const is_prepared = decimal_whole != 0.0 && Measurement_parts::Unit_of(x) == source;
+    if (is_prepared && way == Way::linear && x.Get_decimal_code() != 0) {
+        if (auto const converted = Converted_decimals(x, {decimal_whole, decimal_power}, target)) {
+            return *converted;
+        }
+    }
+    Numbers numbers{};
+    if (is_prepared && way == Way::level_to_linear &&
+        Short_power(x, step, decimal_power, numbers)) {
+        return Made_of(numbers, target);
+    }
     return x.Convert_to(target);
 }
 

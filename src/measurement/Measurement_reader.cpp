@@ -143,9 +143,12 @@ Maybe_decimals Decimals_of(Quantity_parts const& parts) {
     case Quantity_form::bounds:
         return Joined(Decimal_bound(parts.lower, value), value, Decimal_bound(parts.upper, value));
     default:
-        return Joined(Sum(value, -1, Single_decimal(parts.lower)), value,
-                      Sum(value, 1, Single_decimal(parts.upper)));
+        break;
     }
+    Maybe_decimals const below = Single_decimal(parts.lower);
+    bool const is_one_text = parts.lower.digits.data() == parts.upper.digits.data();
+    Maybe_decimals const above = is_one_text ? below : Single_decimal(parts.upper);
+    return Joined(Sum(value, -1, below), value, Sum(value, 1, above));
 }
 
 // The measurement that was made of doubles, with the decimals where they fit.

@@ -41,7 +41,7 @@ void Check_has_unit(Measurement const& x, Units const& to) {
 
 } // namespace
 
-Answer Quantity_converter::Converted(Answer const& answer) const {
+Answer Quantity_converter::Converted(Answer const& answer) {
     bool const has_bounds = answer.has_bounds || (with && with->has_bounds);
     if (auto const* quantity = std::get_if<Quantity>(&answer.result)) {
         return {with ? Convert_by_the_rules(*quantity, to.unit, std::get<Quantity>(with->result))
@@ -53,11 +53,23 @@ Answer Quantity_converter::Converted(Answer const& answer) const {
         auto const& other = std::get<Measurement>(with->result);
         return {Telling_refusals([&] { return x.Convert_to(to.unit, other); }), has_bounds};
     }
-    Check_has_unit(x, to.unit);
-    return {Telling_refusals([&] { return x.Convert_to(to.unit); }), has_bounds};
+    return {Telling_refusals([&] { return Measured(x); }), has_bounds};
 }
 
-Answer Quantity_converter::Convert(Answer const& answer) const {
+// The lines of a file have one unit mostly, whose conversion is prepared once it has worked.
+Measurement Quantity_converter::Measured(Measurement const& x) {
+    if (prepared && prepared->Get_from() == x.Get_unit()) {
+        return prepared->Convert(x);
+    }
+    Check_has_unit(x, to.unit);
+    Measurement const converted = x.Convert_to(to.unit);
+    if (!x.Is_difference()) {
+        prepared.emplace(x.Get_unit(), to.unit);
+    }
+    return converted;
+}
+
+Answer Quantity_converter::Convert(Answer const& answer) {
     Answer converted = Converted(answer);
     if (to.is_difference && !std::get<Measurement>(converted.result).Is_difference()) {
         throw Refusal(

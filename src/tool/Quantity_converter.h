@@ -6,6 +6,8 @@
 #include "Answers.h"
 #include "Commands.h"
 
+#include <varnix/value/Measurement_converter.h>
+
 #include <optional>
 #include <string>
 #include <string_view>
@@ -28,15 +30,17 @@ class Quantity_converter {
     Quantity_converter(std::string const& to, std::string const& with, Options const& options);
 
     // @throws Refusal where it does not convert, or the text is no quantity
-    Answer Convert(Answer const& answer) const;
+    Answer Convert(Answer const& answer);
     Answer Convert(std::string_view text);
 
   private:
-    Answer Converted(Answer const& answer) const;
+    Answer Converted(Answer const& answer);
+    Measurement Measured(Measurement const& x);
 
     Target to;
     std::optional<Answer> with;
     Answer_reader reader;
+    std::optional<Measurement_converter> prepared; // for the unit that came last
 };
 
 } // namespace Varnix::Value::Tool

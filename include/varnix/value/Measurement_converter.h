@@ -21,6 +21,7 @@
 #include <varnix/value/measurement_export.h>
 
 #include <cstddef>
+#include <cstdint>
 
 namespace Varnix::Value {
 
@@ -61,6 +62,7 @@ class VARNIX_VALUE_MEASUREMENT_EXPORT Measurement_converter {
     double Nearest_of_enclosed(double number) const noexcept;
     double Quantity_of(double level) const noexcept;
     double Level_of(double number) const noexcept;
+    void Prepare_measurements() noexcept;
 
     Units source;
     Units target;
@@ -68,6 +70,8 @@ class VARNIX_VALUE_MEASUREMENT_EXPORT Measurement_converter {
     int step;                       // of levels: 10 or 20
     double factor_high, factor_low; // the factor, in two parts
     double offset_high, offset_low; // what is added, in two parts
+    double decimal_whole;           // the factor as a whole number and a power of ten, or 0
+    std::int32_t decimal_power;
 };
 
 /// @}
