@@ -190,7 +190,7 @@ class Table {
     Table_writer& writer;
     Output& output;
     Table_writer::Results results; // of the record
-    Foreign_byte not_utf8;         // likewise, for objects
+    Foreign_byte not_utf8{};       // likewise, for objects
     std::size_t column_count = 0;  // of the header; 0 before it has been read
     std::uint64_t line = 1;        // where the record starts
     Exit_status status = exit_done;

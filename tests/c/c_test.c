@@ -61,8 +61,8 @@ static void Expect(char const* expected, char const* found) {
 /* That a value is so near to a quantity as text that three digits say it. */
 static void Expect_number(char const* expected, vo_measurement const* found) {
     vo_measurement const wanted = Read(expected);
-    char text[80];
     if (fabs(found->value - wanted.value) > 0.004 * fabs(wanted.value) || memcmp(&found->unit, &wanted.unit, sizeof wanted.unit) != 0) {
+        char text[80];
         vo_measurement_format(found, "", text, sizeof text, NULL, NULL);
         Expect(expected, text);
     }
