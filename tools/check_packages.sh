@@ -36,11 +36,12 @@ for package in "$place"/again/*.deb; do
     cmp "$package" "build/packages/${package##*/}"
 done
 
-# hardened FILE: Debian's linker flags, a position-independent file, and the stack protector.
+# hardened FILE: Debian's linker flags, a position-independent file, and the stack protector. What is
+# looked for is read to its end, as a pipe that is closed early fails.
 hardened() {
     local file=$1
-    readelf -hW "$file" | grep -q 'Type: *DYN' && readelf -lW "$file" | grep -q GNU_RELRO &&
-        readelf -dW "$file" | grep -q BIND_NOW && readelf -sW "$file" | grep -q __stack_chk_fail
+    readelf -hW "$file" | grep 'Type: *DYN' && readelf -lW "$file" | grep GNU_RELRO &&
+        readelf -dW "$file" | grep BIND_NOW && readelf -sW "$file" | grep __stack_chk_fail
 }
 
 step 'looking for what hardens them'
@@ -49,7 +50,7 @@ for package in build/packages/*_{amd64,armhf}.deb; do
     dpkg-deb -x "$package" "$place/hardened"
 done
 while read -r file; do
-    hardened "$file" || { echo "$file is not hardened"; exit 1; }
+    hardened "$file" > /dev/null || { echo "$file is not hardened"; exit 1; }
     count=$((count + 1))
 done < <(find "$place/hardened" -type f \( -name '*.so*' -o -path '*/bin/*' \))
 fortified=$(find "$place/hardened" -type f -path '*/bin/*' -exec readelf -sW {} + | grep -c '_chk@')
