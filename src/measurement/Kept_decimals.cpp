@@ -403,14 +403,12 @@ namespace {
 // What a whole number is to be multiplied with to be a power of ten: 5 for 2, 2 for 5.
 std::optional<Decimal_factor> Reciprocal(std::int64_t divisor) {
     Decimal_factor factor = {1.0, 0};
-    for (; divisor % 10 == 0; divisor /= 10) {
-        --factor.power;
-    }
-    for (; divisor % 5 == 0; divisor /= 5, factor.whole *= 2.0) {
-        --factor.power;
-    }
-    for (; divisor % 2 == 0; divisor /= 2, factor.whole *= 5.0) {
-        --factor.power;
+    for (int const part : {10, 5, 2}) {
+        while (divisor % part == 0) {
+            divisor /= part;
+            factor.whole *= 10 / part;
+            --factor.power;
+        }
     }
     return divisor == 1 ? std::optional<Decimal_factor>(factor) : std::nullopt;
 }
@@ -424,10 +422,12 @@ Maybe_decimals By_formula(Maybe_decimals const& x, Whole_formula const& formula)
         return std::nullopt;
     }
     Decimal_numbers scaled = *x;
-    if (!Multiply(scaled, static_cast<double>(formula.factor / common))) {
+    std::int64_t const whole_factor = formula.factor / common;
+    std::int64_t const whole_offset = formula.offset / common;
+    if (!Multiply(scaled, static_cast<double>(whole_factor))) {
         return std::nullopt;
     }
-    auto const offset = static_cast<double>(formula.offset / common);
+    auto const offset = static_cast<double>(whole_offset);
     Maybe_decimals result = Sum(scaled, 1, Decimal_numbers{offset, offset, offset, 0});
     if (!result || !Multiply(*result, reciprocal->whole)) {
         return std::nullopt;
