@@ -404,9 +404,10 @@ namespace {
 std::optional<Decimal_factor> Reciprocal(std::int64_t divisor) {
     Decimal_factor factor = {1.0, 0};
     for (int const part : {10, 5, 2}) {
+        int const other = 10 / part;
         while (divisor % part == 0) {
             divisor /= part;
-            factor.whole *= 10 / part;
+            factor.whole *= other;
             --factor.power;
         }
     }

@@ -81,7 +81,8 @@ Real Power_of(Real const& level) {
     return Ten_to(level / Real(10.0));
 }
 
-std::vector<Operation> Operations() {
+// A table, a row for each operation.
+std::vector<Operation> Operations() { // NOLINT(readability-function-size)
     using O = Operands const&;
     using N = Numbers const&;
     Real const kilo(1000.0);
