@@ -40,7 +40,9 @@ PYBIND11_MODULE(_native, module) {
 }
 #undef PyInit__native
 
+// The name is Python's. NOLINTNEXTLINE(bugprone-reserved-identifier)
 extern "C" PYBIND11_EXPORT PyObject* PyInit__native();
+// NOLINTNEXTLINE(bugprone-reserved-identifier)
 extern "C" PYBIND11_EXPORT PyObject* PyInit__native() {
     return Is_main_interpreter() ? Make_module() : nullptr;
 }

@@ -11,6 +11,7 @@ namespace Varnix::Value {
 
 std::string Format(Value_object<double> const& quantity, Text_format const& format) {
     // The electrical relations leave the bounds as they come; a copy has them in ascending order.
+    // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
     Value_object<double> const ordered(quantity);
     Exact_numbers numbers{ordered.Get_value(), ordered.Get_minus_err(), ordered.Get_plus_err()};
     Writing const writing{format};
