@@ -189,9 +189,14 @@ std::optional<Measurement> Decimal_product(Measurement const& x, Measurement con
 // The product or quotient, counted in a unit that is so many times smaller.
 Measurement Scaled_product(Measurement const& x, int sign, Measurement const& y,
                            Exact_factor const& factor, Units const& unit, bool is_difference) {
+    if (sign > 0) {
+        if (auto const decimals = Decimal_product(x, y, factor, unit, is_difference)) {
+            return *decimals;
+        }
+    }
     Scaled_band const left = Scaled_numbers_of(x);
     Scaled_band const right = Scaled_numbers_of(y);
-    Exact_factor const scale = left.scale * Physics::Power(right.scale, sign) * factor;
+    Exact_factor const scale = left.Scale() * Physics::Power(right.Scale(), sign) * factor;
     return Rounded(Product_of_powers(left.numbers, 1, right.numbers, sign, scale), unit,
                    is_difference);
 }
@@ -208,11 +213,6 @@ Measurement Linear_product(Measurement const& x, int sign, Measurement const& y)
     bool const is_difference = Product_is_difference(x, sign, y, result.unit);
     Exact_factor const factor =
         Size_of(left) * Physics::Power(Size_of(right), sign) / Size_of(result.unit);
-    if (sign > 0) {
-        if (auto const decimals = Decimal_product(x, y, factor, result.unit, is_difference)) {
-            return *decimals;
-        }
-    }
     Numbers numbers{};
     if (!Keep_decimals(x, y) && Short_product_of(x, sign, y, Prepared_factor(factor), numbers)) {
         return Made_of(numbers, result.unit, is_difference);
@@ -223,11 +223,6 @@ Measurement Linear_product(Measurement const& x, int sign, Measurement const& y)
 // A gain counted: 0.2 dB * 12.5.
 Measurement Counted_gain(Measurement const& gain, int sign, Measurement const& number) {
     Exact_factor const size = Physics::Power(Size_of(number.Get_unit()), sign);
-    if (sign > 0) {
-        if (auto const decimals = Decimal_product(gain, number, size, C_DB, false)) {
-            return *decimals;
-        }
-    }
     return Scaled_product(gain, sign, number, size, C_DB, false);
 }
 
@@ -369,7 +364,7 @@ Measurement Raised(Measurement const& x, int exponent) {
         }
     }
     Scaled_band const base = Scaled_numbers_of(x);
-    Exact_factor const scale = Physics::Power(base.scale, exponent) * factor;
+    Exact_factor const scale = Physics::Power(base.Scale(), exponent) * factor;
     return Rounded(Product_of_powers(base.numbers, exponent, Single(Enclose(1.0)), 0, scale),
                    result.unit, is_difference);
 }
@@ -383,7 +378,7 @@ Measurement Root(Measurement const& x) {
     }
     Exact_factor const factor = Size_of(unit) / Physics::Power(Size_of(result.unit), 2);
     Scaled_band const square = Scaled_numbers_of(x);
-    return Rounded(Square_root(square.numbers * (square.scale * factor)), result.unit,
+    return Rounded(Square_root(square.numbers * (square.Scale() * factor)), result.unit,
                    Is_temperature(result.unit));
 }
 

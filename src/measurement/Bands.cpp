@@ -1,6 +1,5 @@
 #include "Bands.h"
 
-#include "Kept_decimals.h"
 #include "Measurement_parts.h"
 #include "Physical_units.h"
 
@@ -20,17 +19,20 @@ Band Band_of(double lower, double value, double upper) {
 
 } // namespace
 
+Band Whole_band(Decimal_numbers const& decimals) {
+    return Band_of(decimals.lower, decimals.value, decimals.upper);
+}
+
 Scaled_band Scaled_numbers_of(Measurement const& x) {
     if (Maybe_decimals const decimals = Kept_decimals(x)) {
-        return {Band_of(decimals->lower, decimals->value, decimals->upper),
-                Powers_of_ten(decimals->power)};
+        return {Whole_band(*decimals), decimals->power};
     }
-    return {Band_of(x.Get_lower(), x.Get_value(), x.Get_upper()), {}};
+    return {Band_of(x.Get_lower(), x.Get_value(), x.Get_upper())};
 }
 
 Band Band_of(Measurement const& x) {
     Scaled_band const scaled = Scaled_numbers_of(x);
-    return scaled.numbers * scaled.scale;
+    return scaled.numbers * scaled.Scale();
 }
 
 namespace {
@@ -63,10 +65,6 @@ bool Is_below_zero(Enclosed const& x) {
 
 bool May_be_zero(Band const& x) {
     return !Is_positive(x.lower) && !Is_negative(x.upper);
-}
-
-bool Is_one_number(Band const& x) {
-    return x.is_single && x.value.Is_exact();
 }
 
 Band operator-(Band const& x) {
@@ -157,7 +155,8 @@ Band operator*(Band const& x, Exact_factor const& factor) {
 
 Band Product_of_powers(Band const& first, int first_power, Band const& second, int second_power,
                        Exact_factor const& factor) {
-    Band above = Power(first, std::max(first_power, 0)) * Power(second, std::max(second_power, 0));
+    Band const above =
+        Power(first, std::max(first_power, 0)) * Power(second, std::max(second_power, 0));
     if (first_power >= 0 && second_power >= 0) {
         return above * factor;
     }

@@ -9,6 +9,7 @@
 
 #include "Enclosed.h"
 #include "Exact_factor.h"
+#include "Kept_decimals.h"
 #include "Short_ways.h"
 
 #include <varnix/value/Measurement.h>
@@ -29,14 +30,19 @@ inline Band Single(Enclosed const& number) {
 
 Band Band_of(Measurement const& x);
 
-// The numbers of a measurement without any rounding: those of decimals are whole, and a power of ten
-// says how much one of them is of the unit.
+// The numbers of a measurement without any rounding, times a power of ten: those of decimals are
+// whole.
 struct Scaled_band {
     Band numbers;
-    Exact_factor scale;
+    int tens = 0;
+
+    Exact_factor Scale() const { return Powers_of_ten(tens); }
 };
 
 Scaled_band Scaled_numbers_of(Measurement const& x);
+
+// The whole numbers of decimals, without their power of ten.
+Band Whole_band(Decimal_numbers const& decimals);
 
 // The measurement, each bound rounded outward. @throws Refusal::out_of_range
 Measurement Rounded(Band const& band, Units const& unit, bool is_difference = false);
@@ -44,22 +50,15 @@ Measurement Rounded(Band const& band, Units const& unit, bool is_difference = fa
 // The measurement with numbers that are rounded already. @throws as above
 Measurement Made_of(Numbers const& numbers, Units const& unit, bool is_difference = false);
 
-// The band of a function that goes up, or down, throughout.
+// The band of a function that goes up throughout.
 template <typename Function>
 Band Increasing(Band const& x, Function function) {
     return x.is_single ? Single(function(x.value))
                        : Band{function(x.lower), function(x.value), function(x.upper), false};
 }
 
-template <typename Function>
-Band Decreasing(Band const& x, Function function) {
-    return x.is_single ? Single(function(x.value))
-                       : Band{function(x.upper), function(x.value), function(x.lower), false};
-}
-
 bool Is_below_zero(Enclosed const& x); // or may be
 bool May_be_zero(Band const& x);       // an end at zero included
-bool Is_one_number(Band const& x);     // and known exactly
 
 Band operator-(Band const& x);
 Band operator+(Band const& x, Band const& y);

@@ -54,23 +54,18 @@ Pair Brought_together(Measurement const& x, Measurement const& y) {
 
 using End = Enclosed Band::*;
 
-// Levels and gains by their decimals.
-std::optional<int> Sign_of_decibels(Pair const& pair, double Decimal_numbers::*of_x,
-                                    double Decimal_numbers::*of_y) {
-    auto const decimals = With_one_power(
-        Decimals_of(pair.x), Decimals_in(pair.y, pair.y.Is_difference(), pair.x.Get_unit()));
-    if (!decimals) {
-        return std::nullopt;
-    }
-    double const first = decimals->first.*of_x;
-    double const second = decimals->second.*of_y;
-    return first < second ? -1 : first > second ? 1 : 0;
+// The sign of an exact difference.
+int Sign_of(Enclosed const& difference) {
+    return Is_negative(difference) ? -1 : Is_positive(difference) ? 1 : 0;
 }
 
-double Decimal_numbers::*Decimal_end(End end) {
-    return end == &Band::lower   ? &Decimal_numbers::lower
-           : end == &Band::upper ? &Decimal_numbers::upper
-                                 : &Decimal_numbers::value;
+// Levels and gains by their decimals.
+std::optional<int> Sign_of_decibels(Pair const& pair, End of_x, End of_y) {
+    auto const decimals = With_one_power(
+        Decimals_of(pair.x), Decimals_in(pair.y, pair.y.Is_difference(), pair.x.Get_unit()));
+    return decimals ? std::optional<int>(Sign_of(Whole_band(decimals->first).*of_x -
+                                                 Whole_band(decimals->second).*of_y))
+                    : std::nullopt;
 }
 
 // Decimals as exact rational numbers, through the ratio of the units or the formula between two
@@ -82,18 +77,19 @@ std::optional<int> Exact_sign(Pair const& pair, End of_x, End of_y) {
         return std::nullopt;
     }
     if (Is_decibel(unit)) {
-        return Sign_of_decibels(pair, Decimal_end(of_x), Decimal_end(of_y));
+        return Sign_of_decibels(pair, of_x, of_y);
     }
-    auto const [first, scale] = Scaled_numbers_of(pair.x);
-    auto const [second, other_scale] = Scaled_numbers_of(pair.y);
+    auto const [first, tens] = Scaled_numbers_of(pair.x);
+    auto const [second, other_tens] = Scaled_numbers_of(pair.y);
     bool const by_scale =
         Form_of(pair.x) == Form::scale_point || Form_of(pair.y) == Form::scale_point;
     if (by_scale) {
-        Scale_formula const formula = Formula_between_scales(unit, other, scale.Power_of_two());
+        Scale_formula const formula = Formula_between_scales(unit, other, tens);
         return Sign_of_difference(formula.factor * first.*of_x + formula.offset,
-                                  Physics::Power(other_scale, -1), formula.divisor * second.*of_y);
+                                  Powers_of_ten(-other_tens), formula.divisor * second.*of_y);
     }
-    return Sign_of_difference(first.*of_x, scale * Size_of(unit) / (other_scale * Size_of(other)),
+    return Sign_of_difference(first.*of_x,
+                              Powers_of_ten(tens - other_tens) * Size_of(unit) / Size_of(other),
                               second.*of_y);
 }
 

@@ -125,10 +125,10 @@ Band Converted_point(Scaled_band const& x, Units const& from, Units const& to) {
     }
     int const factor = Level_factor(Kind_of(source));
     Scaled_band const quantity =
-        Is_decibel(from) ? Scaled_band{Scaled_power_of_ten(x.numbers * x.scale, factor, {}), {}}
+        Is_decibel(from) ? Scaled_band{Scaled_power_of_ten(x.numbers * x.Scale(), factor, {}), {}}
                          : x;
-    Band const converted = Increasing(
-        quantity.numbers, Formula_between_scales(source, target, quantity.scale.Power_of_two()));
+    Band const converted =
+        Increasing(quantity.numbers, Formula_between_scales(source, target, quantity.tens));
     return Is_decibel(to) ? Scaled_logarithm(factor, converted, {}) : converted;
 }
 
@@ -140,7 +140,7 @@ Band Converted(Scaled_band const& scaled, Units const& from, bool is_difference,
     Form const target_form = Form_of(to, to_difference);
     Band const& x = scaled.numbers;
     if (form == Form::gain && target_form == Form::gain) {
-        return x * scaled.scale;
+        return x * scaled.Scale();
     }
     if (form == Form::gain || target_form == Form::gain) {
         Check_gain(from, to);
@@ -156,12 +156,12 @@ Band Converted(Scaled_band const& scaled, Units const& from, bool is_difference,
     Exact_factor const ratio = Size_of(from) / Size_of(to);
     int const factor = Level_factor(kind);
     if (form == Form::level) {
-        Band const level = x * scaled.scale;
+        Band const level = x * scaled.Scale();
         return target_form == Form::level ? Converted_level(level, ratio, factor)
                                           : Scaled_power_of_ten(level, factor, ratio);
     }
-    return target_form == Form::level ? Scaled_logarithm(factor, x, scaled.scale * ratio)
-                                      : x * (scaled.scale * ratio);
+    return target_form == Form::level ? Scaled_logarithm(factor, x, scaled.Scale() * ratio)
+                                      : x * (scaled.Scale() * ratio);
 }
 
 // ---- Decimals
@@ -196,12 +196,15 @@ Maybe_decimals Decimals_of_level(Maybe_decimals const& numbers, Exact_factor con
 
 Maybe_decimals Decimals_in(Measurement const& x, bool is_difference, Units const& to) {
     Units const& from = Measurement_parts::Unit_of(x);
-    Maybe_decimals const numbers = Decimals_of(x);
     if (from == to) {
-        return numbers;
+        return Decimals_of(x);
+    }
+    if (Is_decibel(from) != Is_decibel(to)) {
+        return std::nullopt;
     }
     Kind const kind = Kind_of(from);
-    if (!numbers || Is_decibel(from) != Is_decibel(to) || kind != Kind_of(to)) {
+    Maybe_decimals const numbers = Decimals_of(x);
+    if (!numbers || kind != Kind_of(to)) {
         return std::nullopt;
     }
     Form const form = Form_of(from, is_difference);

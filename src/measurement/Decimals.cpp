@@ -159,4 +159,5 @@ std::optional<Whole_decimal> Whole_of(Decimal_text const& text) {
     double const whole = static_cast<double>(digits.whole);
     return Whole_decimal{text.negative ? -whole : whole, digits.whole == 0 ? 0 : power};
 }
+
 } // namespace Varnix::Value::Physics

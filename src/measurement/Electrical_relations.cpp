@@ -69,7 +69,7 @@ Ordered_relation Relation_of(Units const& target, Measurement const& x, Measurem
 // ---- By the quantities themselves
 
 Scaled_band Linear_numbers(Measurement const& x) {
-    return Is_decibel(x.Get_unit()) ? Scaled_band{Converted(x, Without_decibels(x.Get_unit())), {}}
+    return Is_decibel(x.Get_unit()) ? Scaled_band{Converted(x, Without_decibels(x.Get_unit()))}
                                     : Scaled_numbers_of(x);
 }
 
@@ -82,8 +82,8 @@ Band Related(Ordered_relation const& of, Units const& target) {
     Scaled_band const first = Linear_numbers(of.first);
     Scaled_band const second = Linear_numbers(of.second);
     Exact_factor const sizes =
-        Physics::Power(first.scale * Size_of(of.first.Get_unit()), a / share) *
-        Physics::Power(second.scale * Size_of(of.second.Get_unit()), b / share) /
+        Physics::Power(first.Scale() * Size_of(of.first.Get_unit()), a / share) *
+        Physics::Power(second.Scale() * Size_of(of.second.Get_unit()), b / share) /
         Physics::Power(Size_of(target), is_root ? 2 : 1);
     Band const related =
         Product_of_powers(first.numbers, a / share, second.numbers, b / share, sizes);
@@ -97,7 +97,7 @@ Band Twenty_log(Measurement const& x) {
     Units const unit = x.Get_unit();
     if (!Is_decibel(unit)) {
         Scaled_band const numbers = Scaled_numbers_of(x);
-        return Scaled_logarithm(20, numbers.numbers, numbers.scale * Size_of(unit));
+        return Scaled_logarithm(20, numbers.numbers, numbers.Scale() * Size_of(unit));
     }
     Band const shift = Single(Enclose(20.0) * Logarithm(Size_of(unit)));
     bool const of_power = Level_factor(Kind_of(unit)) == 10;

@@ -1,7 +1,9 @@
 #include "Enclosed.h"
 
 #include "Enclosed_tables.h"
-#include "Error_free.h"
+#include "Whole_number.h"
+#include "basics/Doubles.h"
+#include "basics/Error_free.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -10,34 +12,14 @@
 
 namespace Varnix::Value::Physics {
 
+using namespace Basics;
+
 namespace {
 
 // ---- Doubles as numbers with an exponent
 
-std::uint64_t Bits_of(double number) {
-    std::uint64_t bits = 0;
-    std::memcpy(&bits, &number, sizeof bits);
-    return bits;
-}
-
-double Double_of(std::uint64_t bits) {
-    double number = 0.0;
-    std::memcpy(&number, &bits, sizeof number);
-    return number;
-}
-
 constexpr int Least_exponent = -1022; // of a normal double
 constexpr int Greatest_exponent = 1023;
-
-// 2^exponent, for a normal double.
-double Two_to(int exponent) {
-    return Double_of(static_cast<std::uint64_t>(exponent + 1023) << 52);
-}
-
-// The power of two below a normal double.
-int Exponent_of(double number) {
-    return static_cast<int>(Bits_of(number) >> 52 & 0x7ff) - 1023;
-}
 
 // The next double towards -inf.
 double Next_below(double number) {
@@ -434,25 +416,6 @@ Enclosed Odd_part(Exact_factor const& factor, int sign) {
     return power_of_pi > 0 ? product * Power(pi, power_of_pi) : product;
 }
 
-// A whole number of up to 192 bits.
-struct Whole {
-    std::array<std::uint32_t, 6> digits{};
-    bool too_long = false;
-
-    explicit Whole(std::uint64_t number)
-        : digits{static_cast<std::uint32_t>(number), static_cast<std::uint32_t>(number >> 32)} {}
-
-    void Multiply(std::uint32_t factor) {
-        std::uint64_t carry = 0;
-        for (std::uint32_t& digit : digits) {
-            carry += std::uint64_t{digit} * factor;
-            digit = static_cast<std::uint32_t>(carry);
-            carry >>= 32;
-        }
-        too_long = too_long || carry != 0;
-    }
-};
-
 // A double as an odd number times a power of two.
 struct Odd_number {
     std::uint64_t odd;
@@ -460,23 +423,12 @@ struct Odd_number {
 };
 
 Odd_number Odd_number_of(double mantissa, int exponent) {
-    std::uint64_t odd = (Bits_of(mantissa) & 0x000fffffffffffffULL) | 0x0010000000000000ULL;
+    std::uint64_t odd = Significand_of(mantissa);
     exponent -= 52;
     for (; (odd & 1U) == 0; odd >>= 1) {
         ++exponent;
     }
     return {odd, exponent};
-}
-
-// odd times the part of the ratio above the line, or for sign -1 below it.
-Whole Whole_product(std::uint64_t odd, Exact_factor const& factor, int sign) {
-    Whole product(odd);
-    for (std::size_t k = 1; k < Exact_factor::primes.size(); ++k) {
-        for (int left = sign * factor.powers[k]; left > 0 && !product.too_long; --left) {
-            product.Multiply(static_cast<std::uint32_t>(Exact_factor::primes[k]));
-        }
-    }
-    return product;
 }
 
 // Whether from * factor = to, for two doubles as mantissa and exponent.
@@ -486,9 +438,12 @@ bool Is_product(Enclosed const& from, Exact_factor const& factor, Enclosed const
     if (source.exponent + factor.Power_of_two() != target.exponent) {
         return false;
     }
-    Whole const left = Whole_product(source.odd, factor, 1);
-    Whole const right = Whole_product(target.odd, factor, -1);
-    return !left.too_long && !right.too_long && left.digits == right.digits;
+    constexpr std::size_t digits = 6; // a double times 128 bits
+    Whole_number<digits> left(source.odd);
+    Whole_number<digits> right(target.odd);
+    left.Multiply(factor, 1);
+    right.Multiply(factor, -1);
+    return !left.Is_too_long() && !right.Is_too_long() && left.Compare(right) == 0;
 }
 
 } // namespace
@@ -564,12 +519,6 @@ constexpr std::array<double, Greatest_power_of_five + 1> powers_of_five = Made_p
 // x as a double; exact for whole numbers of up to 53 bits.
 double Value_of(Enclosed const& x) {
     return x.high * Two_to(std::max(x.exponent, -1000));
-}
-
-// The whole number nearest to a double of magnitude below 2^51, ties to even.
-double Nearest_whole(double number) {
-    constexpr double shift = 0x1.8p52;
-    return (number + shift) - shift;
 }
 
 Enclosed Whole_power_of_ten(int power) {

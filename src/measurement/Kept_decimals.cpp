@@ -1,7 +1,8 @@
 #include "Kept_decimals.h"
 
-#include "Error_free.h"
 #include "Measurement_parts.h"
+#include "basics/Doubles.h"
+#include "basics/Error_free.h"
 
 #include <algorithm>
 #include <array>
@@ -11,19 +12,15 @@
 
 namespace Varnix::Value::Physics {
 
+using namespace Basics;
+
 namespace {
 
 constexpr double Greatest_whole = 0x1p53;
-constexpr int Greatest_power = 22; // the greatest power of ten that is a double
-
-// clang-format off
-constexpr std::array<double, Greatest_power + 1> tens = {
-    1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
-    1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
-// clang-format on
+constexpr int Greatest_power = Greatest_exact_power_of_ten;
 
 double Ten_to(int power) {
-    return tens[static_cast<std::size_t>(power)];
+    return exact_powers_of_ten[power];
 }
 
 // ---- The code: the power of ten in its lowest byte, three corrections of four bits above it
@@ -51,8 +48,9 @@ Code Unpacked(std::int32_t packed) {
     return {(packed & 255) - Power_zero, {correction(0), correction(1), correction(2)}};
 }
 
-// Numbers below 2^52 lose their fractions in the sum; greater ones have none.
-double Nearest_whole(double number) {
+// The whole number nearest to a double of any size, ties to even. Numbers below 2^52 lose their
+// fractions in the sum, and greater ones have none.
+double Whole_beside(double number) {
     double const magnitude = std::fabs(number);
     if (!(magnitude < 0x1p52)) {
         return number;
@@ -62,7 +60,7 @@ double Nearest_whole(double number) {
 
 // The whole number that a double suggests.
 double Suggested(double number, int power) {
-    return Nearest_whole(power < 0 ? number * Ten_to(-power) : number / Ten_to(power));
+    return Whole_beside(power < 0 ? number * Ten_to(-power) : number / Ten_to(power));
 }
 
 // whole * 10^power, rounded to nearest, and a rest that has the sign of what that leaves out.
@@ -103,7 +101,7 @@ Code Code_of(Decimal_numbers const& x, Numbers const& rounded) {
 }
 
 bool Is_whole(double number) {
-    return std::fabs(number) <= Greatest_whole && Nearest_whole(number) == number;
+    return std::fabs(number) <= Greatest_whole && Whole_beside(number) == number;
 }
 
 bool Are_whole(double lower, double value, double upper) {
@@ -156,14 +154,15 @@ bool Lower_power(Decimal_numbers& x, int power) {
 // Whether all three end in a zero, which then goes into the power.
 bool Drop_zero(Decimal_numbers& x) {
     auto const tenth = [](double number) {
-        return std::isinf(number) ? number : Nearest_whole(number / 10.0);
+        return std::isinf(number) ? number : Whole_beside(number / 10.0);
     };
-    if (tenth(x.value) * 10.0 != x.value) { // the usual case
+    double const value = tenth(x.value);
+    if (value * 10.0 != x.value) { // the usual case
         return false;
     }
-    Decimal_numbers const fewer = {tenth(x.lower), tenth(x.value), tenth(x.upper), x.power + 1};
-    bool const fits = fewer.lower * 10.0 == x.lower && fewer.value * 10.0 == x.value &&
-                      fewer.upper * 10.0 == x.upper && (x.value != 0.0 || !Is_single(x));
+    Decimal_numbers const fewer = {tenth(x.lower), value, tenth(x.upper), x.power + 1};
+    bool const fits = fewer.lower * 10.0 == x.lower && fewer.upper * 10.0 == x.upper &&
+                      (x.value != 0.0 || !Is_single(x));
     x = fits ? fewer : x;
     return fits;
 }

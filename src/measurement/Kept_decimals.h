@@ -10,9 +10,9 @@
 #ifndef VARNIX_VALUE_MEASUREMENT_KEPT_DECIMALS_H
 #define VARNIX_VALUE_MEASUREMENT_KEPT_DECIMALS_H
 
-#include "Error_free.h"
 #include "Exact_factor.h"
 #include "Short_ways.h"
+#include "basics/Error_free.h"
 
 #include <varnix/value/Measurement.h>
 
@@ -20,6 +20,8 @@
 #include <optional>
 
 namespace Varnix::Value::Physics {
+
+using Basics::Exact_pair;
 
 // Each number is whole and at most 2^53 in magnitude; a bound may be infinite. In a result that is
 // not put into a measurement yet, the power of ten may be any.

@@ -138,7 +138,7 @@ Enclosed Amplified_number(Enclosed const& number, Enclosed const& decibels, int 
 // The four corners, of which the signs of the ends choose two.
 Band Amplified_band(Scaled_band const& x, Band const& gain, int step) {
     auto const amplified = [&](Enclosed const& number, Enclosed const& decibels) {
-        return Amplified_number(number, decibels, step, x.scale);
+        return Amplified_number(number, decibels, step, x.Scale());
     };
     Band const& numbers = x.numbers;
     if (numbers.is_single && gain.is_single) {
@@ -197,7 +197,8 @@ Measurement Widened(Measurement const& x, int sign, Measurement const& bandwidth
     if (!fits || !Is_frequency(bandwidth)) {
         throw Refusal::not_a_density;
     }
-    auto const [width, scale] = Scaled_numbers_of(bandwidth);
+    Scaled_band const scaled = Scaled_numbers_of(bandwidth);
+    Band const& width = scaled.numbers;
     if (Is_below_zero(width.lower)) {
         throw Refusal::negative_quantity;
     }
@@ -210,15 +211,13 @@ Measurement Widened(Measurement const& x, int sign, Measurement const& bandwidth
     }
     // The ratio of the references, bandwidth counted in its own unit, goes into the logarithm.
     Exact_factor const rest = Size_of(unit) / Size_of(result);
-    Exact_factor const size = scale * Size_of(bandwidth.Get_unit());
+    Exact_factor const size = scaled.Scale() * Size_of(bandwidth.Get_unit());
     Band const decibels = Scaled_logarithm(10, width, sign > 0 ? size * rest : size / rest);
-    if (x.Get_decimal_code() != 0) {
-        Band const shift = sign > 0 ? decibels : -decibels;
-        if (auto const sum = Shifted_decimals(Kept_decimals(x), shift, result)) {
-            return *sum;
-        }
+    Band const shift = sign > 0 ? decibels : -decibels;
+    if (auto const sum = Shifted_decimals(Kept_decimals(x), shift, result)) {
+        return *sum;
     }
-    return Rounded(Band_of(x) + (sign > 0 ? decibels : -decibels), result);
+    return Rounded(Band_of(x) + shift, result);
 }
 
 } // namespace Varnix::Value::Physics

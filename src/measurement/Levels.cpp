@@ -46,7 +46,7 @@ Measurement Gain_of(Measurement const& ratio, int step) {
             throw Refusal::kinds_differ;
         }
         Scaled_band const numbers = Scaled_numbers_of(ratio);
-        return Rounded(Scaled_logarithm(step, numbers.numbers, numbers.scale * Size_of(unit)),
+        return Rounded(Scaled_logarithm(step, numbers.numbers, numbers.Scale() * Size_of(unit)),
                        C_DB);
     } catch (Refusal reason) {
         Refuse(reason, "make a gain of " + Described(ratio), Way_out::none);

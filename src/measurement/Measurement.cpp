@@ -157,19 +157,12 @@ bool Is_same(Measurement const& x, Measurement const& y) noexcept {
 
 namespace {
 
-std::optional<Measurement> Converted_decimals(Measurement const& x, Units const& target,
-                                              bool is_difference) {
-    return x.Get_decimal_code() == 0
-               ? std::nullopt
-               : Made_of_decimals(Decimals_in(x, x.Is_difference(), target), target, is_difference);
-}
-
 // A linear quantity by a factor: the usual case.
 bool Short_conversion(Measurement const& x, Units const& target, Numbers& numbers) {
     Units const& unit = Measurement_parts::Unit_of(x);
     bool const by_factor =
         Form_of(x) == Form::linear && Form_of(target, x.Is_difference()) == Form::linear;
-    if (!by_factor || x.Get_decimal_code() != 0 || Kind_of(unit) != Kind_of(target)) {
+    if (!by_factor || Kind_of(unit) != Kind_of(target)) {
         return false;
     }
     double above = 0.0;
@@ -194,10 +187,15 @@ bool Short_power_conversion(Measurement const& x, Units const& target, Numbers& 
 Measurement Converted_to(Measurement const& x, Units const& target) {
     Numbers numbers{};
     bool const is_difference = x.Is_difference() && Is_temperature(target); // a level is none
-    if (std::optional<Measurement> const decimals = Converted_decimals(x, target, is_difference)) {
-        return *decimals;
+    if (x.Get_decimal_code() != 0) {
+        Maybe_decimals const decimals = Decimals_in(x, x.Is_difference(), target);
+        if (auto const made = Made_of_decimals(decimals, target, is_difference)) {
+            return *made;
+        }
+    } else if (Short_conversion(x, target, numbers)) {
+        return Made_of(numbers, target, is_difference);
     }
-    return Short_conversion(x, target, numbers) || Short_power_conversion(x, target, numbers)
+    return Short_power_conversion(x, target, numbers)
                ? Made_of(numbers, target, is_difference)
                : Rounded(Converted(x, target), target, is_difference);
 }

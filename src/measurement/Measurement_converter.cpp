@@ -1,12 +1,12 @@
 #include <varnix/value/Measurement_converter.h>
 
 #include "Conversions.h"
-#include "Error_free.h"
 #include "Kept_decimals.h"
 #include "Measurement_parts.h"
 #include "Number_blocks.h"
 #include "Refusals.h"
 #include "Short_power.h"
+#include "basics/Error_free.h"
 
 #include <cmath>
 #include <limits>
@@ -59,7 +59,7 @@ Measurement_converter::Measurement_converter(Units const& from, Units const& to)
     : source(Checked(from)), target(Checked(to)), way(Way::same), step(0), factor_high(1.0),
       factor_low(0.0), offset_high(0.0), offset_low(0.0), decimal_whole(0.0), decimal_power(0) {
     try {
-        Converted({Single(Enclose(1.0)), {}}, source, false, target, false);
+        Converted({Single(Enclose(1.0))}, source, false, target, false);
     } catch (Refusal reason) {
         Refuse_conversion(reason, Described(from), from, to);
     }
@@ -139,7 +139,7 @@ double Measurement_converter::Nearest(double number) const noexcept {
 double Measurement_converter::Nearest_of_enclosed(double number) const noexcept {
     return std::isfinite(number)
                ? Round_to_nearest(
-                     Converted({Single(Enclose(number)), {}}, source, false, target, false).value)
+                     Converted({Single(Enclose(number))}, source, false, target, false).value)
                : number;
 }
 
@@ -180,8 +180,7 @@ double Converted_by_kelvins(double number, Units const& from, Units const& to) {
         return number;
     }
     if (Is_decibel(from)) {
-        return Round_to_nearest(
-            Converted({Single(Enclose(number)), {}}, from, false, to, false).value);
+        return Round_to_nearest(Converted({Single(Enclose(number))}, from, false, to, false).value);
     }
     Enclosed const kelvins = Formula_between_scales(from, Without_decibels(to))(Enclose(number));
     return Is_below_zero(kelvins) ? std::numeric_limits<double>::quiet_NaN()

@@ -151,12 +151,6 @@ Maybe_decimals Decimals_of(Quantity_parts const& parts) {
     return Joined(Sum(value, -1, below), value, Sum(value, 1, above));
 }
 
-// The measurement that was made of doubles, with the decimals where they fit.
-Measurement With_decimals(Measurement const& made, Quantity_parts const& parts) {
-    return Made_of_decimals(Decimals_of(parts), made.Get_unit(), made.Is_difference())
-        .value_or(made);
-}
-
 // ---- The whole
 
 // What was refused, and where it stands in the text.
@@ -177,23 +171,24 @@ bool Are_in_order(Read_numbers const& numbers) {
            numbers.value <= numbers.upper;
 }
 
-Measurement Made_of(Quantity_parts const& parts, Read_unit const& unit) {
-    if (unit.is_valid) {
-        auto const decimals = Made_of_decimals(Decimals_of(parts), unit.unit, unit.is_difference);
-        if (decimals) {
-            return *decimals;
-        }
-    }
-    Read_numbers const numbers = Numbers_of(parts);
+Measurement Made_of(Read_numbers const& numbers, Read_unit const& unit) {
     if (unit.is_valid && Are_in_order(numbers)) {
         return Measurement_parts::Made(numbers.value, numbers.lower, numbers.upper, unit.unit,
                                        unit.is_difference);
     }
-    return With_decimals(
-        unit.is_difference
-            ? Measurement::Difference(numbers.value, unit.unit, numbers.lower, numbers.upper)
-            : Measurement(numbers.value, unit.unit, numbers.lower, numbers.upper),
-        parts);
+    return unit.is_difference
+               ? Measurement::Difference(numbers.value, unit.unit, numbers.lower, numbers.upper)
+               : Measurement(numbers.value, unit.unit, numbers.lower, numbers.upper);
+}
+
+// Decimals where they fit, which nearly all do, and enclosed numbers elsewhere.
+Measurement Made_of(Quantity_parts const& parts, Read_unit const& unit) {
+    Maybe_decimals const decimals = Decimals_of(parts);
+    Units const valid = decimals && !unit.is_valid
+                            ? Made_of(Read_numbers{0.0, 0.0, 0.0}, unit).Get_unit()
+                            : unit.unit;
+    std::optional<Measurement> const made = Made_of_decimals(decimals, valid, unit.is_difference);
+    return made ? *made : Made_of(Numbers_of(parts), unit);
 }
 
 Read Read_parts(Quantity_parts const& parts, Read_unit const& unit) {

@@ -14,6 +14,8 @@
 
 namespace Varnix::Value::Physics {
 
+using namespace Basics;
+
 namespace {
 
 constexpr double In_doubt = std::numeric_limits<double>::quiet_NaN();

@@ -3,11 +3,13 @@
 #ifndef VARNIX_VALUE_MEASUREMENT_NUMBER_BLOCKS_H
 #define VARNIX_VALUE_MEASUREMENT_NUMBER_BLOCKS_H
 
-#include "Error_free.h"
+#include "basics/Error_free.h"
 
 #include <cstddef>
 
 namespace Varnix::Value::Physics {
+
+using Basics::Exact_pair;
 
 constexpr std::size_t Block_size = 256;
 

@@ -11,14 +11,14 @@
 #include "Short_power.h"
 
 #include "Enclosed_tables.h"
-#include "Error_free.h"
 #include "Kept_decimals.h"
+#include "basics/Error_free.h"
 
 #include <cmath>
-#include <cstdint>
-#include <cstring>
 
 namespace Varnix::Value::Physics {
+
+using namespace Basics;
 
 namespace {
 
@@ -30,23 +30,9 @@ constexpr double Log2_ten = 3.321928094887362;
 // ln 2 in three parts; a whole number of up to 15 bits times one of the first two is exact.
 constexpr double Ln_two[] = {0x1.62e42fefa0000p-1, 0x1.cf79abc9e0000p-40, 0x1.d9cc01f97b57ap-79};
 
-// The whole number nearest to a double of magnitude below 2^51.
-double Nearest_whole(double number) {
-    constexpr double shift = 0x1.8p52;
-    return (number + shift) - shift;
-}
-
 Exact_pair Normalised(double high, double low) {
     double const sum = high + low;
     return {sum, low - (sum - high)};
-}
-
-// 2^power for normal doubles.
-double Two_to(int power) {
-    std::uint64_t const bits = static_cast<std::uint64_t>(power + 1023) << 52;
-    double number = 0.0;
-    std::memcpy(&number, &bits, sizeof number);
-    return number;
 }
 
 // y ln 10 - k ln 2 for y = x / step + tens.

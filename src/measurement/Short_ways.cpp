@@ -1,10 +1,12 @@
 #include "Short_ways.h"
 
-#include "Error_free.h"
+#include "basics/Error_free.h"
 
 #include <cmath>
 
 namespace Varnix::Value::Physics {
+
+using namespace Basics;
 
 Numbers Numbers_of(Measurement const& x) {
     return {x.Get_lower(), x.Get_value(), x.Get_upper()};

@@ -1,49 +1,16 @@
 #include "Characters.h"
 
+#include "basics/Utf8.h"
+
 #include <array>
 
 namespace Varnix::Value {
 
+using namespace Basics;
+
 namespace {
 
 using Kind = Character_kind;
-
-// What a lead byte says: how many bytes follow it, and the least code point that needs as many.
-struct Lead {
-    std::uint8_t size;
-    std::uint32_t bits;
-    std::uint32_t least;
-};
-
-Lead Lead_of(unsigned char byte) {
-    return (byte & 0xE0U) == 0xC0U   ? Lead{2, byte & 0x1FU, 0x80}
-           : (byte & 0xF0U) == 0xE0U ? Lead{3, byte & 0x0FU, 0x800}
-           : (byte & 0xF8U) == 0xF0U ? Lead{4, byte & 0x07U, 0x10000}
-                                     : Lead{0, 0, 0};
-}
-
-struct Decoded {
-    std::uint32_t code_point;
-    std::uint8_t size; // 0 for what is not UTF-8
-};
-
-Decoded Decode(std::string_view text) {
-    Lead const lead = Lead_of(static_cast<unsigned char>(text[0]));
-    if (lead.size == 0 || text.size() < lead.size) {
-        return {0, 0};
-    }
-    std::uint32_t code_point = lead.bits;
-    for (char const character : text.substr(1, lead.size - 1U)) {
-        auto const byte = static_cast<unsigned char>(character);
-        if ((byte & 0xC0U) != 0x80U) {
-            return {0, 0};
-        }
-        code_point = code_point << 6U | (byte & 0x3FU);
-    }
-    bool const surrogate = code_point >= 0xD800 && code_point < 0xE000;
-    bool const valid = code_point >= lead.least && code_point < 0x110000 && !surrogate;
-    return {code_point, valid ? lead.size : std::uint8_t{0}};
-}
 
 Character Raised(std::uint8_t size, std::uint32_t value) {
     return {Kind::raised, size, static_cast<std::int8_t>(value)};
@@ -57,9 +24,8 @@ bool Turns_lines(std::uint32_t code) {
 }
 
 // clang-format off
-Character Kind_of(Decoded const& decoded) {
-    std::uint32_t const code = decoded.code_point;
-    std::uint8_t const size = decoded.size;
+Character Kind_of(Utf8_character const& character) {
+    auto const [code, size] = character;
     if (size == 0) {
         return {Kind::invalid, 1, 0};
     }
@@ -121,7 +87,7 @@ constexpr std::array<Kind, 128> Make_ascii_kinds() {
 std::array<Kind, 128> const ascii_kinds = Make_ascii_kinds();
 
 Character Beyond_ascii(std::string_view text) {
-    return Kind_of(Decode(text));
+    return Kind_of(First_character(text));
 }
 
 namespace {
@@ -146,7 +112,7 @@ std::string Described(std::string_view text, std::size_t position) {
         return Quoted(text.substr(position, character.size));
     }
     if (character.size > 1) {
-        std::uint32_t const code = Decode(text.substr(position)).code_point;
+        std::uint32_t const code = First_character(text.substr(position)).code;
         return "the control character U+" + Hexadecimal(code, 4);
     }
     auto const byte = static_cast<unsigned char>(text[position]);

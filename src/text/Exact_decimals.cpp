@@ -1,5 +1,8 @@
 #include "Exact_decimals.h"
 
+#include "basics/Doubles.h"
+#include "basics/Error_free.h"
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -11,6 +14,8 @@
 #include <string_view>
 
 namespace Varnix::Value {
+
+using namespace Basics;
 
 namespace {
 
@@ -96,39 +101,16 @@ struct Whole_cut {
     Rest rest;
 };
 
-constexpr double exact_powers_of_ten[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
-                                          1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
-                                          1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
-constexpr int greatest_exact_power = 22;
-
 constexpr double whole_limit = 0x1p63;
-
-// first * second - product, exactly: the halves of 27 and 26 bits have exact products.
-double Rest_of_product(double first, double second, double product) {
-    constexpr double splitter = 0x1p27 + 1.0;
-    auto const upper_half = [](double number) {
-        double const turned = splitter * number;
-        return turned - (turned - number);
-    };
-    double const first_upper = upper_half(first);
-    double const first_lower = first - first_upper;
-    double const second_upper = upper_half(second);
-    double const second_lower = second - second_upper;
-    return ((first_upper * second_upper - product) + first_upper * second_lower +
-            first_lower * second_upper) +
-           first_lower * second_lower;
-}
 
 // magnitude * 10^decimals as the sum of two doubles, of which the second is at most half an ulp of
 // the first.
 std::optional<Whole_cut> Cut_product(double magnitude, int decimals) {
-    double const power = exact_powers_of_ten[decimals];
-    double const product = magnitude * power;
+    auto const [product, second] = Exact_product(magnitude, exact_powers_of_ten[decimals]);
     constexpr double least = 1e-200; // far from where the second would underflow
     if (product >= whole_limit || (magnitude < least && magnitude != 0.0)) {
         return std::nullopt;
     }
-    double const second = Rest_of_product(magnitude, power, product);
     auto whole = static_cast<std::uint64_t>(product);
     double const fraction = product - static_cast<double>(whole);
     if (fraction != 0.0) {
@@ -159,7 +141,7 @@ std::optional<Whole_cut> Cut_quotient(double magnitude, int zeros) {
 
 // magnitude * 10^decimals, where it can be had in double arithmetic.
 std::optional<Whole_cut> Cut_quickly(double magnitude, int decimals) {
-    if (decimals > greatest_exact_power) {
+    if (decimals > Greatest_exact_power_of_ten) {
         return std::nullopt;
     }
     return decimals >= 0 ? Cut_product(magnitude, decimals) : Cut_quotient(magnitude, -decimals);
@@ -251,7 +233,7 @@ int Estimated_place(Scaled_number const& x) {
     std::frexp(magnitude, &exponent);
     int const place = static_cast<int>(std::floor((exponent - 1) * log_of_two));
     // The rest is spared where it costs no more than a comparison.
-    bool const is_next = place + 1 >= 0 && place + 1 <= greatest_exact_power &&
+    bool const is_next = place + 1 >= 0 && place + 1 <= Greatest_exact_power_of_ten &&
                          magnitude >= exact_powers_of_ten[place + 1];
     return place + (is_next ? 1 : 0) + x.power;
 }

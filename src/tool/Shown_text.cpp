@@ -1,46 +1,13 @@
 #include "Shown_text.h"
 
+#include "basics/Utf8.h"
+
 #include <algorithm>
 #include <utility>
 
 namespace Varnix::Value::Tool {
 
-namespace {
-
-// What a lead byte says: how many bytes there are, and the least code that takes as many.
-struct Lead {
-    std::size_t size;
-    std::uint32_t bits;
-    std::uint32_t least;
-};
-
-Lead Lead_of(unsigned char byte) {
-    return byte < 0x80U              ? Lead{1, byte, 0}
-           : (byte & 0xE0U) == 0xC0U ? Lead{2, byte & 0x1FU, 0x80}
-           : (byte & 0xF0U) == 0xE0U ? Lead{3, byte & 0x0FU, 0x800}
-           : (byte & 0xF8U) == 0xF0U ? Lead{4, byte & 0x07U, 0x10000}
-                                     : Lead{0, 0, 0};
-}
-
-} // namespace
-
-Utf8_character First_character(std::string_view text) {
-    Lead const lead = Lead_of(static_cast<unsigned char>(text[0]));
-    if (lead.size == 0 || lead.size > text.size()) {
-        return {0, 0};
-    }
-    std::uint32_t code = lead.bits;
-    for (char const character : text.substr(1, lead.size - 1)) {
-        auto const byte = static_cast<unsigned char>(character);
-        if ((byte & 0xC0U) != 0x80U) {
-            return {0, 0};
-        }
-        code = code << 6U | (byte & 0x3FU);
-    }
-    bool const is_surrogate = code >= 0xD800 && code < 0xE000;
-    bool const is_valid = code >= lead.least && code < 0x110000 && !is_surrogate;
-    return {code, is_valid ? lead.size : 0};
-}
+using namespace Basics;
 
 std::size_t First_not_utf8(std::string_view text) {
     std::size_t position = 0;

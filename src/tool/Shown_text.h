@@ -4,19 +4,10 @@
 #define VARNIX_VALUE_TOOL_SHOWN_TEXT_H
 
 #include <cstddef>
-#include <cstdint>
 #include <string>
 #include <string_view>
 
 namespace Varnix::Value::Tool {
-
-// A character of a text that is not empty.
-struct Utf8_character {
-    std::uint32_t code;
-    std::size_t size; // in bytes; 0 where the first byte starts no character
-};
-
-Utf8_character First_character(std::string_view text);
 
 // Where the first byte is that belongs to no UTF-8 character; the end of the text if there is none.
 std::size_t First_not_utf8(std::string_view text);

@@ -1,12 +1,11 @@
 // Sums and products of doubles with their exact rounding errors, which are doubles themselves.
 
-#ifndef VARNIX_VALUE_MEASUREMENT_ERROR_FREE_H
-#define VARNIX_VALUE_MEASUREMENT_ERROR_FREE_H
+#ifndef VARNIX_VALUE_BASICS_ERROR_FREE_H
+#define VARNIX_VALUE_BASICS_ERROR_FREE_H
 
-#include <cstdint>
-#include <cstring>
+#include "Doubles.h"
 
-namespace Varnix::Value::Physics {
+namespace Varnix::Value::Basics {
 
 // A rounded result, and what rounding it left out.
 struct Exact_pair {
@@ -47,15 +46,6 @@ inline Exact_pair Exact_product(double a, double b) {
     return {product, rest};
 }
 
-// The next double away from zero, or towards it, of one that is not zero.
-inline double Neighbour(double number, bool away) {
-    std::uint64_t bits = 0;
-    std::memcpy(&bits, &number, sizeof bits);
-    bits += away ? 1U : ~std::uint64_t{0};
-    std::memcpy(&number, &bits, sizeof number);
-    return number;
-}
-
 // The greatest double that is not above a result rounded to nearest, and the least that is not
 // below it: the sign of the rest decides.
 inline double Down(Exact_pair const& result) {
@@ -66,6 +56,6 @@ inline double Up(Exact_pair const& result) {
     return result.rest > 0.0 ? Neighbour(result.rounded, result.rounded > 0.0) : result.rounded;
 }
 
-} // namespace Varnix::Value::Physics
+} // namespace Varnix::Value::Basics
 
 #endif

@@ -1,0 +1,79 @@
+// Whole numbers of many digits, for products of the primes that units are made of.
+
+#ifndef VARNIX_VALUE_MEASUREMENT_WHOLE_NUMBER_H
+#define VARNIX_VALUE_MEASUREMENT_WHOLE_NUMBER_H
+
+#include "Exact_factor.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <cstdint>
+
+namespace Varnix::Value::Physics {
+
+// Not negative, of up to so many digits of 32 bits; the least digit comes first. What becomes too
+// long stays so.
+template <std::size_t Digit_count>
+class Whole_number {
+  public:
+    explicit Whole_number(std::uint64_t number)
+        : digits{static_cast<std::uint32_t>(number), static_cast<std::uint32_t>(number >> 32)} {}
+
+    void Multiply(std::uint32_t factor) {
+        std::uint64_t carry = 0;
+        for (std::uint32_t& digit : digits) {
+            carry += std::uint64_t{digit} * factor;
+            digit = static_cast<std::uint32_t>(carry);
+            carry >>= 32;
+        }
+        too_long = too_long || carry != 0;
+    }
+
+    // By the odd primes of a ratio above the line, or for sign -1 by those below it.
+    void Multiply(Exact_factor const& ratio, int sign) {
+        for (std::size_t k = 1; k < Exact_factor::primes.size(); ++k) {
+            for (int left = sign * ratio.powers[k]; left > 0 && !too_long; --left) {
+                Multiply(static_cast<std::uint32_t>(Exact_factor::primes[k]));
+            }
+        }
+    }
+
+    void Multiply_by_two(int times) {
+        too_long = too_long || times > static_cast<int>(32 * Digit_count);
+        for (; times > 0 && !too_long; times -= 31) {
+            Multiply(std::uint32_t{1} << std::min(times, 31));
+        }
+    }
+
+    // Plus the other, or for sign -1 minus it, which is not greater then.
+    void Add(int sign, Whole_number const& other) {
+        std::int64_t carry = 0;
+        for (std::size_t k = 0; k < digits.size(); ++k) {
+            carry += std::int64_t{digits[k]} + sign * std::int64_t{other.digits[k]};
+            digits[k] = static_cast<std::uint32_t>(carry);
+            carry = carry < 0 ? -1 : carry >> 32;
+        }
+        too_long = too_long || other.too_long || carry != 0;
+    }
+
+    bool Is_too_long() const { return too_long; }
+
+    // -1, 0 or 1, of two that are not too long.
+    int Compare(Whole_number const& other) const {
+        for (std::size_t k = digits.size(); k-- > 0;) {
+            if (digits[k] != other.digits[k]) {
+                return digits[k] < other.digits[k] ? -1 : 1;
+            }
+        }
+        return 0;
+    }
+
+  private:
+    std::array<std::uint32_t, Digit_count> digits{};
+    bool too_long = false;
+};
+
+} // namespace Varnix::Value::Physics
+
+#endif
