@@ -177,29 +177,37 @@ typedef enum vo_verdict {
 
 /* ---- Measurements: the physically right answer with bounds that are certain, or VO_REFUSED */
 
-/** A measurement. All three numbers are in `unit`, in decibels if that is in decibels. */
+/**
+ * A measurement. All three numbers are in `unit`, in decibels if that is in decibels.
+ *
+ * What is read from a text is exact in decimals: "3.3 V" is 3.3 V, which no double is. `decimals` says
+ * so; copy it with the numbers, and set it to 0 in a measurement that you fill in. It has no effect
+ * once you have written another number.
+ */
 typedef struct vo_measurement {
     double value;       /**< finite, within the bounds */
     double lower;       /**< the lower bound; -INFINITY if it is unknown */
     double upper;       /**< the upper bound; INFINITY if it is unknown */
     vo_unit unit;       /**< of all three */
     int32_t difference; /**< 1 for a difference of temperatures, "5 delta_K"; 0 for all else */
-    int32_t decimals; /**< which decimals the three numbers stand for ("3.3 V" is exactly 3.3 V, and
-                             no double is), or 0: they are doubles. Copy it with them; it does not
-                             count once you have written another number. 0 in what you fill in. */
+    int32_t decimals;   /**< which decimals the three numbers are; 0 for doubles */
 } vo_measurement;
 
 /** Checks three numbers with their unit, and puts the unit into canonical order. */
 VO_EXPORT vo_status vo_measurement_make(double value, double lower, double upper,
                                         vo_unit const* unit, vo_measurement* made, vo_fault* fault);
 
-/** Reads "30 dBm [29, 31]", "5.0 ± 0.1 V", "5.00(3) kV": the decimals are kept exactly, and enclosed where they do not fit. */
+/**
+ * Reads "30 dBm [29, 31]", "5.0 ± 0.1 V", "5.00(3) kV". The decimals are kept exactly; those that do
+ * not fit, of more than 15 digits or so, are enclosed.
+ */
 VO_EXPORT vo_status vo_measurement_parse(char const* text, vo_measurement* read, vo_fault* fault);
 
 /**
- * Writes a measurement, as vo_unit_format. `format` is "" for decimals as they were typed, and
- * for other numbers the fewest digits that enclose, at most one step of a double wider; or digits (".3" significant, ".2f" decimals, "b" by the bounds), then "p" for ± or "~"
- * without bounds, then "k" with a prefix by size. Any other is VO_INVALID_ARGUMENT.
+ * Writes a measurement, as vo_unit_format. `format` is "" for decimals as they were typed, and for
+ * other numbers the fewest digits that enclose, at most one step of a double wider. Otherwise it has
+ * digits (".3" significant, ".2f" decimals, "b" by the bounds), then "p" for ± or "~" without bounds,
+ * then "k" with a prefix by size. Any other is VO_INVALID_ARGUMENT.
  */
 VO_EXPORT vo_status vo_measurement_format(vo_measurement const* x, char const* format, char* buffer,
                                           size_t size, size_t* length, vo_fault* fault);

@@ -2,6 +2,8 @@
 // never narrower and at most one step wider, and a deviation encloses both. Over all formats, and bands from
 // one step of a double to the greatest one.
 
+#include "Random_numbers.h"
+
 #include <varnix/value/Measurement_text.h>
 
 #include <gmp.h>
@@ -220,15 +222,6 @@ void Expect_encloses(double value, double lower, double upper, Text_format const
 }
 
 // ---- Numbers
-
-double Any_number(std::mt19937_64& random) {
-    double number = 0.0;
-    do {
-        std::uint64_t const bits = random();
-        std::memcpy(&number, &bits, sizeof number);
-    } while (!std::isfinite(number));
-    return number;
-}
 
 // Numbers that are typed, any doubles, and the ends of their range.
 double Hard_number(std::mt19937_64& random) {

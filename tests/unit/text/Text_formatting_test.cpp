@@ -2,6 +2,7 @@
 // to the same bits and the same unit.
 
 #include "Named_constants.h"
+#include "Random_numbers.h"
 #include "Test_support.h"
 
 #include <varnix/value/Text_formatting.h>
@@ -139,16 +140,6 @@ void Expect_round_trip(Quantity const& quantity, Unit_string_type spelling = STR
         ASSERT_TRUE(read) << text << ": " << read.Get_fault().message;
         EXPECT_TRUE(Is(*read, quantity.Get_value(), quantity.Get_minus_err(), quantity.Get_plus_err(), quantity.Get_unit())) << text;
     }
-}
-
-// A number of any size, with all its bits.
-double Any_number(std::mt19937_64& random) {
-    double number = 0.0;
-    do {
-        std::uint64_t const bits = random();
-        std::memcpy(&number, &bits, sizeof number);
-    } while (!std::isfinite(number));
-    return number;
 }
 
 TEST(Round_trip, Gives_back_the_bits_in_every_named_unit) {
