@@ -84,7 +84,7 @@ Writing Writing_of(bool has_bounds, Options const& options) {
     return writing;
 }
 
-// The lines of a conversion have one unit, of which the text is composed once.
+// The lines of a conversion have one unit, of which the text is composed once. The tool has one thread.
 std::string const& Unit_text_of(Measurement const& x, Unit_string_type spelling) {
     struct Last {
         Units unit;
