@@ -113,6 +113,12 @@ Measurement Measurement::From(Value_object<double> const& quantity, Levels level
 }
 
 Value_object<double> Measurement::To_value_object(Levels levels) const {
+    if (!Has_core_codes(unit)) {
+        throw MeasurementRefused(
+            Refusal::unit_not_valid,
+            "cannot hand over " + Described(*this) +
+                ": Value_object does not have the unit; convert to one that it has");
+    }
     Check_level_meaning(unit, levels, "hand over ");
     if (difference && !Is_kelvin(unit)) {
         Refuse(Refusal::difference_has_no_unit, "hand over", *this);

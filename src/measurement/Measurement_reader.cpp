@@ -46,22 +46,17 @@ struct Read_unit {
     bool is_valid = false; // as a unit to measure in; otherwise it is not known yet
 };
 
-Parse_result<Read_unit> Unit_of(Quantity_parts const& parts, Dialect dialect) {
+Parse_result<Measurement_unit> Unit_of(Quantity_parts const& parts, Dialect dialect) {
     if (parts.unit.empty()) {
-        return Read_unit{C_Empty, false};
+        return Measurement_unit();
     }
-    std::optional<Units> const difference =
-        dialect == Dialect::standard ? Difference_unit(parts.unit) : std::nullopt;
-    if (difference) {
-        return Read_unit{*difference, true};
+    Parse_result<Measurement_unit> unit = Try_parse_measurement_unit(parts.unit, dialect);
+    if (unit) {
+        return unit;
     }
-    Parse_result<Units> const unit = Try_parse_unit(parts.unit, dialect);
-    if (!unit) {
-        Text_fault fault = unit.Get_fault();
-        fault.position += parts.unit_position;
-        return fault;
-    }
-    return Read_unit{*unit, false};
+    Text_fault fault = unit.Get_fault();
+    fault.position += parts.unit_position;
+    return fault;
 }
 
 // ---- The numbers
@@ -208,8 +203,8 @@ Read Read_measurement(std::string_view text, Number_forms forms) {
     if (!parts) {
         return parts.Get_fault();
     }
-    Parse_result<Read_unit> const unit = Unit_of(*parts, Dialect::standard);
-    return unit ? Read_parts(*parts, *unit) : Read(unit.Get_fault());
+    Parse_result<Measurement_unit> const unit = Unit_of(*parts, Dialect::standard);
+    return unit ? Read_parts(*parts, {unit->unit, unit->is_difference}) : Read(unit.Get_fault());
 }
 
 bool Give_bounds(Quantity_parts const& parts) {
@@ -231,6 +226,20 @@ Parse_result<Measurement> Result_of(Read read) {
 }
 
 } // namespace
+
+Parse_result<Measurement_unit> Try_parse_measurement_unit(std::string_view text, Dialect dialect) {
+    if (dialect == Dialect::standard) {
+        if (std::optional<Units> const difference = Difference_unit(text)) {
+            return Measurement_unit{*difference, true};
+        }
+    }
+    Parse_result<Units> const unit = Try_parse_unit(text, dialect);
+    return unit ? Parse_result<Measurement_unit>(Measurement_unit{*unit, false}) : unit.Get_fault();
+}
+
+Measurement_unit Parse_measurement_unit(std::string_view text, Dialect dialect) {
+    return *Try_parse_measurement_unit(text, dialect);
+}
 
 Measurement Parse_measurement(std::string_view text) {
     return Parse_measurement(text, usual_forms);
@@ -262,7 +271,7 @@ Parse_result<Measurement> Measurement_reader::Read(std::string_view text) {
     }
     has_bounds = Give_bounds(*parts);
     if (parts->unit != unit_text) {
-        Parse_result<Read_unit> const read = Unit_of(*parts, dialect);
+        Parse_result<Measurement_unit> const read = Unit_of(*parts, dialect);
         if (!read) {
             return read.Get_fault();
         }
