@@ -3,6 +3,8 @@
 #include "Conversions.h"
 #include "Measurement_parts.h"
 #include "Result_units.h"
+#include "enclosing/Elementary_functions.h"
+#include "enclosing/Prepared_factor.h"
 
 namespace Varnix::Value::Physics {
 

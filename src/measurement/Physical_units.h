@@ -9,7 +9,7 @@
 #ifndef VARNIX_VALUE_MEASUREMENT_PHYSICAL_UNITS_H
 #define VARNIX_VALUE_MEASUREMENT_PHYSICAL_UNITS_H
 
-#include "Exact_factor.h"
+#include "enclosing/Exact_factor.h"
 
 #include <varnix/value/Units.h>
 

@@ -2,6 +2,7 @@
 
 #include "Conversions.h"
 #include "Refusals.h"
+#include "enclosing/Elementary_functions.h"
 
 namespace Varnix::Value {
 

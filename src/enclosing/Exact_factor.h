@@ -1,8 +1,8 @@
-// The exact ratio of two units: a product of integer powers of the primes that the units are made
-// of, and of pi. Products, quotients and powers of such ratios are exact, whatever the powers.
+// An exact ratio: a product of integer powers of a few primes, and of pi. Products, quotients and
+// powers of such ratios are exact, whatever the powers.
 
-#ifndef VARNIX_VALUE_MEASUREMENT_EXACT_FACTOR_H
-#define VARNIX_VALUE_MEASUREMENT_EXACT_FACTOR_H
+#ifndef VARNIX_VALUE_ENCLOSING_EXACT_FACTOR_H
+#define VARNIX_VALUE_ENCLOSING_EXACT_FACTOR_H
 
 #include <algorithm>
 #include <array>
@@ -11,7 +11,7 @@
 namespace Varnix::Value::Physics {
 
 struct Exact_factor {
-    // What the powers are of; pi comes last.
+    // The bases of the powers; that of pi comes last.
     static constexpr std::array<int, 7> primes = {2, 3, 5, 7, 11, 127, 463};
 
     std::array<int, primes.size() + 1> powers{};
@@ -51,7 +51,7 @@ inline Exact_factor Powers_of_ten(int exponent) {
     return Exact_factor{{exponent, 0, exponent}};
 }
 
-// How many whole powers of ten a ratio has, above or below the line.
+// The power of ten that a ratio contains: positive above the line, negative below it.
 inline int Tens_in(Exact_factor const& factor) {
     int const twos = factor.powers[0];
     int const fives = factor.powers[2];
