@@ -46,7 +46,7 @@ struct Read_unit {
     bool is_valid = false; // as a unit to measure in; otherwise it is not known yet
 };
 
-Parse_result<Measurement_unit> Unit_of(Quantity_parts const& parts, Dialect dialect) {
+Parse_result<Measurement_unit> Read_unit_of(Quantity_parts const& parts, Dialect dialect) {
     if (parts.unit.empty()) {
         return Measurement_unit();
     }
@@ -86,7 +86,7 @@ double Deviated_above(Decimal_text const& value, Decimal_text const& deviation) 
     return std::isfinite(nearly) ? Round_up(Sum_of(value, 1, deviation)) : nearly;
 }
 
-Read_numbers Numbers_of(Quantity_parts const& parts) {
+Read_numbers Read_numbers_of(Quantity_parts const& parts) {
     switch (parts.form) {
     case Quantity_form::value_alone:
         return {parts.value.nearest, Bound_below(parts.value), Bound_above(parts.value)};
@@ -130,7 +130,7 @@ Maybe_decimals Joined(Maybe_decimals const& lower, Maybe_decimals const& value,
     return in_order ? Maybe_decimals(joined) : std::nullopt;
 }
 
-Maybe_decimals Decimals_of(Quantity_parts const& parts) {
+Maybe_decimals Read_decimals_of(Quantity_parts const& parts) {
     Maybe_decimals const value = Single_decimal(parts.value);
     switch (parts.form) {
     case Quantity_form::value_alone:
@@ -178,12 +178,12 @@ Measurement Made_of(Read_numbers const& numbers, Read_unit const& unit) {
 
 // Decimals where they fit, which nearly all do, and enclosed numbers elsewhere.
 Measurement Made_of(Quantity_parts const& parts, Read_unit const& unit) {
-    Maybe_decimals const decimals = Decimals_of(parts);
+    Maybe_decimals const decimals = Read_decimals_of(parts);
     Units const valid = decimals && !unit.is_valid
                             ? Made_of(Read_numbers{0.0, 0.0, 0.0}, unit).Get_unit()
                             : unit.unit;
     std::optional<Measurement> const made = Made_of_decimals(decimals, valid, unit.is_difference);
-    return made ? *made : Made_of(Numbers_of(parts), unit);
+    return made ? *made : Made_of(Read_numbers_of(parts), unit);
 }
 
 Read Read_parts(Quantity_parts const& parts, Read_unit const& unit) {
@@ -203,7 +203,7 @@ Read Read_measurement(std::string_view text, Number_forms forms) {
     if (!parts) {
         return parts.Get_fault();
     }
-    Parse_result<Measurement_unit> const unit = Unit_of(*parts, Dialect::standard);
+    Parse_result<Measurement_unit> const unit = Read_unit_of(*parts, Dialect::standard);
     return unit ? Read_parts(*parts, {unit->unit, unit->is_difference}) : Read(unit.Get_fault());
 }
 
@@ -271,7 +271,7 @@ Parse_result<Measurement> Measurement_reader::Read(std::string_view text) {
     }
     has_bounds = Give_bounds(*parts);
     if (parts->unit != unit_text) {
-        Parse_result<Measurement_unit> const read = Unit_of(*parts, dialect);
+        Parse_result<Measurement_unit> const read = Read_unit_of(*parts, dialect);
         if (!read) {
             return read.Get_fault();
         }
