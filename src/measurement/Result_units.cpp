@@ -5,6 +5,7 @@
 
 #include "Physical_units.h"
 #include "catalogue/Prefixes.h"
+#include "catalogue/Unit_rows.h"
 
 #include <array>
 #include <cstdlib>
