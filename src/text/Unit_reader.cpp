@@ -392,8 +392,7 @@ bool Unit_reader::Refuse_between_factors(std::size_t where) {
     bool const signed_digit = hyphen && Character_at(text, where + 1).kind == Character_kind::digit;
     if (hyphen && Character_at(text, where + 1).kind == Character_kind::letter) {
         fault = Whole_fault(text, Skip_blanks(text, first));
-        return !fault &&
-               Refuse(where, "a product is written with '*' and not with '-', as in N*m");
+        return !fault && Refuse(where, "a product is written with '*' and not with '-', as in N*m");
     }
     if (where == position && (kind == Character_kind::digit || signed_digit)) { // "m2", "s-1"
         return Refuse(where, "a power is written with '^', as in m^2");

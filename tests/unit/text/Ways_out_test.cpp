@@ -67,7 +67,7 @@ Texts Ways_out(Text_fault const& fault) {
 
 // What is a unit and no measurement has it: points of a temperature scale take no prefix, and with a metre they are a product.
 bool Is_for_value_objects_alone(std::string const& way) {
-    return way == "milli(°C)" || way == "(m*°C)";
+    return way == "milli(°C)" || way == "(m*°C)" || way == "dB(1/m)";
 }
 
 // The unit, or the one of the quantity.
@@ -223,7 +223,7 @@ Texts Codes(std::string const& cell) {
 }
 
 bool Reads(std::string const& text) {
-    return Try_parse_unit(text) || Try_parse_quantity(text);
+    return static_cast<bool>(Unit_of(text));
 }
 
 TEST(Ways_out, Of_the_document_are_read) {
