@@ -166,6 +166,49 @@ TEST(Parsing, Reads_every_word_of_the_catalogue) {
     }
 }
 
+// What is written for a unit beyond the core's is of its kind and size.
+struct Size {
+    Catalogue::Kind kind;
+    double number = 1.0;
+};
+
+Size Size_of(Units const& unit) {
+    Size size;
+    size.number = std::pow(10.0, unit.si_prefix);
+    for (Unit_tuple const& tuple : unit.tuples) {
+        if (tuple.unit != NO_UNIT) {
+            Catalogue::Unit_row const& row = Catalogue::Row_of(tuple.unit);
+            Catalogue::Multiply(size.kind, Catalogue::As_physics_has_it(Catalogue::Row_of(row.quantity).kind), tuple.exponent);
+            size.number *= std::pow(std::strtod(row.size, nullptr), tuple.exponent);
+        }
+    }
+    return size;
+}
+
+TEST(Parsing, Says_what_to_write_in_units_of_the_core) {
+    std::size_t count = 0;
+    for (Word const& word : Words_of_catalogue()) {
+        for (char const* const form : {"#", "k#", "h#", "1/#", "V*#^2", "#/s", "m#/ms"}) {
+            std::string text = form;
+            text.replace(text.find('#'), 1, word.text);
+            auto const unit = Try_parse_unit(text);
+            if (!unit || !Is_beyond_core(*unit)) {
+                continue;
+            }
+            Text_fault const fault = Try_parse_quantity("5 " + text).Get_fault();
+            EXPECT_EQ(fault.position, 2U) << text;
+            std::size_t const way = fault.message.find("; here write ");
+            if (way != std::string::npos) {
+                auto const written = Parse_quantity("5 " + fault.message.substr(way + 13));
+                EXPECT_TRUE(Size_of(written.Get_unit()).kind == Size_of(*unit).kind) << text << ": " << fault.message;
+                EXPECT_NEAR(Size_of(written.Get_unit()).number / Size_of(*unit).number, 1.0, 1e-14) << text << ": " << fault.message;
+                ++count;
+            }
+        }
+    }
+    EXPECT_GT(count, 300U);
+}
+
 // The texts of every prefix with the words of all units that take it, and what each means.
 std::map<std::string, std::vector<Units>> Prefixed_words() {
     using Catalogue::Prefixes_taken;
