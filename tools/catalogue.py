@@ -1,0 +1,166 @@
+"""The catalogue as the scripts read it: the rows of the .def files, the core's table and the prefixes."""
+
+import dataclasses
+import decimal
+import fractions
+import functools
+import pathlib
+import re
+
+ROOT = pathlib.Path(__file__).resolve().parent.parent
+BEYOND = ROOT / 'include/varnix/value/Engineering_units.def'
+CORE = ROOT / 'src/catalogue/core_units.def'
+CORE_TABLE = ROOT / 'src/units/Unit_tables.h'
+CORE_CASES = ROOT / 'tests/cases/catalogue.txt'
+PREFIXES = ROOT / 'src/catalogue/Prefixes.h'
+QUANTITIES = ROOT / 'src/catalogue/Quantities.h'
+
+decimal.getcontext().prec = 60
+PI = decimal.Decimal('3.14159265358979323846264338327950288419716939937510582097494459')
+
+# What a coherent unit of a quantity is called where no unit of the catalogue has the size 1.
+COHERENT = {
+    'RATIO': '1', 'MASS': 'kg', 'VOLUME': 'm^3', 'AREA': 'm^2', 'MAGNETIC_FIELD': 'A/m',
+    'LOGARITHMIC_RATIO': 'dB', 'CALENDAR_TIME': 'mo', 'TEMPERATURE': 'K',
+}
+
+
+@dataclasses.dataclass
+class Unit:
+    """A row: texts as they stand, lists of words."""
+    constant: str
+    quantity: str
+    size: str
+    symbol: str
+    name: str
+    symbols: list
+    names: list
+    suffixes: list
+    prefixes: str
+    source: str
+    is_of_core: bool
+
+    def words(self):
+        """All spellings, each once."""
+        return list(dict.fromkeys([self.symbol, *self.symbols, self.name, *self.names]))
+
+
+@dataclasses.dataclass
+class Prefix:
+    constant: str
+    symbol: str
+    name: str
+    symbols: list
+    multiplier: str
+    is_of_core: bool
+    factor: fractions.Fraction
+
+
+def fields_of(text):
+    """The fields of a row, between commas; texts without their quotes."""
+    fields = []
+    for quoted, bare in re.findall(r'"((?:[^"\\]|\\.)*)"|([^\s,"][^,"]*)', text):
+        fields.append(re.sub(r'\\u([0-9A-F]{4})', lambda code: chr(int(code[1], 16)), quoted) if not bare else bare.strip())
+    return fields
+
+
+def rows_of(path, macro):
+    """The rows of a .def file: those that stand on a line of their own."""
+    for line in path.read_text(encoding='utf-8').splitlines():
+        row = re.match(macro + r'\((.*)\)(?: *//.*)?$', line)
+        if row:
+            yield fields_of(row[1])
+
+
+def core_words():
+    """Symbol and name of each unit of the core, by its constant."""
+    pattern = r'\((\w+), +Unit_info\(.*?Spelled\("([^"]*)", *"([^"]*)"'
+    return {constant: (symbol, name) for constant, symbol, name in re.findall(pattern, CORE_TABLE.read_text(encoding='utf-8'))}
+
+
+@functools.lru_cache(maxsize=None)
+def units():
+    """All units, in the order of their codes."""
+    table, found = core_words(), []
+    for constant, quantity, size, characters, symbols, names, suffixes, prefixes, source in rows_of(CORE, 'VARNIX_VALUE_CORE_UNIT'):
+        symbol, name = table[constant]
+        found.append(Unit(constant, quantity, size, symbol, name, [*characters.split(), *symbols.split()], names.split(),
+                          suffixes.split(), prefixes, source, True))
+    for _, constant, quantity, size, symbol, name, symbols, names, suffix, prefixes, source in rows_of(BEYOND, 'VARNIX_VALUE_UNIT'):
+        found.append(Unit(constant, quantity, size, symbol, name, symbols.split(), names.split(), suffix.split(), prefixes, source, False))
+    if len(found) < len(table) + 70:
+        raise ValueError(f'only {len(found)} rows of units were read')
+    return found
+
+
+@functools.lru_cache(maxsize=None)
+def quantities():
+    """The names of the quantities by their constants, in the order of the catalogue."""
+    text = QUANTITIES.read_text(encoding='utf-8')
+    enumerators = re.search(r'enum class Quantity[^{]*\{(.*?)#define', text, re.S)[1]
+    names = re.findall(r'\{\w+, +"([^"]+)", +Of', text)
+    found = dict(zip(re.findall(r'[A-Z_]+', enumerators), names, strict=True))
+    found.update((constant, name) for _, constant, name, *_ in rows_of(BEYOND, 'VARNIX_VALUE_QUANTITY'))
+    return found
+
+
+@functools.lru_cache(maxsize=None)
+def prefixes():
+    """All prefixes, in the order of the table."""
+    codes = {name.upper(): code for code, name in
+             re.findall(r'^prefix +(-?\d+) +\d+ +\S+ +(\w+)', CORE_CASES.read_text(encoding='utf-8'), re.M)}
+    codes.update(re.findall(r'SI_units (\w+) = static_cast<SI_units>\((-?\d+)\)', BEYOND.with_suffix('.h').read_text(encoding='utf-8')))
+    found = []
+    for constant, of_core, rest in re.findall(r'^    \{(\w+), +(true|false), +(.*?)\},', PREFIXES.read_text(encoding='utf-8'), re.M):
+        symbol, name, symbols, multiplier = fields_of(rest)
+        base = 2 if name.endswith('bi') else 10
+        found.append(Prefix(constant, symbol, name, symbols.split(), multiplier, of_core == 'true',
+                            fractions.Fraction(base) ** int(codes[constant])))
+    return found
+
+
+def taken_by(unit):
+    """The prefixes that a unit takes."""
+    if unit.prefixes == 'none':
+        return []
+    if 'usual' in unit.prefixes:
+        return [prefix for prefix in prefixes() if prefix.is_of_core]
+    return prefixes()
+
+
+def decimal_size(size):
+    """A size as a number of sixty digits."""
+    above, _, below = size.partition('/')
+    return factor_of(above) / factor_of(below) if below else factor_of(above)
+
+
+def factor_of(text):
+    number, constant = re.fullmatch(r'([\d.e+-]*)(pi|ln10)?', text).groups()
+    factor = decimal.Decimal(number) if number else decimal.Decimal(1)
+    if constant == 'pi':
+        factor *= PI
+    elif constant == 'ln10':
+        factor *= decimal.Decimal(10).ln()
+    return factor
+
+
+def coherent_unit(quantity):
+    """What the sizes of a quantity's units are counted in."""
+    if quantity in COHERENT:
+        return COHERENT[quantity]
+    return next(unit.symbol for unit in units() if unit.quantity == quantity and unit.size == '1')
+
+
+@dataclasses.dataclass
+class Composite:
+    """Words for a product or a quotient, and that as a text."""
+    words: list
+    meaning: str
+
+
+@functools.lru_cache(maxsize=None)
+def composites():
+    """The words that the core prints for composites, and those that the reader knows besides."""
+    text = CORE_TABLE.read_text(encoding='utf-8')
+    special = re.findall(r'Unit_name_spl_data\((\w+), +Spelled\("([^"]*)", +"([^"]*)"', text)
+    return [Composite([symbol, name], constant) for constant, symbol, name in special]
