@@ -31,23 +31,31 @@ enum class Base : std::size_t {
 };
 
 // There is room for sixteen powers, so that compilers take eight of them in one step.
-struct Kind {
-    std::array<std::int16_t, 16> powers{};
+template <typename Power>
+struct Powers {
+    std::array<Power, 16> powers{};
 
-    constexpr std::int16_t& operator[](Base base) { return powers[static_cast<std::size_t>(base)]; }
-    constexpr int operator[](Base base) const { return powers[static_cast<std::size_t>(base)]; }
+    constexpr Power& operator[](Base base) { return powers[static_cast<std::size_t>(base)]; }
+    constexpr auto operator[](Base base) const { return +powers[static_cast<std::size_t>(base)]; }
 
-    friend bool operator==(Kind const& first, Kind const& second) {
+    friend bool operator==(Powers const& first, Powers const& second) {
         return first.powers == second.powers;
     }
-    friend bool operator!=(Kind const& first, Kind const& second) { return !(first == second); }
+    friend bool operator!=(Powers const& first, Powers const& second) { return !(first == second); }
 };
 
+// Of units with powers up to 64.
+using Kind = Powers<std::int16_t>;
+
+// Of units with any powers.
+using Wide_kind = Powers<std::int64_t>;
+
 // kind times another to a power.
-constexpr void Multiply(Kind& kind, Kind const& other, int power) {
-    auto const factor = static_cast<std::int16_t>(power);
+template <typename Power>
+constexpr void Multiply(Powers<Power>& kind, Kind const& other, std::int64_t power) {
+    auto const factor = static_cast<Power>(power);
     for (std::size_t k = 0; k < kind.powers.size(); ++k) {
-        kind.powers[k] = static_cast<std::int16_t>(kind.powers[k] + other.powers[k] * factor);
+        kind.powers[k] = static_cast<Power>(kind.powers[k] + other.powers[k] * factor);
     }
 }
 
@@ -57,25 +65,27 @@ constexpr Kind Of(Base base) {
     return kind;
 }
 
-constexpr void Move(Kind& kind, Base from, Base to) {
-    kind[to] = static_cast<std::int16_t>(static_cast<Kind const&>(kind)[to] +
-                                         static_cast<Kind const&>(kind)[from]);
+template <typename Power>
+constexpr void Move(Powers<Power>& kind, Base from, Base to) {
+    kind[to] = static_cast<Power>(kind[to] + kind[from]);
     kind[from] = 0;
 }
 
-constexpr Kind As_physics_has_it(Kind kind) {
+template <typename Power>
+constexpr Powers<Power> As_physics_has_it(Powers<Power> kind) {
     Kind mass = Of(Base::voltage);
     mass[Base::current] = 1;
     mass[Base::time] = 3;
     mass[Base::length] = -2;
-    int const power = static_cast<Kind const&>(kind)[Base::mass];
+    Power const power = kind[Base::mass];
     kind[Base::mass] = 0;
     kind[Base::ratio] = 0;
     Multiply(kind, mass, power);
     return kind;
 }
 
-constexpr Kind As_the_core_has_it(Kind kind) {
+template <typename Power>
+constexpr Powers<Power> As_the_core_has_it(Powers<Power> kind) {
     Move(kind, Base::calendar, Base::time);
     Move(kind, Base::angle, Base::ratio);
     Move(kind, Base::symbols, Base::ratio);

@@ -1,9 +1,9 @@
-// Which units there are: the constants, and what the core answers for every code.
+// Which units there are: the constants, and the rows of the catalogue.
 
 #include <varnix/value/Unit_kinds.h>
 
-#include <varnix/value/Units_library.h>
-#include <varnix/value/exceptions.h>
+#include "catalogue/Prefixes.h"
+#include "catalogue/Unit_rows.h"
 
 namespace Varnix::Value {
 
@@ -37,35 +37,39 @@ std::vector<Named_unit> Named_units() {
 
 namespace {
 
-bool Is_in_catalogue(Units_list code) {
-    try {
-        return Units_library::Get_dimension(code) != NO_DIMENSION;
-    } catch (UnitNotDefined const&) {
-        return false;
+// The first `count` units of the table.
+std::vector<Units> First_units(std::size_t count) {
+    std::vector<Units> units;
+    for (std::size_t k = 0; k < count; ++k) {
+        units.push_back({SPL_NONE, NO_PREFIX, {{Catalogue::unit_rows[k].unit, 1}}});
     }
+    return units;
 }
 
 } // namespace
 
 std::vector<Units> Catalogue_units() {
-    std::vector<Units> units;
-    for (int code = METER; Is_in_catalogue(static_cast<Units_list>(code)); ++code) {
-        units.push_back({SPL_NONE, NO_PREFIX, {{static_cast<Units_list>(code), 1}}});
-    }
-    return units;
+    return First_units(Catalogue::Core_unit_count);
+}
+
+std::vector<Units> All_units() {
+    return First_units(Catalogue::Unit_count);
 }
 
 std::vector<SI_units> Prefixes() {
     std::vector<SI_units> prefixes;
-    // The values of the binary prefixes, tens, lie between those of the decimal ones.
-    for (bool const binary : {false, true}) {
-        for (int code = PICO; code <= YOBI; ++code) {
-            Units const unit = {SPL_NONE, static_cast<SI_units>(code), {}};
-            bool const known = !Units_library::Get_unit_str_si_map(unit, STR_NAME).empty();
-            if (known && (Units_library::Get_unit_base(unit) == 2.0) == binary) {
-                prefixes.push_back(unit.si_prefix);
-            }
+    for (Catalogue::Prefix_row const& row : Catalogue::prefix_rows) {
+        if (row.is_of_core) {
+            prefixes.push_back(row.prefix);
         }
+    }
+    return prefixes;
+}
+
+std::vector<SI_units> All_prefixes() {
+    std::vector<SI_units> prefixes;
+    for (Catalogue::Prefix_row const& row : Catalogue::prefix_rows) {
+        prefixes.push_back(row.prefix);
     }
     return prefixes;
 }

@@ -4,7 +4,8 @@
 
 #include "Exact_decimals.h"
 
-#include <varnix/value/Units_library.h>
+#include "catalogue/Prefixes.h"
+#include "catalogue/Unit_rows.h"
 
 #include <algorithm>
 #include <array>
@@ -424,18 +425,25 @@ std::string Write_numbers(Exact_numbers const& numbers, std::string_view unit_te
 
 namespace {
 
-// The units that are written with the prefixes of powers of 1000.
-constexpr Units_list prefixed_units[] = {METER, SECOND, GRAM, WATT, VOLT, AMP, OHM, BIT, BYTE};
+// Whether the unit is written with the prefixes of powers of 1000.
+bool Has_chosen_prefix(Units_list unit) {
+    if (!Catalogue::Is_unit(unit)) {
+        return false;
+    }
+    Catalogue::Prefixes_taken const prefixes = Catalogue::Row_of(unit).prefixes;
+    return prefixes == Catalogue::Prefixes_taken::chosen ||
+           prefixes == Catalogue::Prefixes_taken::chosen_usual;
+}
 
 constexpr int least_engineering_prefix = PICO;
 constexpr int greatest_engineering_prefix = YOTTA;
 
-// Prefixes of which differences are no greater than an int. Those of the catalogue go to 24.
+// Prefixes of which differences are no greater than an int. Those of the catalogue go to 27.
 constexpr int greatest_prefix = 1000;
 
 bool Takes_prefix(Units unit) {
     bool const decimal = unit.si_prefix == NO_PREFIX ||
-                         (Units_library::Get_unit_base(unit) == 10.0 &&
+                         (!Catalogue::Is_binary(unit.si_prefix) &&
                           unit.si_prefix >= -greatest_prefix && unit.si_prefix <= greatest_prefix);
     unit.si_prefix = NO_PREFIX;
     if (!decimal || unit.spl_conv == SPL_DB) {
@@ -443,9 +451,7 @@ bool Takes_prefix(Units unit) {
     }
     Unit_tuple const& first = unit.tuples[0];
     bool const alone = unit == Units{SPL_NONE, NO_PREFIX, {first}};
-    bool const listed = std::find(std::begin(prefixed_units), std::end(prefixed_units),
-                                  first.unit) != std::end(prefixed_units);
-    return unit == C_Hz || (alone && listed && first.exponent == 1);
+    return unit == C_Hz || (alone && Has_chosen_prefix(first.unit) && first.exponent == 1);
 }
 
 bool All_finite(Exact_numbers const& numbers) {

@@ -1,10 +1,14 @@
-// The kinds of units: the powers of their dimensions.
+// The kinds of units: by their powers whether two are the same, and by their dimensions in words.
 //
-// Power and resistance are written as products of voltage and current, so that a power is the same
-// in watts, in volts times amperes and in volts squared per ohm. The text undoes this where the
-// result is a power or a resistance again.
+// Power and resistance are products of voltage and current, so that a power is the same in watts, in
+// volts times amperes and in volts squared per ohm. The text undoes this where the result is a power
+// or a resistance again.
 
 #include <varnix/value/Unit_kinds.h>
+
+#include "Spellings.h"
+
+#include "catalogue/Unit_rows.h"
 
 #include <varnix/value/Units_library.h>
 
@@ -15,75 +19,99 @@ namespace Varnix::Value {
 
 namespace {
 
-// The power of each dimension. Exponents are 32-bit, so that sums of them fit.
-struct Kind {
-    std::array<std::int64_t, Value_detail::Dimension_limit> powers{};
-
-    std::int64_t& operator[](Dimension dimension) {
-        return powers[static_cast<std::size_t>(dimension)];
+// Whether the slot holds a unit. Throws for a code without a row.
+bool Holds_unit(Unit_tuple const& tuple) {
+    if (tuple.unit == NO_UNIT) {
+        return false;
     }
-};
+    if (!Catalogue::Is_unit(tuple.unit)) {
+        static_cast<void>(Units_library::Get_dimension(tuple.unit)); // throws
+    }
+    return true;
+}
 
-Kind Kind_of(Units const& unit) {
-    Kind kind;
+// In neither view.
+Catalogue::Wide_kind Kind_of(Units const& unit) {
+    Catalogue::Wide_kind kind;
     for (Unit_tuple const& tuple : unit.tuples) {
-        Dimension const dimension = Units_library::Get_dimension(tuple.unit);
-        if (dimension != NO_DIMENSION) {
-            kind[dimension] += tuple.exponent;
+        if (Holds_unit(tuple)) {
+            Catalogue::Unit_row const& row = Catalogue::Row_of(tuple.unit);
+            Catalogue::Multiply(kind, Catalogue::Row_of(row.quantity).kind, tuple.exponent);
         }
     }
-    kind[VOLTAGE] += kind[POWER] + kind[RESISTANCE];
-    kind[CURRENT] += kind[POWER] - kind[RESISTANCE];
-    kind[POWER] = 0;
-    kind[RESISTANCE] = 0;
     return kind;
 }
 
-bool Is_plain(Kind const& kind) {
-    return kind.powers == Kind().powers;
-}
+// ---- In words
+
+// The power of each dimension. Exponents are 32-bit, so that sums of them fit.
+struct Dimension_powers {
+    std::array<std::int64_t, Catalogue::Dimension_count> powers{};
+
+    std::int64_t& operator[](Dimension dimension) { return powers[Catalogue::Place_of(dimension)]; }
+};
 
 // Voltage and current of equal or opposite powers are powers or resistances.
-Kind With_electrical_names(Kind kind) {
-    if (kind[VOLTAGE] == kind[CURRENT]) {
-        kind[POWER] = kind[VOLTAGE];
-    } else if (kind[VOLTAGE] == -kind[CURRENT]) {
-        kind[RESISTANCE] = kind[VOLTAGE];
-    } else {
-        return kind;
+void Give_electrical_names(Dimension_powers& powers) {
+    std::int64_t const voltage = powers[VOLTAGE] + powers[POWER] + powers[RESISTANCE];
+    std::int64_t const current = powers[CURRENT] + powers[POWER] - powers[RESISTANCE];
+    powers[POWER] = voltage == current ? voltage : 0;
+    powers[RESISTANCE] = voltage == -current ? voltage : 0;
+    bool const is_named = powers[POWER] != 0 || powers[RESISTANCE] != 0;
+    powers[VOLTAGE] = is_named ? 0 : voltage;
+    powers[CURRENT] = is_named ? 0 : current;
+}
+
+Dimension_powers Dimension_powers_of(Units const& unit) {
+    Dimension_powers powers;
+    for (Unit_tuple const& tuple : unit.tuples) {
+        if (Holds_unit(tuple)) {
+            powers[Catalogue::Dimension_of(tuple.unit)] += tuple.exponent;
+        }
     }
-    kind[VOLTAGE] = 0;
-    kind[CURRENT] = 0;
-    return kind;
+    Give_electrical_names(powers);
+    return powers;
 }
 
 bool Has_angle(Units const& unit) {
     for (Unit_tuple const& tuple : unit.tuples) {
-        if (tuple.unit == RADIAN || tuple.unit == DEGREE) {
+        if (tuple.unit != NO_UNIT &&
+            Catalogue::Row_of(tuple.unit).quantity == Catalogue::Quantity::ANGLE) {
             return true;
         }
     }
     return false;
 }
 
-// By the codes of the dimensions.
-constexpr std::array<char const*, Value_detail::Dimension_limit> dimension_names = {
-    "ratio",      "data size", "voltage", "power",       "current",
-    "resistance", "mass",      "length",  "temperature", "time"};
-static_assert(dimension_names.back() != nullptr, "every dimension has a name");
-
+// The first row of a dimension has its usual name.
 char const* Name_of(Dimension dimension, Units const& unit) {
-    return dimension == DIMENSIONLESS && Has_angle(unit)
-               ? "angle"
-               : dimension_names[static_cast<std::size_t>(dimension)];
+    if (dimension == DIMENSIONLESS && Has_angle(unit)) {
+        return Catalogue::Row_of(Catalogue::Quantity::ANGLE).name;
+    }
+    for (Catalogue::Quantity_row const& row : Catalogue::quantity_rows) {
+        if (row.dimension == dimension) {
+            return row.name;
+        }
+    }
+    return "";
+}
+
+// The dimensions in the order in which their units are written: those beyond the core first.
+std::array<Dimension, Catalogue::Dimension_count> Dimensions_as_written() {
+    constexpr int beyond = Catalogue::Dimension_count - Value_detail::Dimension_limit;
+    std::array<Dimension, Catalogue::Dimension_count> dimensions{};
+    for (int k = 0; k < Catalogue::Dimension_count; ++k) {
+        dimensions[static_cast<std::size_t>(k)] =
+            static_cast<Dimension>(k < beyond ? FORCE + k : k - beyond);
+    }
+    return dimensions;
 }
 
 // The dimensions with a power of the sign `sign`, as a product.
-std::string Product_text(Kind& kind, int sign, Units const& unit, int& count) {
+std::string Product_text(Dimension_powers& powers, int sign, Units const& unit, int& count) {
     std::string text;
-    for (int code = DIMENSIONLESS; code < Value_detail::Dimension_limit; ++code) {
-        auto const dimension = static_cast<Dimension>(code);
-        std::int64_t const power = sign * kind[dimension];
+    for (Dimension const dimension : Dimensions_as_written()) {
+        std::int64_t const power = sign * powers[dimension];
         if (power > 0) {
             text += (count == 0 ? "" : "*") + std::string(Name_of(dimension, unit));
             text += power == 1 ? "" : '^' + std::to_string(power);
@@ -96,18 +124,22 @@ std::string Product_text(Kind& kind, int sign, Units const& unit, int& count) {
 } // namespace
 
 bool Same_kind(Units const& first, Units const& second) {
-    return Kind_of(first).powers == Kind_of(second).powers;
+    Catalogue::Wide_kind const left = Kind_of(first);
+    Catalogue::Wide_kind const right = Kind_of(second);
+    return Is_of_core(first) && Is_of_core(second)
+               ? Catalogue::As_the_core_has_it(left) == Catalogue::As_the_core_has_it(right)
+               : Catalogue::As_physics_has_it(left) == Catalogue::As_physics_has_it(right);
 }
 
 std::string Kind_name(Units const& unit) {
-    Kind kind = With_electrical_names(Kind_of(unit));
-    if (Is_plain(kind)) {
-        return unit.spl_conv == SPL_DB ? "plain ratio" : "plain number";
-    }
+    Dimension_powers powers = Dimension_powers_of(unit);
     int above = 0;
     int below = 0;
-    std::string numerator = Product_text(kind, 1, unit, above);
-    std::string const denominator = Product_text(kind, -1, unit, below);
+    std::string numerator = Product_text(powers, 1, unit, above);
+    std::string const denominator = Product_text(powers, -1, unit, below);
+    if (above == 0 && below == 0) {
+        return unit.spl_conv == SPL_DB ? "plain ratio" : "plain number";
+    }
     if (below == 0) {
         return numerator;
     }

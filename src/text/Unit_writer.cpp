@@ -6,8 +6,15 @@
 
 #include <varnix/value/Text_formatting.h>
 #include <varnix/value/Text_parsing.h>
+
+#include "Spellings.h"
+
+#include "catalogue/Prefixes.h"
+#include "catalogue/Unit_rows.h"
+
 #include <varnix/value/Units_library.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <string>
@@ -21,9 +28,18 @@ std::string Spelled(Units const& unit, Unit_string_type spelling) {
     return Units_library::Get_unit_string(unit, spelling);
 }
 
-std::string Prefix_text(std::int64_t prefix, Unit_string_type spelling) {
-    Units const unit = {SPL_NONE, static_cast<SI_units>(prefix), {}};
-    return Units_library::Get_unit_str_si_map(unit, spelling);
+// The prefixes that are written wherever they fit; hecto and deca only where nothing else does, so that
+// 10^2 V/m are V/cm.
+std::string Usual_prefix_text(std::int64_t prefix, Unit_string_type spelling) {
+    return prefix == HECTO || prefix == DECA ? std::string() : Prefix_text(prefix, spelling);
+}
+
+// Which of the two.
+using Prefix_writer = std::string (*)(std::int64_t prefix, Unit_string_type spelling);
+
+bool Is_prefix_of_core(SI_units prefix) {
+    Catalogue::Prefix_row const* const row = Catalogue::Find_prefix(prefix);
+    return row != nullptr && row->is_of_core;
 }
 
 // Powers in empty slots say nothing, and are not written.
@@ -31,6 +47,20 @@ Units With_clear_slots(Units unit) {
     for (Unit_tuple& tuple : unit.tuples) {
         tuple.exponent = tuple.unit == NO_UNIT ? 0 : tuple.exponent;
     }
+    return unit;
+}
+
+bool Is_beyond_core(Unit_tuple const& tuple) {
+    return Catalogue::Is_unit(tuple.unit) && !Catalogue::Is_unit_of_core(tuple.unit);
+}
+
+bool Has_unit_beyond_core(Units const& unit) {
+    return std::any_of(std::begin(unit.tuples), std::end(unit.tuples), Is_beyond_core);
+}
+
+// Units beyond the core are written first: "N*m".
+Units In_written_order(Units unit) {
+    std::stable_partition(std::begin(unit.tuples), std::end(unit.tuples), Is_beyond_core);
     return unit;
 }
 
@@ -46,11 +76,6 @@ Units Without_prefix(Units unit) {
 }
 
 // ---- Products and quotients
-
-// A unit with a power that is written as it stands.
-std::string Tuple_text(Unit_tuple const& tuple, Unit_string_type spelling) {
-    return Units_library::Get_unit_str_info_map({SPL_NONE, NO_PREFIX, {tuple}}, spelling);
-}
 
 // The tuple as it stands below the line. The one power that has no positive counterpart stays
 // negative, and is not read back.
@@ -73,7 +98,7 @@ std::string Product(Units const& unit, Unit_string_type spelling, bool denominat
         }
         text += text.empty() ? "" : "*";
         text += prefixes[k];
-        text += Tuple_text(denominator ? Inverse(tuple) : tuple, spelling);
+        text += Power_of_unit_text(denominator ? Inverse(tuple) : tuple, spelling);
     }
     return text;
 }
@@ -94,28 +119,39 @@ std::string Explicit_units(Units const& unit, Unit_string_type spelling,
 // ---- Linear units
 
 // "(km)^2": one unit with a power, where the prefix is a power of another one.
-std::string Power_of_prefixed(Units const& unit, Unit_string_type spelling) {
+std::string Power_of_prefixed(Units const& unit, Unit_string_type spelling,
+                              Prefix_writer prefix_text) {
     Unit_tuple const& tuple = unit.tuples[0];
     bool const alone = tuple.unit != NO_UNIT && unit.tuples[1].unit == NO_UNIT;
     if (!alone || tuple.exponent < 2 || unit.si_prefix % tuple.exponent != 0) {
         return {};
     }
-    std::string const prefix = Prefix_text(unit.si_prefix / tuple.exponent, spelling);
+    std::string const prefix = prefix_text(unit.si_prefix / tuple.exponent, spelling);
     return prefix.empty() ? std::string()
-                          : '(' + prefix + Tuple_text({tuple.unit, 1}, spelling) + ")^" +
+                          : '(' + prefix + Power_of_unit_text({tuple.unit, 1}, spelling) + ")^" +
                                 std::to_string(tuple.exponent);
 }
 
+// Nobody writes "l/kmin".
+bool Takes_prefix_below(Units_list unit) {
+    using Taken = Catalogue::Prefixes_taken;
+    return Catalogue::Is_unit(unit) && Catalogue::Row_of(unit).prefixes != Taken::none &&
+           Catalogue::Row_of(unit).prefixes != Taken::usual;
+}
+
 // "V/cm", "1/cm": the prefix at the first unit whose power lets it be one that has a name.
-std::string Prefix_at_a_unit(Units const& unit, Unit_string_type spelling) {
+std::string Prefix_at_a_unit(Units const& unit, Unit_string_type spelling,
+                             Prefix_writer prefix_text) {
+    bool const is_of_core = !Has_unit_beyond_core(unit);
     for (std::size_t k = 0; k < Value_detail::Tuple_count && unit.tuples[k].unit != NO_UNIT; ++k) {
         std::int32_t const power = unit.tuples[k].exponent;
         std::int64_t const scale = unit.si_prefix; // INT32_MIN / -1 has no 32 bits
-        if (power == 0 || power == INT32_MIN || scale % power != 0) {
+        bool const is_usual = is_of_core || power > 0 || Takes_prefix_below(unit.tuples[k].unit);
+        if (power == 0 || power == INT32_MIN || scale % power != 0 || !is_usual) {
             continue;
         }
         Slot_prefixes prefixes;
-        prefixes[k] = Prefix_text(scale / power, spelling);
+        prefixes[k] = prefix_text(scale / power, spelling);
         if (!prefixes[k].empty()) {
             return Explicit_units(unit, spelling, prefixes);
         }
@@ -123,26 +159,64 @@ std::string Prefix_at_a_unit(Units const& unit, Unit_string_type spelling) {
     return {};
 }
 
-// "mW/cm^2": of two units, a prefix at the length below the line and one of thousands above it.
+// The units below the line that have a prefix beside one of thousands above it.
+struct Unit_below {
+    Units_list unit;
+    std::int32_t least_power;
+    SI_units prefix;
+};
+constexpr Unit_below units_below[] = {
+    {METER, -3, CENTI}, // "mW/cm^2"
+    {METER, -3, MILLI},
+    {LITER, -1, DECI}, // "mg/dl"
+};
+
+// "mW/cm^2", "mg/dl": of two units.
 std::string Prefixes_at_two_units(Units const& unit, Unit_string_type spelling) {
-    std::size_t const below = unit.tuples[0].unit == METER ? 0 : 1;
-    Unit_tuple const& length = unit.tuples[below];
-    bool const fits = unit.tuples[2].unit == NO_UNIT && unit.tuples[1 - below].exponent == 1 &&
-                      length.unit == METER && length.exponent >= -3 && length.exponent < 0;
-    if (!fits) {
-        return {};
-    }
-    std::int64_t const power = length.exponent;
-    for (SI_units const at_length : {CENTI, MILLI}) {
-        std::int64_t const rest = unit.si_prefix - at_length * power;
+    for (Unit_below const& row : units_below) {
+        std::size_t const below = unit.tuples[0].unit == row.unit ? 0 : 1;
+        Unit_tuple const& tuple = unit.tuples[below];
+        bool const fits = unit.tuples[2].unit == NO_UNIT && unit.tuples[1 - below].exponent == 1 &&
+                          tuple.unit == row.unit && tuple.exponent >= row.least_power &&
+                          tuple.exponent < 0;
+        std::int64_t const rest =
+            unit.si_prefix - (fits ? std::int64_t{row.prefix} * tuple.exponent : 0);
         Slot_prefixes prefixes;
-        prefixes[below] = Prefix_text(at_length, spelling);
+        prefixes[below] = Prefix_text(row.prefix, spelling);
         prefixes[1 - below] = Prefix_text(rest, spelling);
-        if (rest % 3 == 0 && !prefixes[1 - below].empty()) {
+        bool const is_written =
+            !prefixes[1 - below].empty() || (rest == 0 && Has_unit_beyond_core(unit));
+        if (fits && rest % 3 == 0 && is_written) {
             return Explicit_units(unit, spelling, prefixes);
         }
     }
     return {};
+}
+
+// "J/(kg*K)", "MJ/kg", "N*m^2/kg^2": masses below the line are kilograms, as in the coherent unit. The
+// rest of the prefix goes to the first unit, if that usually has one.
+std::string Per_kilogram(Units const& unit, Unit_string_type spelling) {
+    auto const* const gram =
+        std::find_if(std::begin(unit.tuples), std::end(unit.tuples), [](Unit_tuple const& tuple) {
+            return tuple.unit == GRAM && tuple.exponent < 0 && tuple.exponent > -20;
+        });
+    if (gram == std::end(unit.tuples)) {
+        return {};
+    }
+    std::int64_t const rest = unit.si_prefix - std::int64_t{KILO} * gram->exponent;
+    Slot_prefixes prefixes;
+    prefixes[static_cast<std::size_t>(gram - unit.tuples)] = Prefix_text(KILO, spelling);
+    if (rest != 0) {
+        Unit_tuple const& first = unit.tuples[0];
+        std::string const prefix = Prefix_text(rest, spelling);
+        bool const is_usual =
+            Catalogue::Row_of(first.unit).prefixes == Catalogue::Prefixes_taken::chosen;
+        if (!is_usual || first.exponent != 1 || rest % 3 != 0 || prefix.empty()) {
+            return {};
+        }
+        prefixes[0] = prefix;
+    }
+    return Explicit_units(unit, spelling, prefixes);
 }
 
 std::string With_power_of_ten(Units const& unit, std::string const& units) {
@@ -161,28 +235,65 @@ bool Is_hertz(Units const& unit) {
     return Without_prefix(unit) == C_Hz;
 }
 
-// The spellings to try for a linear unit, the nicest first; an empty one is none. A prefix by its
-// name serves where its symbol does not: "min" is the minute, "m(in)" a metre, and "milli(in)" a
-// thousandth of an inch.
-std::vector<std::string> Linear_spellings(Units const& unit, Unit_string_type spelling) {
-    std::string const prefix = Prefix_text(unit.si_prefix, spelling);
+// In front of the whole in parentheses. By its name the prefix serves where its symbol does not: "min"
+// is the minute, "m(in)" a metre, and "milli(in)" a thousandth of an inch.
+void Append_prefix_of_whole(std::vector<std::string>& texts, Units const& unit,
+                            std::string const& units, Unit_string_type spelling) {
+    if (Is_prefix_of_core(unit.si_prefix) || unit.si_prefix == NO_PREFIX) {
+        texts.push_back(Prefix_text(unit.si_prefix, spelling) + '(' + units + ')');
+        texts.push_back(Prefix_text(unit.si_prefix, STR_NAME) + '(' + units + ')');
+    }
+}
+
+// The spellings to try for a linear unit of the core, the nicest first; an empty one is none.
+std::vector<std::string> Spellings_of_core(Units const& unit, Unit_string_type spelling) {
+    std::string const prefix = Usual_prefix_text(unit.si_prefix, spelling);
     std::string const units = Explicit_units(unit, spelling);
     std::vector<std::string> texts;
     if (Is_hertz(unit)) {
-        texts.push_back(prefix + Spelled(C_Hz, spelling));
+        texts.push_back(Prefix_text(unit.si_prefix, spelling) + Spelled(C_Hz, spelling));
     }
     char const* const better = Better_than_special_name(unit, spelling);
     texts.push_back(better != nullptr ? better : Spelled(unit, spelling));
-    texts.push_back(Power_of_prefixed(unit, spelling));
+    texts.push_back(Power_of_prefixed(unit, spelling, Usual_prefix_text));
     if (!prefix.empty() || unit.si_prefix == NO_PREFIX) {
         texts.push_back(prefix + units);
-        texts.push_back(prefix + '(' + units + ')');
-        texts.push_back(Prefix_text(unit.si_prefix, STR_NAME) + '(' + units + ')');
+        Append_prefix_of_whole(texts, unit, units, spelling);
     }
-    texts.push_back(Prefix_at_a_unit(unit, spelling));
+    texts.push_back(Prefix_at_a_unit(unit, spelling, Usual_prefix_text));
     texts.push_back(Prefixes_at_two_units(unit, spelling));
+    texts.push_back(Power_of_prefixed(unit, spelling, Prefix_text));
+    texts.push_back(Prefix_at_a_unit(unit, spelling, Prefix_text));
     texts.push_back(With_power_of_ten(unit, units));
     return texts;
+}
+
+// The same for a unit with others than the core's, in the order in which they are written.
+std::vector<std::string> Spellings_beyond_core(Units const& unit, Unit_string_type spelling) {
+    std::string const prefix = Prefix_text(unit.si_prefix, spelling);
+    std::string const units = Explicit_units(unit, spelling);
+    std::vector<std::string> texts;
+    if (unit == Units{SPL_NONE, NO_PREFIX, {{REVOLUTION, 1}, {MINUTE, -1}}} &&
+        spelling == STR_SYMBOL) {
+        texts.emplace_back("rpm");
+    }
+    texts.push_back(Per_kilogram(unit, spelling));
+    if (unit.si_prefix % 3 != 0) {
+        texts.push_back(Prefixes_at_two_units(unit, spelling));
+    }
+    texts.push_back(Power_of_prefixed(unit, spelling, Prefix_text));
+    if (!prefix.empty() || unit.si_prefix == NO_PREFIX) {
+        texts.push_back(prefix + units);
+    }
+    texts.push_back(Prefix_at_a_unit(unit, spelling, Prefix_text));
+    Append_prefix_of_whole(texts, unit, units, spelling);
+    texts.push_back(With_power_of_ten(unit, units));
+    return texts;
+}
+
+std::vector<std::string> Linear_spellings(Units const& unit, Unit_string_type spelling) {
+    return Has_unit_beyond_core(unit) ? Spellings_beyond_core(unit, spelling)
+                                      : Spellings_of_core(unit, spelling);
 }
 
 // ---- Levels
@@ -236,8 +347,10 @@ std::vector<std::string> Level_spellings(Units const& unit, Unit_string_type spe
     if (spelling == STR_SYMBOL) {
         texts.push_back(Conventional_level_text(unit));
     }
-    texts.push_back(Density_text(unit, spelling));
-    texts.push_back(Spelled(unit, spelling));
+    if (!Has_unit_beyond_core(unit)) {
+        texts.push_back(Density_text(unit, spelling));
+        texts.push_back(Spelled(unit, spelling));
+    }
     for (std::string const& text : Linear_spellings(linear, spelling)) {
         if (!text.empty()) {
             texts.push_back("dB" + text);
@@ -250,7 +363,7 @@ std::vector<std::string> Level_spellings(Units const& unit, Unit_string_type spe
 // ---- What no text is read as
 
 std::string Power_text(Unit_tuple const& tuple, Unit_string_type spelling) {
-    std::string const alone = Tuple_text({tuple.unit, 1}, spelling);
+    std::string const alone = Power_of_unit_text({tuple.unit, 1}, spelling);
     return tuple.exponent == 1 ? alone : alone + '^' + std::to_string(tuple.exponent);
 }
 
@@ -259,17 +372,26 @@ std::string Power_text(Unit_tuple const& tuple, Unit_string_type spelling) {
 std::string Unreadable_text(Units const& unit, Unit_string_type spelling) {
     std::string units;
     for (Unit_tuple const& tuple : unit.tuples) {
-        if (tuple.unit != NO_UNIT) {
+        if (Catalogue::Is_unit(tuple.unit)) {
             units += (units.empty() ? "" : "*") + Power_text(tuple, spelling);
         }
     }
     return (unit.spl_conv == SPL_DB ? "dB" : "") + With_power_of_ten(unit, units);
 }
 
-} // namespace
+// The first spelling that reads back; empty if none does.
+std::string Readable_text(Units const& unit, Unit_string_type spelling) {
+    Units const written = In_written_order(unit);
+    for (std::string const& text : unit.spl_conv == SPL_DB ? Level_spellings(written, spelling)
+                                                           : Linear_spellings(written, spelling)) {
+        if (!text.empty() && Reads_back(text, unit)) {
+            return text;
+        }
+    }
+    return {};
+}
 
-std::string Format_unit(Units const& given, Unit_string_type spelling) {
-    Units const unit = With_clear_slots(given);
+std::string Text_of_core_unit(Units const& unit, Unit_string_type spelling) {
     std::string core_text = Spelled(unit, spelling);
     if (spelling != STR_NAME && spelling != STR_SYMBOL) {
         return core_text;
@@ -280,14 +402,27 @@ std::string Format_unit(Units const& given, Unit_string_type spelling) {
     if (simple && Reads_back(core_text, unit)) {
         return core_text;
     }
-    for (std::string const& text : unit.spl_conv == SPL_DB ? Level_spellings(unit, spelling)
-                                                           : Linear_spellings(unit, spelling)) {
-        if (!text.empty() && Reads_back(text, unit)) {
-            return text;
-        }
+    std::string text = Readable_text(unit, spelling);
+    if (!text.empty()) {
+        return text;
     }
     return !core_text.empty() && Try_parse_unit(core_text) ? Unreadable_text(unit, spelling)
                                                            : core_text;
+}
+
+// These have a name and a symbol.
+std::string Text_of_unit_beyond_core(Units const& unit, Unit_string_type given) {
+    Unit_string_type const spelling = given == STR_NAME ? STR_NAME : STR_SYMBOL;
+    std::string text = Readable_text(unit, spelling);
+    return text.empty() ? Unreadable_text(In_written_order(unit), spelling) : text;
+}
+
+} // namespace
+
+std::string Format_unit(Units const& given, Unit_string_type spelling) {
+    Units const unit = With_clear_slots(given);
+    return Has_unit_beyond_core(unit) ? Text_of_unit_beyond_core(unit, spelling)
+                                      : Text_of_core_unit(unit, spelling);
 }
 
 } // namespace Varnix::Value
