@@ -164,3 +164,25 @@ def composites():
     text = CORE_TABLE.read_text(encoding='utf-8')
     special = re.findall(r'Unit_name_spl_data\((\w+), +Spelled\("([^"]*)", +"([^"]*)"', text)
     return [Composite([symbol, name], constant) for constant, symbol, name in special]
+
+
+# What the core's quantities are made of, in the base units of SI, with bits and symbols.
+CORE_POWERS = {
+    'RATIO': {}, 'ANGLE': {'rad': 1}, 'SYMBOLS': {'sym': 1}, 'DATA_SIZE': {'b': 1},
+    'VOLTAGE': {'kg': 1, 'm': 2, 's': -3, 'A': -1}, 'POWER': {'kg': 1, 'm': 2, 's': -3}, 'CURRENT': {'A': 1},
+    'RESISTANCE': {'kg': 1, 'm': 2, 's': -3, 'A': -2}, 'MASS': {'kg': 1}, 'LENGTH': {'m': 1}, 'TEMPERATURE': {'K': 1},
+    'TIME': {'s': 1}, 'CALENDAR_TIME': {'mo': 1},
+}
+
+
+@functools.lru_cache(maxsize=None)
+def powers():
+    """The powers of base units of each quantity, as pairs in the order of their names."""
+    found = dict(CORE_POWERS)
+    for _, constant, _, volt, *others in rows_of(BEYOND, 'VARNIX_VALUE_QUANTITY'):
+        product = {base: int(volt) * power for base, power in CORE_POWERS['VOLTAGE'].items()}
+        for base, power in zip(('A', 'm', 's', 'rad', 'cd', 'mol', 'sym'), others, strict=True):
+            product[base] = product.get(base, 0) + int(power)
+        found[constant] = product
+    return {constant: tuple(sorted((base, power) for base, power in product.items() if power != 0))
+            for constant, product in found.items()}
