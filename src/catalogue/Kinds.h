@@ -26,6 +26,7 @@ enum class Base : std::size_t {
     luminous_intensity, // cd
     amount,             // mol
     symbols,            // sym
+    gain,               // dB, of gains in nepers
     mass,               // kg; in the view of physics it follows from the others
     ratio,              // 1; likewise
 };

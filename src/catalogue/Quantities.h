@@ -37,8 +37,8 @@ struct Quantity_row {
     Kind kind; // in neither view: masses and ratios are their own
 };
 
-// volt^v ampere^a metre^m second^s radian^r candela^c mole^n symbol^y.
-constexpr Kind Of_powers(int v, int a, int m, int s, int r, int c, int n, int y) {
+// volt^v ampere^a metre^m second^s radian^r candela^c mole^n symbol^y decibel^d.
+constexpr Kind Of_powers(int v, int a, int m, int s, int r, int c, int n, int y, int d) {
     Kind kind;
     kind.powers = {static_cast<std::int16_t>(v), static_cast<std::int16_t>(a),
                    static_cast<std::int16_t>(m), static_cast<std::int16_t>(s)};
@@ -46,11 +46,12 @@ constexpr Kind Of_powers(int v, int a, int m, int s, int r, int c, int n, int y)
     kind[Base::luminous_intensity] = static_cast<std::int16_t>(c);
     kind[Base::amount] = static_cast<std::int16_t>(n);
     kind[Base::symbols] = static_cast<std::int16_t>(y);
+    kind[Base::gain] = static_cast<std::int16_t>(d);
     return kind;
 }
 
 constexpr Kind Of_powers(int v, int a) {
-    return Of_powers(v, a, 0, 0, 0, 0, 0, 0);
+    return Of_powers(v, a, 0, 0, 0, 0, 0, 0, 0);
 }
 
 // clang-format off

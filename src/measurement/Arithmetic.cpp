@@ -101,12 +101,12 @@ Measurement Linear_sum(Measurement const& x, int sign, Measurement const& y) {
 }
 
 Measurement Sum(Measurement const& x, int sign, Measurement const& y) {
-    bool const x_in_decibels = Is_decibel(Measurement_parts::Unit_of(x));
-    bool const y_in_decibels = Is_decibel(Measurement_parts::Unit_of(y));
-    if (x_in_decibels != y_in_decibels) {
+    bool const x_is_logarithmic = Is_logarithmic(Measurement_parts::Unit_of(x));
+    bool const y_is_logarithmic = Is_logarithmic(Measurement_parts::Unit_of(y));
+    if (x_is_logarithmic != y_is_logarithmic) {
         throw Refusal::level_and_linear;
     }
-    return x_in_decibels ? Decibel_sum(x, sign, y) : Linear_sum(x, sign, y);
+    return x_is_logarithmic ? Decibel_sum(x, sign, y) : Linear_sum(x, sign, y);
 }
 
 } // namespace
@@ -223,11 +223,12 @@ Measurement Linear_product(Measurement const& x, int sign, Measurement const& y)
 // A gain counted: 0.2 dB * 12.5.
 Measurement Counted_gain(Measurement const& gain, int sign, Measurement const& number) {
     Exact_factor const size = Physics::Power(Size_of(number.Get_unit()), sign);
-    return Scaled_product(gain, sign, number, size, C_DB, false);
+    return Scaled_product(gain, sign, number, size, gain.Get_unit(), false);
 }
 
 Measurement Product(Measurement const& x, Measurement const& y) {
-    if (!Is_decibel(Measurement_parts::Unit_of(x)) && !Is_decibel(Measurement_parts::Unit_of(y))) {
+    if (!Is_logarithmic(Measurement_parts::Unit_of(x)) &&
+        !Is_logarithmic(Measurement_parts::Unit_of(y))) {
         return Linear_product(x, 1, y);
     }
     Form const left = Form_of(x);
@@ -251,7 +252,8 @@ Measurement Product(Measurement const& x, Measurement const& y) {
 }
 
 Measurement Quotient(Measurement const& x, Measurement const& y) {
-    if (!Is_decibel(Measurement_parts::Unit_of(x)) && !Is_decibel(Measurement_parts::Unit_of(y))) {
+    if (!Is_logarithmic(Measurement_parts::Unit_of(x)) &&
+        !Is_logarithmic(Measurement_parts::Unit_of(y))) {
         return Linear_product(x, -1, y);
     }
     Form const left = Form_of(x);

@@ -6,24 +6,46 @@
 
 namespace Varnix::Value::Physics {
 
-Electrical Electrical_of(Kind kind) {
-    int const volts = kind[Base::voltage];
-    int const amperes = kind[Base::current];
-    kind[Base::voltage] = kind[Base::current] = 0;
-    if (kind != Kind() || volts < 0 || volts > 1) {
+namespace {
+
+Electrical Electrical_of_powers(int volts, int amperes) {
+    switch (volts) {
+    case 0:
+        return amperes == 1 ? Electrical::current : Electrical::none;
+    case 1:
+        return amperes == 0    ? Electrical::voltage
+               : amperes == 1  ? Electrical::power
+               : amperes == -1 ? Electrical::resistance
+                               : Electrical::none;
+    default:
         return Electrical::none;
     }
-    if (volts == 0) {
-        return amperes == 1 ? Electrical::current : Electrical::none;
+}
+
+} // namespace
+
+Electrical_quantity Electrical_of(Kind kind) {
+    int const lengths = kind[Base::length];
+    Electrical const quantity = Electrical_of_powers(kind[Base::voltage], kind[Base::current]);
+    kind[Base::voltage] = kind[Base::current] = kind[Base::length] = 0;
+    int const of_field = quantity == Electrical::resistance ? 0
+                         : quantity == Electrical::power    ? -2
+                                                            : -1;
+    if (kind != Kind() || (lengths != 0 && lengths != of_field)) {
+        return {Electrical::none, false};
     }
-    return amperes == 0    ? Electrical::voltage
-           : amperes == 1  ? Electrical::power
-           : amperes == -1 ? Electrical::resistance
-                           : Electrical::none;
+    return {quantity, lengths != 0};
+}
+
+bool Are_related(Electrical_quantity first, Electrical_quantity second) {
+    bool const of_one_sort = first.is_field == second.is_field ||
+                             first.quantity == Electrical::resistance ||
+                             second.quantity == Electrical::resistance;
+    return first.quantity != Electrical::none && second.quantity != Electrical::none && of_one_sort;
 }
 
 Refusal Why_kinds_differ(Kind const& first, Kind const& second) {
-    if (Electrical_of(first) != Electrical::none && Electrical_of(second) != Electrical::none) {
+    if (Are_related(Electrical_of(first), Electrical_of(second))) {
         return Refusal::needs_impedance;
     }
     Kind joined_first = first;
@@ -100,7 +122,10 @@ Scale_formula Formula_between_scales(Units const& from, Units const& to, int pow
 namespace {
 
 void Check_gain(Units const& from, Units const& to) {
-    if (Kind_of(from) == Kind() && Kind_of(to) == Kind()) {
+    auto const is_gain_or_plain = [](Units const& unit) {
+        return Kind_of(unit) == Kind() || Is_gain(unit);
+    };
+    if (is_gain_or_plain(from) && is_gain_or_plain(to)) {
         throw Refusal::gain_is_ambiguous;
     }
     throw Refusal::gain_is_no_quantity;
@@ -123,7 +148,7 @@ Band Converted_point(Scaled_band const& x, Units const& from, Units const& to) {
     if (!Is_temperature(source) || !Is_temperature(target)) {
         throw Refusal::temperature_role;
     }
-    int const factor = Level_factor(Kind_of(source));
+    int const factor = Level_factor(source);
     Scaled_band const quantity =
         Is_decibel(from) ? Scaled_band{Scaled_power_of_ten(x.numbers * x.Scale(), factor, {}), {}}
                          : x;
@@ -140,13 +165,13 @@ Band Converted(Scaled_band const& scaled, Units const& from, bool is_difference,
     Form const target_form = Form_of(to, to_difference);
     Band const& x = scaled.numbers;
     if (form == Form::gain && target_form == Form::gain) {
-        return x * scaled.Scale();
+        return x * (scaled.Scale() * Size_of(from) / Size_of(to));
     }
     if (form == Form::gain || target_form == Form::gain) {
         Check_gain(from, to);
     }
-    Kind const kind = Kind_of(from);
-    Kind const target_kind = Kind_of(to);
+    Kind const kind = Comparable_kind_of(from);
+    Kind const target_kind = Comparable_kind_of(to);
     if (kind != target_kind) {
         throw Why_kinds_differ(kind, target_kind);
     }
@@ -154,7 +179,7 @@ Band Converted(Scaled_band const& scaled, Units const& from, bool is_difference,
         return Converted_point(scaled, from, to);
     }
     Exact_factor const ratio = Size_of(from) / Size_of(to);
-    int const factor = Level_factor(kind);
+    int const factor = Level_factor(form == Form::level ? from : to);
     if (form == Form::level) {
         Band const level = x * scaled.Scale();
         return target_form == Form::level ? Converted_level(level, ratio, factor)
@@ -202,9 +227,8 @@ Maybe_decimals Decimals_in(Measurement const& x, bool is_difference, Units const
     if (Is_decibel(from) != Is_decibel(to)) {
         return std::nullopt;
     }
-    Kind const kind = Kind_of(from);
     Maybe_decimals const numbers = Decimals_of(x);
-    if (!numbers || kind != Kind_of(to)) {
+    if (!numbers || Comparable_kind_of(from) != Comparable_kind_of(to)) {
         return std::nullopt;
     }
     Form const form = Form_of(from, is_difference);
@@ -212,7 +236,7 @@ Maybe_decimals Decimals_in(Measurement const& x, bool is_difference, Units const
         return Decimals_between_scales(numbers, from, to);
     }
     Exact_factor const ratio = Size_of(from) / Size_of(to);
-    return form == Form::level ? Decimals_of_level(numbers, ratio, Level_factor(kind))
+    return form == Form::level ? Decimals_of_level(numbers, ratio, Level_factor(from))
                                : Product(numbers, ratio);
 }
 

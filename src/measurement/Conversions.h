@@ -11,10 +11,19 @@
 
 namespace Varnix::Value::Physics {
 
-// What electrical relations are between.
+// What electrical relations are between: of circuits, or of fields, where voltage and current are per metre
+// and power is per square metre.
 enum class Electrical { none, voltage, current, power, resistance };
 
-Electrical Electrical_of(Kind kind);
+struct Electrical_quantity {
+    Electrical quantity;
+    bool is_field; // resistances are of both
+};
+
+Electrical_quantity Electrical_of(Kind kind);
+
+// Whether a relation can join the two.
+bool Are_related(Electrical_quantity first, Electrical_quantity second);
 
 // Why two units that are not of one kind are not: @return kinds_differ, needs_impedance or
 // no_fixed_length

@@ -72,7 +72,7 @@ Scaled_number Read_digits(std::string_view text) {
 }
 
 Enclosed Times_power(Enclosed const& number, int base, int power) {
-    return number * (base == 10 ? Powers_of_ten(power) : Exact_factor{{power}});
+    return number * (base == 10 ? Powers_of_ten(power) : Power_of_two(power));
 }
 
 Scaled_number Scaled(Decimal_text const& text) {

@@ -1,4 +1,4 @@
-// Of volts, amperes, watts and ohms any two give any third.
+// Of volts, amperes, watts and ohms any two give any third; and of field strengths likewise.
 
 #include "Conversions.h"
 #include "Measurement_parts.h"
@@ -52,9 +52,16 @@ struct Ordered_relation {
 };
 
 Ordered_relation Relation_of(Units const& target, Measurement const& x, Measurement const& y) {
-    Electrical const wanted = Electrical_of(Kind_of(target));
-    Electrical const left = Electrical_of(Kind_of(x.Get_unit()));
-    Electrical const right = Electrical_of(Kind_of(y.Get_unit()));
+    Electrical_quantity const of_target = Electrical_of(Kind_of(target));
+    Electrical_quantity const of_x = Electrical_of(Kind_of(x.Get_unit()));
+    Electrical_quantity const of_y = Electrical_of(Kind_of(y.Get_unit()));
+    if (!Are_related(of_target, of_x) || !Are_related(of_target, of_y) ||
+        !Are_related(of_x, of_y)) {
+        throw Refusal::no_electrical_relation;
+    }
+    Electrical const wanted = of_target.quantity;
+    Electrical const left = of_x.quantity;
+    Electrical const right = of_y.quantity;
     for (Relation const& row : relations) {
         if (row.target == wanted && row.first == left && row.second == right) {
             return {row, x, y};
@@ -100,13 +107,15 @@ Band Twenty_log(Measurement const& x) {
         return Scaled_logarithm(20, numbers.numbers, numbers.Scale() * Size_of(unit));
     }
     Band const shift = Single(Enclose(20.0) * Logarithm(Size_of(unit)));
-    bool const of_power = Level_factor(Kind_of(unit)) == 10;
-    return Band_of(x) * (of_power ? Exact_factor{{1}} : Exact_factor{}) + shift;
+    bool const of_power = Level_factor(unit) == 10;
+    return Band_of(x) * (of_power ? Power_of_two(1) : Exact_factor{}) + shift;
 }
 
 // times power over 2, which is a power of two or twice one.
 Band Times_half(Band const& x, int half_powers) {
-    Exact_factor const magnitude = {{half_powers % 4 == 0 ? 1 : half_powers % 2 == 0 ? 0 : -1}};
+    Exact_factor const magnitude = Power_of_two(half_powers % 4 == 0   ? 1
+                                                : half_powers % 2 == 0 ? 0
+                                                                       : -1);
     return half_powers < 0 ? -(x * magnitude) : x * magnitude;
 }
 
@@ -115,7 +124,7 @@ Band Related_level(Ordered_relation const& of, Units const& target) {
                             Times_half(Twenty_log(of.second), of.relation.second_power);
     Band const of_units = Single(Enclose(20.0) * Logarithm(Size_of(target)));
     Band const level = twenty_log - of_units;
-    return Level_factor(Kind_of(target)) == 10 ? level * Exact_factor{{-1}} : level;
+    return Level_factor(target) == 10 ? level * Power_of_two(-1) : level;
 }
 
 Measurement By_relation(Measurement const& x, Measurement const& with, Units const& target) {
@@ -130,7 +139,7 @@ Measurement By_relation(Measurement const& x, Measurement const& with, Units con
         throw Refusal::division_by_zero;
     }
     return Rounded(from_level ? Related_level(of, target)
-                              : Scaled_logarithm(Level_factor(Kind_of(target)),
+                              : Scaled_logarithm(Level_factor(target),
                                                  Related(of, Without_decibels(target)), {}),
                    target);
 }

@@ -387,9 +387,9 @@ namespace {
 // A product of odd primes, or nothing where it has more than 53 bits.
 double Short_product(Exact_factor const& factor, int sign) {
     double product = 1.0;
-    for (std::size_t k = 1; k < Exact_factor::primes.size(); ++k) {
+    for (std::size_t k = 1; k < primes.count; ++k) {
         for (int left = sign * factor.powers[k]; left > 0; --left) {
-            product *= Exact_factor::primes[k];
+            product *= primes.numbers[k];
             if (product > 0x1p53) {
                 return 0.0;
             }
@@ -400,9 +400,9 @@ double Short_product(Exact_factor const& factor, int sign) {
 
 Enclosed Long_product(Exact_factor const& factor, int sign) {
     Enclosed product = Enclose(1.0);
-    for (std::size_t k = 1; k < Exact_factor::primes.size(); ++k) {
+    for (std::size_t k = 1; k < primes.count; ++k) {
         if (sign * factor.powers[k] > 0) {
-            product = product * Power(Enclose(Exact_factor::primes[k]), sign * factor.powers[k]);
+            product = product * Power(Enclose(primes.numbers[k]), sign * factor.powers[k]);
         }
     }
     return product;
@@ -413,7 +413,9 @@ Enclosed Odd_part(Exact_factor const& factor, int sign) {
     double const brief = Short_product(factor, sign);
     Enclosed const product = brief != 0.0 ? Enclose(brief) : Long_product(factor, sign);
     int const power_of_pi = sign * factor.Power_of_pi();
-    return power_of_pi > 0 ? product * Power(pi, power_of_pi) : product;
+    int const power_of_ln10 = sign * factor.Power_of_ln10();
+    Enclosed const with_pi = power_of_pi > 0 ? product * Power(pi, power_of_pi) : product;
+    return power_of_ln10 > 0 ? with_pi * Power(ln_10, power_of_ln10) : with_pi;
 }
 
 // A double as an odd number times a power of two.
@@ -462,7 +464,7 @@ Enclosed Prepared_factor::operator()(Enclosed const& x) const {
     product = divides ? product / denominator : product;
     product.exponent += product.high == 0.0 && product.error == 0.0 ? 0 : ratio.Power_of_two();
     bool const may_be_double = !product.Is_exact() && x.low == 0.0 && x.Is_exact() &&
-                               ratio.Power_of_pi() == 0 && std::fabs(product.low) <= product.error;
+                               ratio.Is_rational() && std::fabs(product.low) <= product.error;
     if (may_be_double && product.high != 0.0) {
         Enclosed const candidate = {product.high, 0.0, 0.0, product.exponent};
         return Is_product(x, ratio, candidate) ? candidate : product;
@@ -486,7 +488,7 @@ bool Prepared_factor::As_whole_numbers(double& above, double& below) const {
     int const twos = ratio.Power_of_two();
     bool const are_doubles = numerator.low == 0.0 && numerator.Is_exact() &&
                              denominator.low == 0.0 && denominator.Is_exact() &&
-                             ratio.Power_of_pi() == 0 && twos > -300 && twos < 300;
+                             ratio.Is_rational() && twos > -300 && twos < 300;
     if (are_doubles) {
         above = numerator.high * Two_to(numerator.exponent + (twos > 0 ? twos : 0));
         below = denominator.high * Two_to(denominator.exponent - (twos < 0 ? twos : 0));

@@ -58,7 +58,7 @@ int Sign_of(Enclosed const& x) {
 std::optional<int> Sign_of_difference(Enclosed const& x, Exact_factor const& ratio,
                                       Enclosed const& y) {
     bool const are_exact = x.Is_exact() && y.Is_exact() && !Is_infinite(x) && !Is_infinite(y);
-    if (!are_exact || ratio.Power_of_pi() != 0) {
+    if (!are_exact || !ratio.Is_rational()) {
         return std::nullopt;
     }
     int const sign = Sign_of(x);

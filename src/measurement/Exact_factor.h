@@ -1,23 +1,32 @@
 // The exact ratio of two units: a product of integer powers of the primes that the units are made
-// of, and of pi. Products, quotients and powers of such ratios are exact, whatever the powers.
+// of, of pi and of the natural logarithm of ten. Products, quotients and powers of such ratios are exact,
+// whatever the powers.
 
 #ifndef VARNIX_VALUE_MEASUREMENT_EXACT_FACTOR_H
 #define VARNIX_VALUE_MEASUREMENT_EXACT_FACTOR_H
 
+#include "catalogue/Sizes.h"
+
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <cstdint>
 
 namespace Varnix::Value::Physics {
 
-struct Exact_factor {
-    // What the powers are of; pi comes last.
-    static constexpr std::array<int, 7> primes = {2, 3, 5, 7, 11, 127, 463};
+// What the powers are of, 2, 3 and 5 first; as many as `count` says.
+extern Catalogue::Prime_numbers const primes;
 
-    std::array<int, primes.size() + 1> powers{};
+struct Exact_factor {
+    static constexpr std::size_t Place_of_pi = Catalogue::Prime_numbers::Limit;
+    static constexpr std::size_t Place_of_ln10 = Place_of_pi + 1;
+
+    std::array<std::int16_t, Place_of_ln10 + 1> powers{};
 
     int Power_of_two() const { return powers[0]; }
-    int Power_of_pi() const { return powers.back(); }
+    int Power_of_pi() const { return powers[Place_of_pi]; }
+    int Power_of_ln10() const { return powers[Place_of_ln10]; }
+    bool Is_rational() const { return Power_of_pi() == 0 && Power_of_ln10() == 0; }
     bool Is_one() const { return *this == Exact_factor(); }
 
     friend bool operator==(Exact_factor const& first, Exact_factor const& second) {
@@ -29,8 +38,11 @@ struct Exact_factor {
 };
 
 inline Exact_factor Power(Exact_factor factor, int exponent) {
-    for (int& power : factor.powers) {
-        power *= exponent;
+    if (exponent != 1) {
+        auto const times = static_cast<std::int16_t>(exponent);
+        for (std::int16_t& power : factor.powers) {
+            power = static_cast<std::int16_t>(power * times);
+        }
     }
     return factor;
 }
@@ -38,17 +50,29 @@ inline Exact_factor Power(Exact_factor factor, int exponent) {
 inline Exact_factor operator*(Exact_factor const& first, Exact_factor const& second) {
     Exact_factor product = first;
     for (std::size_t k = 0; k < product.powers.size(); ++k) {
-        product.powers[k] += second.powers[k];
+        product.powers[k] = static_cast<std::int16_t>(product.powers[k] + second.powers[k]);
     }
     return product;
 }
 
 inline Exact_factor operator/(Exact_factor const& first, Exact_factor const& second) {
-    return first * Power(second, -1);
+    Exact_factor quotient = first;
+    for (std::size_t k = 0; k < quotient.powers.size(); ++k) {
+        quotient.powers[k] = static_cast<std::int16_t>(quotient.powers[k] - second.powers[k]);
+    }
+    return quotient;
 }
 
-inline Exact_factor Powers_of_ten(int exponent) {
-    return Exact_factor{{exponent, 0, exponent}};
+constexpr Exact_factor Power_of_two(int exponent) {
+    Exact_factor factor;
+    factor.powers[0] = static_cast<std::int16_t>(exponent);
+    return factor;
+}
+
+constexpr Exact_factor Powers_of_ten(int exponent) {
+    Exact_factor factor = Power_of_two(exponent);
+    factor.powers[2] = factor.powers[0];
+    return factor;
 }
 
 // How many whole powers of ten a ratio has, above or below the line.

@@ -2,8 +2,13 @@
 
 #include "Measurement_parts.h"
 
-#include <varnix/value/Value_object.h>
+#include "catalogue/Unit_rows.h"
 
+#include <varnix/value/Value_object.h>
+#include <varnix/value/exceptions.h>
+
+#include <algorithm>
+#include <array>
 #include <cstddef>
 
 namespace Varnix::Value::Physics {
@@ -11,6 +16,9 @@ namespace Varnix::Value::Physics {
 Form Form_of(Units const& unit, bool is_difference) {
     if (Is_decibel(unit)) {
         return unit.tuples[0].unit == NO_UNIT ? Form::gain : Form::level;
+    }
+    if (Is_neper(unit)) {
+        return Form::gain;
     }
     return Is_temperature(unit) && !Is_kelvin(unit) && !is_difference ? Form::scale_point
                                                                       : Form::linear;
@@ -41,18 +49,32 @@ bool Is_factor_of_powers(Kind kind) {
 
 } // namespace
 
-int Power_order(Kind const& kind) {
-    int const volts = kind[Base::voltage];
-    int const amperes = kind[Base::current];
-    int const order = volts + amperes;
-    return volts < 0 || amperes < 0 || order > 2 ? 0 : order == 2 ? 10 : order == 1 ? 20 : 0;
+int Power_order(Units const& unit) {
+    Electrical_powers const powers = Electrical_powers_of(unit);
+    int const order = powers.volts + powers.amperes;
+    bool const has_convention = !powers.with_mass && powers.volts >= 0 && powers.amperes >= 0;
+    return !has_convention ? 0 : order == 2 ? 10 : order == 1 ? 20 : 0;
 }
 
-int Level_factor(Kind const& kind) {
-    if (kind[Base::voltage] != 0 || kind[Base::current] != 0) {
-        return Power_order(kind);
+namespace {
+
+Kind Antenna_factor() {
+    Kind kind;
+    kind[Base::length] = -1;
+    return kind;
+}
+
+} // namespace
+
+int Level_factor(Units const& unit) {
+    if (!Electrical_powers_of(unit).Are_none()) {
+        return Power_order(unit);
     }
-    return kind != Kind() && Is_factor_of_powers(kind) ? 10 : 0;
+    Kind const kind = Kind_of(unit);
+    if (kind == Kind()) {
+        return 0;
+    }
+    return Is_factor_of_powers(kind) ? 10 : kind == Antenna_factor() ? 20 : 0;
 }
 
 namespace {
@@ -82,15 +104,50 @@ void Check_powers(Units const& unit) {
 void Check_level(Units const& unit) {
     bool const on_a_scale = unit.tuples[1].unit == NO_UNIT && unit.tuples[0].exponent == 1 &&
                             (unit.tuples[0].unit == DEGREE_C || unit.tuples[0].unit == DEGREE_F);
-    if (on_a_scale || Level_factor(Kind_of(unit)) == 0) {
+    if (on_a_scale || Level_factor(unit) == 0) {
         throw Refusal::no_level_convention;
     }
+}
+
+// In canonical order, of units of which one is beyond the core.
+Units Arranged_beyond_core(Units const& unit) {
+    std::array<Unit_tuple, Catalogue::Dimension_count> places{};
+    for (Unit_tuple const& tuple : unit.tuples) {
+        if (tuple.unit == NO_UNIT) {
+            continue;
+        }
+        if (!Catalogue::Is_unit(tuple.unit)) {
+            throw UnitNotDefined();
+        }
+        Unit_tuple& place = places[Catalogue::Place_of(Catalogue::Dimension_of(tuple.unit))];
+        if (place.unit != NO_UNIT) {
+            throw UnitDimensionNotProper();
+        }
+        place = tuple;
+    }
+    Units arranged = {unit.spl_conv, unit.si_prefix, {}};
+    std::size_t count = 0;
+    for (Unit_tuple const& tuple : places) {
+        if (tuple.unit != NO_UNIT) {
+            arranged.tuples[count++] = tuple;
+        }
+    }
+    return arranged;
+}
+
+Units Arranged(Units const& unit) {
+    bool const is_of_core =
+        std::all_of(std::begin(unit.tuples), std::end(unit.tuples), [](Unit_tuple const& tuple) {
+            return static_cast<int>(tuple.unit) < Catalogue::First_code_beyond_core;
+        });
+    return is_of_core ? Value_object<double>(0.0, unit, 0.0, 0.0).Get_unit()
+                      : Arranged_beyond_core(unit);
 }
 
 } // namespace
 
 Units Valid_unit(Units const& unit, bool is_difference) {
-    Units const valid = Without_zero_powers(Value_object<double>(0.0, unit, 0.0, 0.0).Get_unit());
+    Units const valid = Without_zero_powers(Arranged(unit));
     if (!Is_known_prefix(valid.si_prefix)) {
         throw Refusal::unit_not_valid;
     }

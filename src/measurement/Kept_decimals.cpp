@@ -332,16 +332,16 @@ Maybe_decimals Product(Maybe_decimals const& x, Maybe_decimals const& y) {
 std::optional<Decimal_factor> As_decimal(Exact_factor const& factor) {
     int const power = std::min(factor.powers[0], factor.powers[2]);
     double product = 1.0;
-    for (std::size_t k = 0; k < Exact_factor::primes.size(); ++k) {
+    for (std::size_t k = 0; k < primes.count; ++k) {
         int const left = factor.powers[k] - (k == 0 || k == 2 ? power : 0);
         if (left < 0) {
             return std::nullopt;
         }
         for (int n = 0; n < left && product <= Greatest_whole; ++n) {
-            product *= Exact_factor::primes[k];
+            product *= primes.numbers[k];
         }
     }
-    bool const is_decimal = factor.Power_of_pi() == 0 && product <= Greatest_whole;
+    bool const is_decimal = factor.Is_rational() && product <= Greatest_whole;
     return is_decimal ? std::optional<Decimal_factor>({product, power}) : std::nullopt;
 }
 

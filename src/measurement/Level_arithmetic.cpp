@@ -3,6 +3,9 @@
 #include "Conversions.h"
 #include "Measurement_parts.h"
 #include "Result_units.h"
+#include "catalogue/Prefixes.h"
+
+#include <optional>
 
 namespace Varnix::Value::Physics {
 
@@ -10,18 +13,15 @@ namespace Varnix::Value::Physics {
 
 namespace {
 
-bool Is_catalogue_prefix(int power) {
-    return power == -2 || power == -1 || (power >= -12 && power <= 24 && power % 3 == 0);
-}
-
-// The prefix of a product of references, where the catalogue has it.
+// The prefix of a product of references, where it has a name.
 SI_units Prefix_of_product(SI_units left, int sign, SI_units right) {
     if (right == NO_PREFIX) {
         return left;
     }
     bool const binary = Is_binary_prefix(left) || Is_binary_prefix(right);
     int const power = left + sign * right;
-    return !binary && Is_catalogue_prefix(power) ? static_cast<SI_units>(power) : NO_PREFIX;
+    return !binary && Catalogue::Find_prefix(power) != nullptr ? static_cast<SI_units>(power)
+                                                               : NO_PREFIX;
 }
 
 // The reference of the level of a product, or quotient, of two references.
@@ -42,27 +42,33 @@ Units Reference_of_product(Units const& left, int sign, Units const& right) {
     return Valid_unit(unit);
 }
 
-bool Is_power(Kind const& kind) {
-    return Power_order(kind) == 10;
+// Why the levels of two kinds have no sum, or no difference; nothing where they have: both are c log10 with one
+// c, and of a sum at most one is a power or a root-power quantity.
+std::optional<Refusal> Why_no_product(Units const& left, int sign, Units const& right) {
+    int const factor = Level_factor(left);
+    bool const fit = factor != 0 && factor == Level_factor(right);
+    if (sign < 0) {
+        return fit ? std::nullopt : std::optional(Why_kinds_differ(Kind_of(left), Kind_of(right)));
+    }
+    bool const of_two_quantities = Power_order(left) != 0 && Power_order(right) != 0;
+    return fit && !of_two_quantities ? std::nullopt : std::optional(Refusal::levels_do_not_add);
 }
 
-// Levels add like the quantities multiply, where both are 10 log10 and the result is as well.
+// Levels add like the quantities multiply.
 Measurement Level_of_product(Measurement const& x, int sign, Measurement const& y) {
     Units const left = x.Get_unit();
     Units const right = y.Get_unit();
-    Kind const left_kind = Kind_of(left);
-    Kind const right_kind = Kind_of(right);
-    bool const both_ten = Level_factor(left_kind) == 10 && Level_factor(right_kind) == 10;
-    if (!both_ten || (sign > 0 && Is_power(left_kind) && Is_power(right_kind))) {
-        throw sign > 0 ? Refusal::levels_do_not_add : Why_kinds_differ(left_kind, right_kind);
+    if (std::optional<Refusal> const reason = Why_no_product(left, sign, right)) {
+        throw *reason;
     }
+    int const factor = Level_factor(left);
     Units const unit = Reference_of_product(left, sign, right);
-    if (unit != C_DB && Level_factor(Kind_of(unit)) != 10) {
+    if (unit != C_DB && Level_factor(unit) != factor) {
         throw Refusal::no_level_convention;
     }
     Exact_factor const rest = Size_of(left) * Physics::Power(Size_of(right), sign) / Size_of(unit);
     Band const second = sign > 0 ? Band_of(y) : -Band_of(y);
-    Band const shift = Single(Enclose(10.0) * Logarithm(rest));
+    Band const shift = Single(Enclose(factor) * Logarithm(rest));
     if (Keep_decimals(x, y)) {
         Maybe_decimals const sum = Sum(Decimals_of(x), sign, Decimals_of(y));
         if (auto const decimals = Shifted_decimals(sum, shift, unit)) {
@@ -72,15 +78,19 @@ Measurement Level_of_product(Measurement const& x, int sign, Measurement const& 
     return Rounded(Band_of(x) + second + shift, unit);
 }
 
+// A level, or a gain, and a gain, which counts in the decibels or nepers of the first.
 Measurement Shifted(Measurement const& level, int sign, Measurement const& gain) {
-    if (Keep_decimals(level, gain)) {
+    Units const unit = level.Get_unit();
+    bool const in_one_unit = Is_decibel(unit) == Is_decibel(gain.Get_unit());
+    if (in_one_unit && Keep_decimals(level, gain)) {
         Maybe_decimals const sum = Sum(Decimals_of(level), sign, Decimals_of(gain));
-        if (auto const decimals = Made_of_decimals(sum, level.Get_unit())) {
+        if (auto const decimals = Made_of_decimals(sum, unit)) {
             return *decimals;
         }
     }
-    Band const shift = sign > 0 ? Band_of(gain) : -Band_of(gain);
-    return Rounded(Band_of(level) + shift, level.Get_unit());
+    Band const shift =
+        in_one_unit ? Band_of(gain) : Converted(gain, Is_decibel(unit) ? C_DB : unit);
+    return Rounded(Band_of(level) + (sign > 0 ? shift : -shift), unit);
 }
 
 Measurement Level_sum(Measurement const& x, int sign, Measurement const& y) {
@@ -113,6 +123,13 @@ Measurement Decibel_sum(Measurement const& x, int sign, Measurement const& y) {
 
 // ---- Gains
 
+Band Gain_band(Measurement const& x) {
+    if (Form_of(x) != Form::gain) {
+        throw Refusal::not_a_gain;
+    }
+    return Is_decibel(x.Get_unit()) ? Band_of(x) : Converted(x, C_DB);
+}
+
 namespace {
 
 Units Amplifiable(Measurement const& x) {
@@ -120,7 +137,7 @@ Units Amplifiable(Measurement const& x) {
     if (Kind_of(unit) == Kind()) {
         throw Refusal::gain_is_ambiguous;
     }
-    if (Form_of(x) == Form::scale_point || Level_factor(Kind_of(unit)) == 0) {
+    if (Form_of(x) == Form::scale_point || Level_factor(unit) == 0) {
         throw Refusal::no_level_convention;
     }
     return unit;
@@ -153,15 +170,13 @@ Band Amplified_band(Scaled_band const& x, Band const& gain, int step) {
 } // namespace
 
 Measurement Amplified(Measurement const& x, int sign, Measurement const& gain) {
-    if (Form_of(gain) != Form::gain) {
-        throw Refusal::not_a_gain;
-    }
+    Band const gain_band = Gain_band(gain);
     if (Is_decibel(x.Get_unit())) {
         return Shifted(x, sign, gain);
     }
     Units const unit = Amplifiable(x);
-    Band const decibels = sign > 0 ? Band_of(gain) : -Band_of(gain);
-    int const step = Level_factor(Kind_of(unit));
+    Band const decibels = sign > 0 ? gain_band : -gain_band;
+    int const step = Level_factor(unit);
     return Rounded(Amplified_band(Scaled_numbers_of(x), decibels, step), unit, x.Is_difference());
 }
 
@@ -191,9 +206,8 @@ bool Is_frequency(Measurement const& x) {
 
 Measurement Widened(Measurement const& x, int sign, Measurement const& bandwidth) {
     Units const unit = x.Get_unit();
-    Kind const kind = Kind_of(unit);
-    bool const fits = Form_of(x) == Form::level && Level_factor(kind) == 10 &&
-                      (sign < 0 || (Power_order(kind) == 10 && kind[Base::time] >= 1));
+    bool const fits = Form_of(x) == Form::level && Level_factor(unit) == 10 &&
+                      (sign < 0 || (Power_order(unit) == 10 && Kind_of(unit)[Base::time] >= 1));
     if (!fits || !Is_frequency(bandwidth)) {
         throw Refusal::not_a_density;
     }
@@ -206,7 +220,7 @@ Measurement Widened(Measurement const& x, int sign, Measurement const& bandwidth
         throw Refusal::division_by_zero;
     }
     Units const result = Unit_over_time(unit, sign);
-    if (result != C_DB && Level_factor(Kind_of(result)) != 10) {
+    if (result != C_DB && Level_factor(result) != 10) {
         throw Refusal::no_level_convention;
     }
     // The ratio of the references, bandwidth counted in its own unit, goes into the logarithm.

@@ -3,12 +3,17 @@
 #ifndef VARNIX_VALUE_MEASUREMENT_LEVEL_ARITHMETIC_H
 #define VARNIX_VALUE_MEASUREMENT_LEVEL_ARITHMETIC_H
 
+#include "Bands.h"
+
 #include <varnix/value/Measurement.h>
 
 namespace Varnix::Value::Physics {
 
-// x + y or x - y of two in decibels. @throws Refusal
+// x + y or x - y of two levels or gains. @throws Refusal
 Measurement Decibel_sum(Measurement const& x, int sign, Measurement const& y);
+
+// The decibels of a gain, which may be in nepers. @throws Refusal::not_a_gain
+Band Gain_band(Measurement const& x);
 
 // x with the gain, or without it. @throws Refusal
 Measurement Amplified(Measurement const& x, int sign, Measurement const& gain);

@@ -27,10 +27,7 @@ namespace {
 
 Measurement Ratio_of(Measurement const& gain, int step) {
     try {
-        if (Form_of(gain) != Form::gain) {
-            throw Refusal::not_a_gain;
-        }
-        return Rounded(Scaled_power_of_ten(Band_of(gain), step, {}), C_Empty);
+        return Rounded(Scaled_power_of_ten(Gain_band(gain), step, {}), C_Empty);
     } catch (Refusal reason) {
         Refuse(reason, "make a ratio of", gain);
     }

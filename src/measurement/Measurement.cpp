@@ -67,7 +67,7 @@ bool Is_level_of_another_meaning(Units const& unit) {
     for (Unit_tuple const& tuple : unit.tuples) {
         product *= tuple.unit == NO_UNIT ? 1 : tuple.exponent;
     }
-    return product != 1 || Level_factor(Kind_of(unit)) != 10;
+    return product != 1 || Level_factor(unit) != 10;
 }
 
 void Check_level_meaning(Units const& unit, Levels levels, char const* direction) {
@@ -162,7 +162,7 @@ bool Short_conversion(Measurement const& x, Units const& target, Numbers& number
     Units const& unit = Measurement_parts::Unit_of(x);
     bool const by_factor =
         Form_of(x) == Form::linear && Form_of(target, x.Is_difference()) == Form::linear;
-    if (!by_factor || Kind_of(unit) != Kind_of(target)) {
+    if (!by_factor || Comparable_kind_of(unit) != Comparable_kind_of(target)) {
         return false;
     }
     double above = 0.0;
@@ -181,7 +181,7 @@ bool Short_power_conversion(Measurement const& x, Units const& target, Numbers& 
     Exact_factor const ratio = Size_of(unit) / Size_of(target);
     int const tens = Tens_in(ratio);
     bool const is_power = kind != Kind() && kind == Kind_of(target) && ratio == Powers_of_ten(tens);
-    return is_power && Short_power(x, Level_factor(kind), tens, numbers);
+    return is_power && Short_power(x, Level_factor(unit), tens, numbers);
 }
 
 Measurement Converted_to(Measurement const& x, Units const& target) {

@@ -42,7 +42,7 @@ Linear_rule Rule_between(Units const& from, Units const& to) {
         return {formula.factor / formula.divisor, formula.offset / formula.divisor};
     }
     if (Form_of(from, false) == Form::level && Is_decibel(to)) {
-        return {{1.0, 0.0, 0.0, 0}, Enclose(Level_factor(Kind_of(from))) * Logarithm(ratio)};
+        return {{1.0, 0.0, 0.0, 0}, Enclose(Level_factor(from)) * Logarithm(ratio)};
     }
     return {Enclose(1.0) * ratio, {}};
 }
@@ -72,7 +72,7 @@ Measurement_converter::Measurement_converter(Units const& from, Units const& to)
         return;
     }
     way = !crosses ? Way::linear : Is_decibel(source) ? Way::level_to_linear : Way::linear_to_level;
-    step = Level_factor(Kind_of(source));
+    step = Level_factor(source);
     Linear_rule const rule = Rule_between(source, target);
     Exact_pair const factor = Two_parts(rule.factor);
     Exact_pair const offset = Two_parts(rule.offset);

@@ -1,121 +1,74 @@
-// One row a unit: what it measures, and how large it is. The table is as long as the catalogue.
+// The rows of the catalogue as kinds and exact factors, made at compile time.
 
 #include "Physical_units.h"
 
-#include <cstdint>
-#include <cstdlib>
+#include "catalogue/Prefixes.h"
 
 namespace Varnix::Value::Physics {
 
+constexpr Catalogue::Prime_numbers made_primes = Catalogue::Primes_of_all_sizes();
+Catalogue::Prime_numbers const primes = made_primes;
+
 namespace {
 
-struct Row {
-    Units_list unit;
-    Dimension dimension; // the catalogue's
-    Kind kind;           // what it measures: a month is not so much time
-    Exact_factor size;   // in what the kind is measured in
+// ---- Tables by the places of quantities and units
+
+template <typename Element, std::size_t Count>
+struct Table {
+    std::array<Element, Count> elements{};
 };
 
-constexpr Kind Of(Base base) {
-    Kind kind;
-    kind.powers[static_cast<std::size_t>(base)] = 1;
-    return kind;
-}
-
-constexpr Kind Of(int volts, int amperes) {
-    Kind kind;
-    kind.powers[static_cast<std::size_t>(Base::voltage)] = static_cast<std::int16_t>(volts);
-    kind.powers[static_cast<std::size_t>(Base::current)] = static_cast<std::int16_t>(amperes);
-    return kind;
-}
-
-// clang-format off
-
-constexpr Row rows[] = {
-    // unit         dimension      kind                    size: powers of 2   3   5   7  11 127 463  pi
-    {METER,         LENGTH,         Of(Base::length),      {{             0,  0,  0,  0,  0,  0,  0,  0}}},
-    {INCH,          LENGTH,         Of(Base::length),      {{            -3,  0, -4,  0,  0,  1,  0,  0}}}, // 0.0254
-    {FOOT,          LENGTH,         Of(Base::length),      {{            -1,  1, -4,  0,  0,  1,  0,  0}}}, // 12 in
-    {YARD,          LENGTH,         Of(Base::length),      {{            -1,  2, -4,  0,  0,  1,  0,  0}}}, // 3 ft
-    {MILE,          LENGTH,         Of(Base::length),      {{             4,  2, -3,  0,  1,  1,  0,  0}}}, // 5280 ft: 1609.344 m, where the catalogue has 1609.34
-    {NAUTICAL_MILE, LENGTH,         Of(Base::length),      {{             2,  0,  0,  0,  0,  0,  1,  0}}}, // 1852
-
-    {SECOND,        TIME,           Of(Base::time),        {{             0,  0,  0,  0,  0,  0,  0,  0}}},
-    {MINUTE,        TIME,           Of(Base::time),        {{             2,  1,  1,  0,  0,  0,  0,  0}}},
-    {HOUR,          TIME,           Of(Base::time),        {{             4,  2,  2,  0,  0,  0,  0,  0}}},
-    {DAY,           TIME,           Of(Base::time),        {{             7,  3,  2,  0,  0,  0,  0,  0}}},
-    {WEEK,          TIME,           Of(Base::time),        {{             7,  3,  2,  1,  0,  0,  0,  0}}},
-    {MONTH,         TIME,           Of(Base::calendar),    {{             0,  0,  0,  0,  0,  0,  0,  0}}}, // 28 to 31 days
-    {YEAR,          TIME,           Of(Base::calendar),    {{             2,  1,  0,  0,  0,  0,  0,  0}}}, // 12 months
-
-    {RADIAN,        DIMENSIONLESS,  Of(Base::angle),       {{            -1,  0,  0,  0,  0,  0,  0, -1}}}, // 1 / 2 pi
-    {DEGREE,        DIMENSIONLESS,  Of(Base::angle),       {{            -3, -2, -1,  0,  0,  0,  0,  0}}}, // 1 / 360
-
-    {DEGREE_C,      TEMPERATURE,    Of(Base::temperature), {{             0,  0,  0,  0,  0,  0,  0,  0}}},
-    {DEGREE_F,      TEMPERATURE,    Of(Base::temperature), {{             0, -2,  1,  0,  0,  0,  0,  0}}}, // 5 / 9
-    {KELVIN,        TEMPERATURE,    Of(Base::temperature), {{             0,  0,  0,  0,  0,  0,  0,  0}}},
-
-    {PERCENT,       DIMENSIONLESS,  Kind(),                {{            -2,  0, -2,  0,  0,  0,  0,  0}}},
-    {PPM,           DIMENSIONLESS,  Kind(),                {{            -6,  0, -6,  0,  0,  0,  0,  0}}},
-    {PPB,           DIMENSIONLESS,  Kind(),                {{            -9,  0, -9,  0,  0,  0,  0,  0}}},
-    {SYMBOL,        DIMENSIONLESS,  Of(Base::symbols),     {{             0,  0,  0,  0,  0,  0,  0,  0}}},
-
-    {GRAM,          MASS,           Of(Base::mass),        {{             0,  0,  0,  0,  0,  0,  0,  0}}},
-    {VOLT,          VOLTAGE,        Of(1, 0),              {{             0,  0,  0,  0,  0,  0,  0,  0}}},
-    {AMP,           CURRENT,        Of(0, 1),              {{             0,  0,  0,  0,  0,  0,  0,  0}}},
-    {WATT,          POWER,          Of(1, 1),              {{             0,  0,  0,  0,  0,  0,  0,  0}}},
-    {OHM,           RESISTANCE,     Of(1, -1),             {{             0,  0,  0,  0,  0,  0,  0,  0}}},
-
-    {BIT,           DATA_SIZE,      Of(Base::data),        {{             0,  0,  0,  0,  0,  0,  0,  0}}},
-    {NYBBLE,        DATA_SIZE,      Of(Base::data),        {{             2,  0,  0,  0,  0,  0,  0,  0}}},
-    {BYTE,          DATA_SIZE,      Of(Base::data),        {{             3,  0,  0,  0,  0,  0,  0,  0}}},
-    {OCTET,         DATA_SIZE,      Of(Base::data),        {{             3,  0,  0,  0,  0,  0,  0,  0}}},
-    {WORD,          DATA_SIZE,      Of(Base::data),        {{             4,  0,  0,  0,  0,  0,  0,  0}}},
-    {DWORD,         DATA_SIZE,      Of(Base::data),        {{             5,  0,  0,  0,  0,  0,  0,  0}}},
-};
-
-// clang-format on
-
-// By the codes of the units, so that finding a row takes no search.
-constexpr std::size_t Row_limit = Value_detail::Unit_code_limit;
-static_assert(sizeof rows / sizeof rows[0] == Row_limit - 1, "every unit has its row");
-
-struct Index {
-    std::array<std::uint8_t, Row_limit> row_of{};
-};
-
-constexpr Index Made_index() {
-    Index index;
-    std::uint8_t place = 0;
-    for (Row const& row : rows) {
-        index.row_of[static_cast<std::size_t>(row.unit)] = place++;
+constexpr auto Made_kinds() {
+    Table<Kind, std::size(Catalogue::quantity_rows)> kinds;
+    for (std::size_t k = 0; k < kinds.elements.size(); ++k) {
+        kinds.elements[k] = Catalogue::As_physics_has_it(Catalogue::quantity_rows[k].kind);
     }
-    return index;
+    return kinds;
 }
 
-constexpr Index row_index = Made_index();
+constexpr void Multiply(Exact_factor& factor, std::uint64_t number, int sign) {
+    for (std::size_t k = 0; k < made_primes.count; ++k) {
+        for (; number % made_primes.numbers[k] == 0; number /= made_primes.numbers[k]) {
+            factor.powers[k] = static_cast<std::int16_t>(factor.powers[k] + sign);
+        }
+    }
+}
 
-Row const& Row_of(Units_list unit) {
-    return rows[row_index.row_of[static_cast<std::size_t>(unit)]];
+constexpr Exact_factor Factored(Catalogue::Size const& size) {
+    Exact_factor factor = Powers_of_ten(size.tens);
+    Multiply(factor, size.above, 1);
+    Multiply(factor, size.below, -1);
+    factor.powers[Exact_factor::Place_of_pi] = static_cast<std::int16_t>(size.pi);
+    factor.powers[Exact_factor::Place_of_ln10] = static_cast<std::int16_t>(size.ln10);
+    return factor;
+}
+
+constexpr auto Made_sizes() {
+    Table<Exact_factor, Catalogue::Unit_count> sizes;
+    for (std::size_t k = 0; k < sizes.elements.size(); ++k) {
+        sizes.elements[k] = Factored(Catalogue::Read_size(Catalogue::unit_rows[k].size));
+    }
+    return sizes;
+}
+
+constexpr auto kinds = Made_kinds();
+constexpr auto sizes = Made_sizes();
+
+Catalogue::Quantity Quantity_of(Units_list unit) {
+    return Catalogue::Row_of(unit).quantity;
+}
+
+Kind const& Kind_of(Catalogue::Quantity quantity) {
+    return kinds.elements[static_cast<std::size_t>(quantity)];
+}
+
+Exact_factor const& Size_of(Units_list unit) {
+    return sizes.elements[Catalogue::Place_of(unit)];
 }
 
 } // namespace
 
-Dimension Dimension_of(Units_list unit) {
-    return Row_of(unit).dimension;
-}
-
-namespace {
-
-// kind times another to a power.
-void Multiply(Kind& kind, Kind const& other, int power) {
-    auto const factor = static_cast<std::int16_t>(power);
-    for (std::size_t k = 0; k < kind.powers.size(); ++k) {
-        kind.powers[k] = static_cast<std::int16_t>(kind.powers[k] + other.powers[k] * factor);
-    }
-}
-
-} // namespace
+// ---- Kinds
 
 Kind Kind_of(Units const& unit) {
     Kind kind;
@@ -123,7 +76,7 @@ Kind Kind_of(Units const& unit) {
         if (tuple.unit == NO_UNIT) {
             break;
         }
-        Multiply(kind, Row_of(tuple.unit).kind, tuple.exponent);
+        Multiply(kind, Kind_of(Quantity_of(tuple.unit)), tuple.exponent);
     }
     return kind;
 }
@@ -133,19 +86,59 @@ Kind Combined(Kind left, int sign, Kind const& right) {
     return left;
 }
 
+Kind Comparable_kind(Kind kind) {
+    Kind const& given = kind;
+    if (given[Base::angle] == 1 && given[Base::voltage] == 1 && given[Base::current] == 1) {
+        kind[Base::angle] = 0;
+    }
+    return kind;
+}
+
+namespace {
+
+// Mass, and what is made of masses: force, pressure, energy and the like, volts times amperes times a power of
+// time. They have no convention for decibels, though volts and amperes are in their kinds.
+bool Is_made_of_masses(Catalogue::Quantity quantity) {
+    Kind const& kind = Kind_of(quantity);
+    return kind[Base::voltage] != 0 && kind[Base::voltage] == kind[Base::current] &&
+           kind[Base::time] != 0;
+}
+
+} // namespace
+
+Electrical_powers Electrical_powers_of(Units const& unit) {
+    Electrical_powers powers;
+    for (Unit_tuple const& tuple : unit.tuples) {
+        if (tuple.unit == NO_UNIT) {
+            break;
+        }
+        Catalogue::Quantity const quantity = Quantity_of(tuple.unit);
+        if (Is_made_of_masses(quantity)) {
+            powers.with_mass = true;
+            continue;
+        }
+        Kind const& kind = Kind_of(quantity);
+        powers.volts += kind[Base::voltage] * tuple.exponent;
+        powers.amperes += kind[Base::current] * tuple.exponent;
+    }
+    return powers;
+}
+
+// ---- Sizes
+
 Exact_factor Size_of(Units const& unit) {
     Exact_factor size = unit.si_prefix == NO_PREFIX ? Exact_factor() : Size_of(unit.si_prefix);
     for (Unit_tuple const& tuple : unit.tuples) {
         if (tuple.unit == NO_UNIT) {
             break;
         }
-        size = size * Power(Row_of(tuple.unit).size, tuple.exponent);
+        size = size * Power(Size_of(tuple.unit), tuple.exponent);
     }
     return size;
 }
 
 bool Is_binary_prefix(SI_units prefix) {
-    return prefix >= KIBI && prefix <= YOBI && prefix % 10 == 0;
+    return Catalogue::Is_binary(prefix);
 }
 
 bool Is_known_prefix(SI_units prefix) {
@@ -153,7 +146,7 @@ bool Is_known_prefix(SI_units prefix) {
 }
 
 Exact_factor Size_of(SI_units prefix) {
-    return Is_binary_prefix(prefix) ? Exact_factor{{prefix}} : Powers_of_ten(prefix);
+    return Is_binary_prefix(prefix) ? Power_of_two(prefix) : Powers_of_ten(prefix);
 }
 
 } // namespace Varnix::Value::Physics

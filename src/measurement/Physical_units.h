@@ -1,64 +1,52 @@
 // What a unit is to physics: the kind of quantity that it measures, and its size as an exact
 // number.
 //
-// The size is a product of powers of a few primes and of pi, so that units multiply, divide and
-// cancel without rounding; only Enclosing arithmetic turns it into numbers. It does not always
-// agree with the catalogue, which keeps a mile, a radian and a degree rounded: no enclosure that
-// starts from 1609.34 m would contain the mile.
+// The size is a product of powers of primes and of pi, so that units multiply, divide and cancel
+// without rounding; only enclosing arithmetic turns it into numbers. It does not always agree with
+// the core's factor, which keeps a mile, a radian and a degree rounded: no enclosure that starts
+// from 1609.34 m would contain the mile.
 
 #ifndef VARNIX_VALUE_MEASUREMENT_PHYSICAL_UNITS_H
 #define VARNIX_VALUE_MEASUREMENT_PHYSICAL_UNITS_H
 
 #include "Exact_factor.h"
+#include "catalogue/Kinds.h"
 
 #include <varnix/value/Units.h>
 
-#include <array>
 #include <cstddef>
-#include <cstdint>
 
 namespace Varnix::Value::Physics {
 
-// What quantities are measured in. Power is voltage times current and resistance voltage over
-// current; ratios are plain numbers and have none.
-enum class Base : std::size_t {
-    voltage,     // V
-    current,     // A
-    mass,        // g
-    length,      // m
-    temperature, // K, as a difference
-    time,        // s
-    calendar,    // months, which have no fixed length in days
-    data,        // bits
-    angle,       // revolutions
-    symbols,     // sym
-};
-
-// A kind of quantity: the powers of what it is measured in. There is room for sixteen, so that
-// compilers take eight of them in one step.
-struct Kind {
-    std::array<std::int16_t, 16> powers{};
-
-    std::int16_t& operator[](Base base) { return powers[static_cast<std::size_t>(base)]; }
-    int operator[](Base base) const { return powers[static_cast<std::size_t>(base)]; }
-
-    friend bool operator==(Kind const& first, Kind const& second) {
-        return first.powers == second.powers;
-    }
-    friend bool operator!=(Kind const& first, Kind const& second) { return !(first == second); }
-};
+using Catalogue::Base;
+using Catalogue::Kind;
 
 // left times right, or left over right for sign -1.
 Kind Combined(Kind left, int sign, Kind const& right);
 
-// The dimension that the catalogue has for a unit.
-Dimension Dimension_of(Units_list unit);
-
-// The kind of a unit whose codes are in the catalogue; prefix and marker do not count.
+// The kind of a unit whose codes have rows; prefix and marker do not count.
 Kind Kind_of(Units const& unit);
 
-// One of the unit in volts, amperes, grams ... of its kind, its prefix included. A temperature
-// counts as a difference.
+// The kind that decides what converts into what: that of the unit, without the angle of torque times angle,
+// which is work. 3000 rpm * 2 N*m is a power, and a radian counts as 1 there. Angles elsewhere stay: rad/s is
+// no Hz, W/sr no W.
+Kind Comparable_kind(Kind kind);
+inline Kind Comparable_kind_of(Units const& unit) {
+    return Comparable_kind(Kind_of(unit));
+}
+
+// The electrical units that are written in a unit, as powers of volt and ampere: W as V A, ohm as V/A.
+struct Electrical_powers {
+    int volts = 0;
+    int amperes = 0;
+    bool with_mass = false; // beside a mass, force, pressure or energy
+
+    bool Are_none() const { return volts == 0 && amperes == 0 && !with_mass; }
+};
+Electrical_powers Electrical_powers_of(Units const& unit);
+
+// One of the unit in the coherent units of its kind (V, A, m, s, K, rad, ...), its prefix included. A
+// temperature counts as a difference.
 Exact_factor Size_of(Units const& unit);
 
 // The scale of a prefix.

@@ -1,6 +1,7 @@
 #include <varnix/value/Radio_formulas.h>
 
 #include "Conversions.h"
+#include "Level_arithmetic.h"
 #include "Refusals.h"
 
 namespace Varnix::Value {
@@ -16,13 +17,6 @@ Band Plain_band(Measurement const& x) {
         throw Refusal::gain_is_ambiguous;
     }
     return Converted(x, C_Empty);
-}
-
-Band Gain_band(Measurement const& x) {
-    if (Form_of(x) != Form::gain) {
-        throw Refusal::not_a_gain;
-    }
-    return Band_of(x);
 }
 
 bool Is_below(Enclosed const& x, Enclosed const& limit) {

@@ -189,8 +189,8 @@ namespace {
 
 // Of volts, amperes, watts and ohms, the one with which a first becomes a second.
 Way_out Third_quantity(Units const& first, Units const& second) {
-    auto const either = [first = Electrical_of(Kind_of(first)),
-                         second = Electrical_of(Kind_of(second))](Electrical quantity) {
+    auto const either = [first = Electrical_of(Kind_of(first)).quantity,
+                         second = Electrical_of(Kind_of(second)).quantity](Electrical quantity) {
         return first == quantity || second == quantity;
     };
     return !either(Electrical::resistance) ? Way_out::with_resistance
@@ -208,14 +208,10 @@ Way_out Way_between_roles(Units const& first, Units const& second) {
     return is_of_product ? Way_out::to_kelvin : Way_out::mark_difference;
 }
 
-bool Is_gain(Units const& unit) {
-    return Is_decibel(unit) && unit.tuples[0].unit == NO_UNIT;
-}
-
 // To add a gain to a quantity, that is a level, where it has one.
 Way_out Level_of_either(Units const& first, Units const& second) {
     Units const& quantity = Is_gain(first) ? second : first;
-    return Level_factor(Kind_of(quantity)) != 0 ? Way_out::to_level : Way_out::none;
+    return Level_factor(quantity) != 0 ? Way_out::to_level : Way_out::none;
 }
 
 Way_out Way_out_between(Refusal reason, Units const& first, Units const& second) {

@@ -4,6 +4,7 @@
 #include "Result_units.h"
 
 #include "Physical_units.h"
+#include "catalogue/Prefixes.h"
 
 #include <array>
 #include <cstdlib>
@@ -12,7 +13,7 @@ namespace Varnix::Value::Physics {
 
 namespace {
 
-constexpr std::size_t Slot_count = Value_detail::Dimension_limit;
+constexpr std::size_t Slot_count = Catalogue::Dimension_count;
 constexpr int Largest_power = 64;
 
 // A tuple for each dimension; NO_UNIT where there is none. The order of the dimensions is
@@ -25,7 +26,7 @@ Slots Taken_apart(Units const& unit) {
         if (tuple.unit == NO_UNIT) {
             break;
         }
-        slots[static_cast<std::size_t>(Dimension_of(tuple.unit))] = tuple;
+        slots[Catalogue::Place_of(Catalogue::Dimension_of(tuple.unit))] = tuple;
     }
     return slots;
 }
@@ -54,7 +55,7 @@ Result_unit Put_together(Slots const& slots) {
 }
 
 bool Is_ratio(Units_list unit) {
-    return unit == PERCENT || unit == PPM || unit == PPB;
+    return unit != NO_UNIT && Catalogue::Row_of(unit).quantity == Catalogue::Quantity::RATIO;
 }
 
 bool Is_electrical(std::size_t dimension) {
@@ -113,6 +114,34 @@ Units Without_prefix(Units unit) {
 
 } // namespace
 
+namespace {
+
+// The unit that is written first: of those above the line the first beyond the core, or else the first.
+Unit_tuple First_written(Units const& unit) {
+    Unit_tuple first{};
+    for (Unit_tuple const& tuple : unit.tuples) {
+        bool const comes_before =
+            first.unit == NO_UNIT ||
+            (Catalogue::Is_unit_of_core(first.unit) && !Catalogue::Is_unit_of_core(tuple.unit));
+        if (tuple.unit != NO_UNIT && tuple.exponent > 0 && comes_before) {
+            first = tuple;
+        }
+    }
+    return first;
+}
+
+// The prefix that a product keeps: that of both, where it has a name and is a power of 1000, before a unit to
+// the first power.
+SI_units Kept_prefix(SI_units left, int sign, SI_units right, Units const& product) {
+    int const power = left + sign * right;
+    bool const has_name = !Is_binary_prefix(left) && !Is_binary_prefix(right) && power % 3 == 0 &&
+                          Catalogue::Find_prefix(power) != nullptr && !Catalogue::Is_binary(power);
+    return has_name && First_written(product).exponent == 1 ? static_cast<SI_units>(power)
+                                                            : NO_PREFIX;
+}
+
+} // namespace
+
 Result_unit Unit_of_product(Units const& left, int sign, Units const& right) {
     Kind const left_kind = Kind_of(left);
     Kind const right_kind = Kind_of(right);
@@ -138,6 +167,9 @@ Result_unit Unit_of_product(Units const& left, int sign, Units const& right) {
     Result_unit result = Put_together(slots);
     if (!result.refusal && Kind_of(result.unit) != kind) {
         result.refusal = Why_not_joined(left_kind, right_kind);
+    }
+    if (!result.refusal) {
+        result.unit.si_prefix = Kept_prefix(left.si_prefix, sign, right.si_prefix, result.unit);
     }
     return result;
 }

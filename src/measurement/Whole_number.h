@@ -32,9 +32,9 @@ class Whole_number {
 
     // By the odd primes of a ratio above the line, or for sign -1 by those below it.
     void Multiply(Exact_factor const& ratio, int sign) {
-        for (std::size_t k = 1; k < Exact_factor::primes.size(); ++k) {
+        for (std::size_t k = 1; k < primes.count; ++k) {
             for (int left = sign * ratio.powers[k]; left > 0 && !too_long; --left) {
-                Multiply(static_cast<std::uint32_t>(Exact_factor::primes[k]));
+                Multiply(primes.numbers[k]);
             }
         }
     }
