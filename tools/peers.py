@@ -26,6 +26,7 @@ class Reading:
     powers: tuple  # of (base, power), in the order of their names
     other: str = ''
     step: float = None  # of a scale with an offset: the difference of one
+    is_level: bool = False
 
     def unit(self):
         """The product of the base units, as our tool reads it."""
@@ -155,7 +156,9 @@ class Udunits:
         converter = ctypes.c_void_p(self.library.ut_get_converter(unit, self._parsed(product or '1')))
         zero, one = (self.library.cv_convert_double(converter, ctypes.c_double(number)) for number in (0.0, 1.0))
         reading = reading_of(one, powers)
-        return dataclasses.replace(reading, step=one - zero) if offset and not reference else reading
+        if reference:
+            return dataclasses.replace(reading, is_level=True)
+        return dataclasses.replace(reading, step=one - zero) if offset else reading
 
     @staticmethod
     def names():
