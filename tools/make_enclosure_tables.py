@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Writes src/measurement/Enclosed_tables.h: constants and tables of logarithms and exponentials.
+"""Writes src/enclosing/Enclosed_tables.h: constants and tables of logarithms and exponentials.
 
 Each number is computed to 60 decimal digits and kept as a sum of two doubles. What the second leaves out is
 at most half of its last place: 2^-107 where the first lies between 1 and 2.
@@ -10,7 +10,7 @@ import math
 import pathlib
 
 getcontext().prec = 60
-TARGET = pathlib.Path(__file__).resolve().parent.parent / "src" / "measurement" / "Enclosed_tables.h"
+TARGET = pathlib.Path(__file__).resolve().parent.parent / "src" / "enclosing" / "Enclosed_tables.h"
 
 
 def exact(number):
@@ -42,8 +42,8 @@ def main():
     lines = [
         "// Constants and tables as sums of two doubles, made by tools/make_enclosure_tables.py.",
         "",
-        "#ifndef VARNIX_VALUE_MEASUREMENT_ENCLOSED_TABLES_H",
-        "#define VARNIX_VALUE_MEASUREMENT_ENCLOSED_TABLES_H",
+        "#ifndef VARNIX_VALUE_ENCLOSING_ENCLOSED_TABLES_H",
+        "#define VARNIX_VALUE_ENCLOSING_ENCLOSED_TABLES_H",
         "",
         '#include "Enclosed.h"',
         "",

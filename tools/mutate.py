@@ -41,6 +41,9 @@ def of_tool(script, *arguments):
 
 
 RUN_CASES = [of_tool('run_cases.py', f'@tests/tool/cases/{name}.txt', '--') for name in TOOL_CASES]
+OF_MEASUREMENTS = Layer(['ValueObjectMeasurement', 'measurement_inside_tests', 'value-object'],
+                        [['tests/measurement_tests'], ['tests/measurement_inside_tests'], replayed('measurements'),
+                         *RUN_CASES])
 LAYERS = {
     'src/tool/': Layer(['value-object'], [*RUN_CASES, of_tool('streams_test.py'), of_tool('documents_test.py')]),
     'src/text/': Layer(['ValueObjectText', 'value-object'],
@@ -48,9 +51,8 @@ LAYERS = {
                         ['tests/text_formatting_tests', '--gtest_fail_fast'],
                         replayed('parsing'), replayed('printing'), *RUN_CASES]),
     'src/c/': Layer(['c_test'], [['tests/c_test']]),
-    'src/measurement/': Layer(['ValueObjectMeasurement', 'measurement_inside_tests', 'value-object'],
-                              [['tests/measurement_tests'], ['tests/measurement_inside_tests'], replayed('measurements'),
-                               *RUN_CASES]),
+    'src/measurement/': OF_MEASUREMENTS,
+    'src/enclosing/': OF_MEASUREMENTS,
     'src/': Layer(['ValueObject', 'value_object_inside_tests'],
                   [['tests/value_object_tests', '--gtest_fail_fast'], ['tests/value_object_inside_tests'],
                    replayed('units'), replayed('operations')]),

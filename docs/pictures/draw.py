@@ -107,7 +107,7 @@ def draw_layers():
     picture = Picture(640, 390, 'The layers: each calls those below it alone')
     rows = [('tool', 'Python', 'C'), ('measurements',), ('texts',), ('value objects, converters',),
             ('unit algebra',), ('unit model and catalogue',), ('errors',)]
-    folders = ['src/tool  python  src/c', 'src/measurement', 'src/text', 'src/conversion  src/value',
+    folders = ['src/tool  python  src/c', 'src/measurement  src/enclosing', 'src/text', 'src/conversion  src/value',
                'Units_library.cpp', 'Units.cpp  src/units', 'exceptions.cpp  src/errors']
     for number, (row, folder) in enumerate(zip(rows, folders)):
         width = 380 / len(row)

@@ -4,6 +4,7 @@
 #define VARNIX_VALUE_CATALOGUE_SIZES_H
 
 #include "catalogue/Unit_rows.h"
+#include "enclosing/Exact_factor.h"
 
 #include <array>
 #include <cstddef>
@@ -88,12 +89,7 @@ constexpr Size Read_size(char const* text) {
 
 // ---- Prime numbers
 
-struct Prime_numbers {
-    static constexpr std::size_t Limit = 38;
-
-    std::array<std::uint32_t, Limit> numbers{2, 3, 5}; // the powers of ten are known to be here
-    std::size_t count = 3;
-};
+using Physics::Prime_numbers;
 
 constexpr void Add(Prime_numbers& primes, std::uint64_t prime) {
     primes.numbers[primes.count++] =

@@ -5,6 +5,7 @@
 #include "Measurement_parts.h"
 #include "Refusals.h"
 #include "Result_units.h"
+#include "enclosing/Prepared_factor.h"
 
 #include <varnix/value/Levels.h>
 #include <varnix/value/Measurement.h>
@@ -78,7 +79,7 @@ Measurement Temperature_sum_of(Measurement const& x, int sign, Measurement const
     return Rounded(Band_of(x) + (sign > 0 ? second : -second), unit, roles.is_difference);
 }
 
-Numbers Negated(Numbers const& x) {
+Rounded_numbers Negated(Rounded_numbers const& x) {
     return {-x.upper, -x.value, -x.lower};
 }
 
@@ -91,9 +92,10 @@ Measurement Linear_sum(Measurement const& x, int sign, Measurement const& y) {
     if (auto const decimals = Decimal_sum(x, sign, y, y.Is_difference(), unit, x.Is_difference())) {
         return *decimals;
     }
-    Numbers numbers{};
+    Rounded_numbers numbers{};
     if (unit == other && !Keep_decimals(x, y) &&
-        Short_sum(Numbers_of(x), sign > 0 ? Numbers_of(y) : Negated(Numbers_of(y)), numbers)) {
+        Quick_sum(Rounded_numbers_of(x),
+                  sign > 0 ? Rounded_numbers_of(y) : Negated(Rounded_numbers_of(y)), numbers)) {
         return Made_of(numbers, unit, x.Is_difference());
     }
     Band const second = unit == other ? Band_of(y) : Converted(y, unit, x.Is_difference());
@@ -163,15 +165,16 @@ bool Product_is_difference(Measurement const& x, int sign, Measurement const& y,
 }
 
 // Units of one size, or of one that is only divided by.
-bool Short_product_of(Measurement const& x, int sign, Measurement const& y,
-                      Prepared_factor const& factor, Numbers& numbers) {
+bool Quick_product_of(Measurement const& x, int sign, Measurement const& y,
+                      Prepared_factor const& factor, Rounded_numbers& numbers) {
     double above = 0.0;
     double below = 0.0;
     if (!factor.As_whole_numbers(above, below) || above != 1.0) {
         return false;
     }
-    return sign > 0 ? Short_product(Numbers_of(x), Numbers_of(y), below, numbers)
-                    : below == 1.0 && Short_quotient(Numbers_of(x), Numbers_of(y), numbers);
+    return sign > 0 ? Quick_product(Rounded_numbers_of(x), Rounded_numbers_of(y), below, numbers)
+                    : below == 1.0 &&
+                          Quick_quotient(Rounded_numbers_of(x), Rounded_numbers_of(y), numbers);
 }
 
 // The product of decimals, in units whose sizes have a decimal ratio.
@@ -213,8 +216,8 @@ Measurement Linear_product(Measurement const& x, int sign, Measurement const& y)
     bool const is_difference = Product_is_difference(x, sign, y, result.unit);
     Exact_factor const factor =
         Size_of(left) * Physics::Power(Size_of(right), sign) / Size_of(result.unit);
-    Numbers numbers{};
-    if (!Keep_decimals(x, y) && Short_product_of(x, sign, y, Prepared_factor(factor), numbers)) {
+    Rounded_numbers numbers{};
+    if (!Keep_decimals(x, y) && Quick_product_of(x, sign, y, Prepared_factor(factor), numbers)) {
         return Made_of(numbers, result.unit, is_difference);
     }
     return Scaled_product(x, sign, y, factor, result.unit, is_difference);

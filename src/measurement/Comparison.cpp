@@ -1,9 +1,9 @@
 // Order, limits, and what two measurements allow together.
 
 #include "Conversions.h"
-#include "Exact_comparison.h"
 #include "Measurement_parts.h"
 #include "Refusals.h"
+#include "enclosing/Exact_comparison.h"
 
 #include <varnix/value/Measurement.h>
 

@@ -1,6 +1,8 @@
 #include "Conversions.h"
 
 #include "Measurement_parts.h"
+#include "enclosing/Elementary_functions.h"
+#include "enclosing/Prepared_factor.h"
 
 #include <algorithm>
 
@@ -63,27 +65,28 @@ Refusal Why_kinds_differ(Kind const& first, Kind const& second) {
 namespace {
 
 // kelvins = (factor * x + offset) / divisor.
-struct Scale {
+struct Temperature_scale {
     Units_list unit;
     Whole_formula formula;
 };
 
 // clang-format off
-constexpr Scale scales[] = {
+constexpr Temperature_scale scales[] = {
     {KELVIN,   {  1,     0,   1}},
     {DEGREE_C, {100, 27315, 100}}, // 0 °C is 273.15 K
     {DEGREE_F, {100, 45967, 180}}, // 0 °F is 459.67 * 5 / 9 K
 };
 // clang-format on
 
-Scale const& Scale_of(Units const& unit) {
-    return *std::find_if(std::begin(scales), std::end(scales) - 1,
-                         [&](Scale const& scale) { return scale.unit == unit.tuples[0].unit; });
+Temperature_scale const& Scale_of(Units const& unit) {
+    return *std::find_if(
+        std::begin(scales), std::end(scales) - 1,
+        [&](Temperature_scale const& scale) { return scale.unit == unit.tuples[0].unit; });
 }
 
 // From the one scale to kelvin, and back to the other: ((f x + o) / d * D - O) / F with the source's
 // small letters and the target's capitals. All numbers are whole, so that what is exact stays so.
-Whole_formula Formula_between(Scale const& from, Scale const& to) {
+Whole_formula Formula_between(Temperature_scale const& from, Temperature_scale const& to) {
     Whole_formula const& source = from.formula;
     Whole_formula const& target = to.formula;
     return {source.factor * target.divisor,

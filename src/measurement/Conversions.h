@@ -3,9 +3,9 @@
 #ifndef VARNIX_VALUE_MEASUREMENT_CONVERSIONS_H
 #define VARNIX_VALUE_MEASUREMENT_CONVERSIONS_H
 
-#include "Bands.h"
 #include "Forms.h"
 #include "Kept_decimals.h"
+#include "Measured_bands.h"
 
 #include <varnix/value/Measurement.h>
 

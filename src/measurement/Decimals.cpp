@@ -1,4 +1,5 @@
 #include "Decimals.h"
+#include "enclosing/Prepared_factor.h"
 
 #include <algorithm>
 #include <charconv>
@@ -22,7 +23,7 @@ int Digit_value(char character) {
 }
 
 // Beyond every double it is -100000; what reads the text has refused numbers that are too large.
-int Exponent_of(std::string_view text) {
+int Exponent_in(std::string_view text) {
     text.remove_prefix(!text.empty() && text[0] == '+' ? 1 : 0);
     int exponent = 0;
     auto const result = std::from_chars(text.data(), text.data() + text.size(), exponent);
@@ -66,7 +67,7 @@ Scaled_number Read_digits(std::string_view text) {
     }
     read.mantissa = With_block(read.mantissa, block);
     if (end < text.size()) {
-        read.power += Exponent_of(text.substr(end + 1));
+        read.power += Exponent_in(text.substr(end + 1));
     }
     return read;
 }
@@ -75,7 +76,7 @@ Enclosed Times_power(Enclosed const& number, int base, int power) {
     return number * (base == 10 ? Powers_of_ten(power) : Power_of_two(power));
 }
 
-Scaled_number Scaled(Decimal_text const& text) {
+Scaled_number Scaled_number_of(Decimal_text const& text) {
     Scaled_number number = Read_digits(text.digits);
     number.power += text.power_of_ten;
     number.mantissa = text.negative ? -number.mantissa : number.mantissa;
@@ -85,14 +86,14 @@ Scaled_number Scaled(Decimal_text const& text) {
 } // namespace
 
 Enclosed Number_of(Decimal_text const& text) {
-    Scaled_number const number = Scaled(text);
+    Scaled_number const number = Scaled_number_of(text);
     return Times_power(number.mantissa, number.base, number.power);
 }
 
 // Both as whole numbers of the lesser place.
 Enclosed Sum_of(Decimal_text const& first, int sign, Decimal_text const& second) {
-    Scaled_number const left = Scaled(first);
-    Scaled_number const right = Scaled(second);
+    Scaled_number const left = Scaled_number_of(first);
+    Scaled_number const right = Scaled_number_of(second);
     if (left.base != right.base || std::abs(left.power - right.power) > 40) {
         Enclosed const addend = Number_of(second);
         return Number_of(first) + (sign > 0 ? addend : -addend);
@@ -130,7 +131,7 @@ struct Whole_digits {
     }
 };
 
-constexpr int Greatest_exponent = 1000; // far beyond the decimals that are kept
+constexpr int Greatest_kept_exponent = 1000; // far beyond the decimals that are kept
 
 } // namespace
 
@@ -151,9 +152,9 @@ std::optional<Whole_decimal> Whole_of(Decimal_text const& text) {
         digits.Add(text.digits[end] - '0');
         decimals += behind_point ? 1 : 0;
     }
-    int const exponent = end < text.digits.size() ? Exponent_of(text.digits.substr(end + 1)) : 0;
+    int const exponent = end < text.digits.size() ? Exponent_in(text.digits.substr(end + 1)) : 0;
     int const power = exponent + text.power_of_ten + digits.zeros - decimals;
-    if (!digits.fits || std::abs(exponent) > Greatest_exponent) {
+    if (!digits.fits || std::abs(exponent) > Greatest_kept_exponent) {
         return std::nullopt;
     }
     double const whole = static_cast<double>(digits.whole);

@@ -3,7 +3,7 @@
 #ifndef VARNIX_VALUE_MEASUREMENT_DECIMALS_H
 #define VARNIX_VALUE_MEASUREMENT_DECIMALS_H
 
-#include "Enclosed.h"
+#include "enclosing/Enclosed.h"
 
 #include <varnix/value/Text_parsing.h>
 

@@ -3,6 +3,7 @@
 #include "Conversions.h"
 #include "Measurement_parts.h"
 #include "Refusals.h"
+#include "enclosing/Elementary_functions.h"
 
 #include <varnix/value/Measurement.h>
 

@@ -28,6 +28,12 @@ Form Form_of(Measurement const& x) {
     return Form_of(Measurement_parts::Unit_of(x), x.Is_difference());
 }
 
+bool Has_core_codes(Units const& unit) {
+    return std::all_of(std::begin(unit.tuples), std::end(unit.tuples), [](Unit_tuple const& tuple) {
+        return tuple.unit < Catalogue::First_code_beyond_core;
+    });
+}
+
 bool Is_temperature(Units const& unit) {
     Unit_tuple const& first = unit.tuples[0];
     bool const one = first.exponent == 1 && unit.tuples[1].unit == NO_UNIT && !Is_decibel(unit);
@@ -136,12 +142,8 @@ Units Arranged_beyond_core(Units const& unit) {
 }
 
 Units Arranged(Units const& unit) {
-    bool const is_of_core =
-        std::all_of(std::begin(unit.tuples), std::end(unit.tuples), [](Unit_tuple const& tuple) {
-            return static_cast<int>(tuple.unit) < Catalogue::First_code_beyond_core;
-        });
-    return is_of_core ? Value_object<double>(0.0, unit, 0.0, 0.0).Get_unit()
-                      : Arranged_beyond_core(unit);
+    return Has_core_codes(unit) ? Value_object<double>(0.0, unit, 0.0, 0.0).Get_unit()
+                                : Arranged_beyond_core(unit);
 }
 
 } // namespace

@@ -46,6 +46,9 @@ inline Units Without_decibels(Units unit) {
     return unit;
 }
 
+// Whether all codes are of the core, known there or not, and none is beyond it.
+bool Has_core_codes(Units const& unit);
+
 // Whether the unit is one temperature to the first power and linear; whether that is kelvin, whose
 // zero is that of the quantity.
 bool Is_temperature(Units const& unit);

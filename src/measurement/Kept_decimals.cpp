@@ -64,7 +64,7 @@ double Suggested(double number, int power) {
 }
 
 // whole * 10^power, rounded to nearest, and a rest that has the sign of what that leaves out.
-Exact_pair Rounded(double whole, int power) {
+Exact_pair Nearest_with_rest(double whole, int power) {
     if (power >= 0) {
         return Exact_product(whole, Ten_to(power));
     }
@@ -73,17 +73,17 @@ Exact_pair Rounded(double whole, int power) {
     return {quotient, (whole - product.rounded) - product.rest};
 }
 
-Numbers Rounded(Decimal_numbers const& x) {
+Rounded_numbers Rounded_numbers_of(Decimal_numbers const& x) {
     if (Is_single(x)) {
-        Exact_pair const number = Rounded(x.value, x.power);
+        Exact_pair const number = Nearest_with_rest(x.value, x.power);
         return {Down(number), number.rounded, Up(number)};
     }
-    auto const lower = std::isinf(x.lower) ? x.lower : Down(Rounded(x.lower, x.power));
-    auto const upper = std::isinf(x.upper) ? x.upper : Up(Rounded(x.upper, x.power));
-    return {lower, Rounded(x.value, x.power).rounded, upper};
+    auto const lower = std::isinf(x.lower) ? x.lower : Down(Nearest_with_rest(x.lower, x.power));
+    auto const upper = std::isinf(x.upper) ? x.upper : Up(Nearest_with_rest(x.upper, x.power));
+    return {lower, Nearest_with_rest(x.value, x.power).rounded, upper};
 }
 
-Decimal_numbers Decoded(Numbers const& numbers, Code const& code) {
+Decimal_numbers Decoded(Rounded_numbers const& numbers, Code const& code) {
     auto const decoded = [&](double number, std::size_t k) {
         return std::isinf(number) ? number : Suggested(number, code.power) + code.corrections[k];
     };
@@ -91,7 +91,7 @@ Decimal_numbers Decoded(Numbers const& numbers, Code const& code) {
             code.power};
 }
 
-Code Code_of(Decimal_numbers const& x, Numbers const& rounded) {
+Code Code_of(Decimal_numbers const& x, Rounded_numbers const& rounded) {
     auto const correction = [&x](double whole, double number) {
         return std::isinf(whole) ? 0 : static_cast<int>(whole - Suggested(number, x.power));
     };
@@ -179,7 +179,8 @@ Decimal_numbers Without_zeros(Decimal_numbers x) {
 
 Maybe_decimals Kept_decimals(Measurement const& x) {
     std::int32_t const code = x.Get_decimal_code();
-    return code == 0 ? std::nullopt : Maybe_decimals(Decoded(Numbers_of(x), Unpacked(code)));
+    return code == 0 ? std::nullopt
+                     : Maybe_decimals(Decoded(Rounded_numbers_of(x), Unpacked(code)));
 }
 
 namespace {
@@ -233,12 +234,12 @@ std::optional<Measurement> Made_of_decimals(Maybe_decimals const& numbers, Units
     if (!Bring_to_standard_form(x)) {
         return std::nullopt;
     }
-    Numbers const rounded = Rounded(x);
+    Rounded_numbers const rounded = Rounded_numbers_of(x);
     return Measurement_parts::Made(rounded.value, rounded.lower, rounded.upper, unit, is_difference,
                                    Packed(Code_of(x, rounded)));
 }
 
-std::int32_t Checked_code(Numbers const& numbers, std::int32_t code) {
+std::int32_t Checked_code(Rounded_numbers const& numbers, std::int32_t code) {
     Code const unpacked = Unpacked(code);
     if (code == 0 || std::abs(unpacked.power) > Greatest_power) {
         return 0;
@@ -255,14 +256,14 @@ std::int32_t Checked_code(Numbers const& numbers, std::int32_t code) {
 }
 
 Exact_pair As_sum(double whole, int power) {
-    Exact_pair const rounded = Rounded(whole, power);
+    Exact_pair const rounded = Nearest_with_rest(whole, power);
     return {rounded.rounded, power < 0 ? rounded.rest / Ten_to(-power) : rounded.rest};
 }
 
 bool Are_doubles(Measurement const& x) {
     Maybe_decimals const decimals = Kept_decimals(x);
     auto const is_double = [&](double whole) {
-        return std::isinf(whole) || Rounded(whole, decimals->power).rest == 0.0;
+        return std::isinf(whole) || Nearest_with_rest(whole, decimals->power).rest == 0.0;
     };
     return !decimals ||
            (is_double(decimals->lower) && is_double(decimals->value) && is_double(decimals->upper));

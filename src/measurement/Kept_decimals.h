@@ -10,9 +10,9 @@
 #ifndef VARNIX_VALUE_MEASUREMENT_KEPT_DECIMALS_H
 #define VARNIX_VALUE_MEASUREMENT_KEPT_DECIMALS_H
 
-#include "Exact_factor.h"
-#include "Short_ways.h"
+#include "Quick_arithmetic.h"
 #include "basics/Error_free.h"
+#include "enclosing/Exact_factor.h"
 
 #include <varnix/value/Measurement.h>
 
@@ -51,7 +51,7 @@ std::optional<Measurement> Made_of_decimals(Maybe_decimals const& numbers, Units
                                             bool is_difference = false);
 
 // The code of three doubles that are meant as such decimals, or 0 where they are others.
-std::int32_t Checked_code(Numbers const& numbers, std::int32_t code);
+std::int32_t Checked_code(Rounded_numbers const& numbers, std::int32_t code);
 
 // whole * 10^power as the sum of two doubles, to 2^-105 of it.
 Exact_pair As_sum(double whole, int power);

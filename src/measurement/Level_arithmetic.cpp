@@ -4,6 +4,8 @@
 #include "Measurement_parts.h"
 #include "Result_units.h"
 #include "catalogue/Prefixes.h"
+#include "enclosing/Elementary_functions.h"
+#include "enclosing/Prepared_factor.h"
 
 #include <optional>
 

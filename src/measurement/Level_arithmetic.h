@@ -3,7 +3,7 @@
 #ifndef VARNIX_VALUE_MEASUREMENT_LEVEL_ARITHMETIC_H
 #define VARNIX_VALUE_MEASUREMENT_LEVEL_ARITHMETIC_H
 
-#include "Bands.h"
+#include "Measured_bands.h"
 
 #include <varnix/value/Measurement.h>
 

@@ -5,6 +5,7 @@
 #include "Conversions.h"
 #include "Level_arithmetic.h"
 #include "Refusals.h"
+#include "enclosing/Elementary_functions.h"
 
 #include <algorithm>
 #include <optional>

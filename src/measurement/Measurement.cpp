@@ -5,8 +5,9 @@
 #include "Conversions.h"
 #include "Kept_decimals.h"
 #include "Measurement_parts.h"
+#include "Quick_power.h"
 #include "Refusals.h"
-#include "Short_power.h"
+#include "enclosing/Prepared_factor.h"
 
 #include <cmath>
 #include <limits>
@@ -113,6 +114,12 @@ Measurement Measurement::From(Value_object<double> const& quantity, Levels level
 }
 
 Value_object<double> Measurement::To_value_object(Levels levels) const {
+    if (!Has_core_codes(unit)) {
+        throw MeasurementRefused(
+            Refusal::unit_not_valid,
+            "cannot hand over " + Described(*this) +
+                ": Value_object does not have the unit; convert to one that it has");
+    }
     Check_level_meaning(unit, levels, "hand over ");
     if (difference && !Is_kelvin(unit)) {
         Refuse(Refusal::difference_has_no_unit, "hand over", *this);
@@ -141,7 +148,7 @@ Measurement Measurement::As_point() const {
 
 Measurement Measurement::With_decimal_code(std::int32_t code) const noexcept {
     Measurement result = *this;
-    result.decimal_code = Checked_code(Numbers_of(*this), code);
+    result.decimal_code = Checked_code(Rounded_numbers_of(*this), code);
     return result;
 }
 
@@ -158,7 +165,7 @@ bool Is_same(Measurement const& x, Measurement const& y) noexcept {
 namespace {
 
 // A linear quantity by a factor: the usual case.
-bool Short_conversion(Measurement const& x, Units const& target, Numbers& numbers) {
+bool Quick_conversion(Measurement const& x, Units const& target, Rounded_numbers& numbers) {
     Units const& unit = Measurement_parts::Unit_of(x);
     bool const by_factor =
         Form_of(x) == Form::linear && Form_of(target, x.Is_difference()) == Form::linear;
@@ -168,11 +175,11 @@ bool Short_conversion(Measurement const& x, Units const& target, Numbers& number
     double above = 0.0;
     double below = 0.0;
     return Prepared_factor(Size_of(unit) / Size_of(target)).As_whole_numbers(above, below) &&
-           Short_multiple(Numbers_of(x), above, below, numbers);
+           Quick_multiple(Rounded_numbers_of(x), above, below, numbers);
 }
 
 // A level to a linear quantity whose size is a power of ten of its reference.
-bool Short_power_conversion(Measurement const& x, Units const& target, Numbers& numbers) {
+bool Quick_power_conversion(Measurement const& x, Units const& target, Rounded_numbers& numbers) {
     Units const& unit = Measurement_parts::Unit_of(x);
     if (!Is_decibel(unit) || Form_of(target, x.Is_difference()) != Form::linear) {
         return false;
@@ -181,21 +188,21 @@ bool Short_power_conversion(Measurement const& x, Units const& target, Numbers& 
     Exact_factor const ratio = Size_of(unit) / Size_of(target);
     int const tens = Tens_in(ratio);
     bool const is_power = kind != Kind() && kind == Kind_of(target) && ratio == Powers_of_ten(tens);
-    return is_power && Short_power(x, Level_factor(unit), tens, numbers);
+    return is_power && Quick_power(x, Level_factor(unit), tens, numbers);
 }
 
 Measurement Converted_to(Measurement const& x, Units const& target) {
-    Numbers numbers{};
+    Rounded_numbers numbers{};
     bool const is_difference = x.Is_difference() && Is_temperature(target); // a level is none
     if (x.Get_decimal_code() != 0) {
         Maybe_decimals const decimals = Decimals_in(x, x.Is_difference(), target);
         if (auto const made = Made_of_decimals(decimals, target, is_difference)) {
             return *made;
         }
-    } else if (Short_conversion(x, target, numbers)) {
+    } else if (Quick_conversion(x, target, numbers)) {
         return Made_of(numbers, target, is_difference);
     }
-    return Short_power_conversion(x, target, numbers)
+    return Quick_power_conversion(x, target, numbers)
                ? Made_of(numbers, target, is_difference)
                : Rounded(Converted(x, target), target, is_difference);
 }

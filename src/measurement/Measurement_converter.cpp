@@ -4,9 +4,11 @@
 #include "Kept_decimals.h"
 #include "Measurement_parts.h"
 #include "Number_blocks.h"
+#include "Quick_power.h"
 #include "Refusals.h"
-#include "Short_power.h"
 #include "basics/Error_free.h"
+#include "enclosing/Elementary_functions.h"
+#include "enclosing/Prepared_factor.h"
 
 #include <cmath>
 #include <limits>
@@ -117,9 +119,9 @@ Measurement Measurement_converter::Convert(Measurement const& x) const {
             return *converted;
         }
     }
-    Numbers numbers{};
+    Rounded_numbers numbers{};
     if (is_prepared && way == Way::level_to_linear &&
-        Short_power(x, step, decimal_power, numbers)) {
+        Quick_power(x, step, decimal_power, numbers)) {
         return Made_of(numbers, target);
     }
     return x.Convert_to(target);

@@ -46,22 +46,17 @@ struct Read_unit {
     bool is_valid = false; // as a unit to measure in; otherwise it is not known yet
 };
 
-Parse_result<Read_unit> Unit_of(Quantity_parts const& parts, Dialect dialect) {
+Parse_result<Measurement_unit> Read_unit_of(Quantity_parts const& parts, Dialect dialect) {
     if (parts.unit.empty()) {
-        return Read_unit{C_Empty, false};
+        return Measurement_unit();
     }
-    std::optional<Units> const difference =
-        dialect == Dialect::standard ? Difference_unit(parts.unit) : std::nullopt;
-    if (difference) {
-        return Read_unit{*difference, true};
+    Parse_result<Measurement_unit> unit = Try_parse_measurement_unit(parts.unit, dialect);
+    if (unit) {
+        return unit;
     }
-    Parse_result<Units> const unit = Try_parse_unit(parts.unit, dialect);
-    if (!unit) {
-        Text_fault fault = unit.Get_fault();
-        fault.position += parts.unit_position;
-        return fault;
-    }
-    return Read_unit{*unit, false};
+    Text_fault fault = unit.Get_fault();
+    fault.position += parts.unit_position;
+    return fault;
 }
 
 // ---- The numbers
@@ -91,7 +86,7 @@ double Deviated_above(Decimal_text const& value, Decimal_text const& deviation) 
     return std::isfinite(nearly) ? Round_up(Sum_of(value, 1, deviation)) : nearly;
 }
 
-Read_numbers Numbers_of(Quantity_parts const& parts) {
+Read_numbers Read_numbers_of(Quantity_parts const& parts) {
     switch (parts.form) {
     case Quantity_form::value_alone:
         return {parts.value.nearest, Bound_below(parts.value), Bound_above(parts.value)};
@@ -135,7 +130,7 @@ Maybe_decimals Joined(Maybe_decimals const& lower, Maybe_decimals const& value,
     return in_order ? Maybe_decimals(joined) : std::nullopt;
 }
 
-Maybe_decimals Decimals_of(Quantity_parts const& parts) {
+Maybe_decimals Read_decimals_of(Quantity_parts const& parts) {
     Maybe_decimals const value = Single_decimal(parts.value);
     switch (parts.form) {
     case Quantity_form::value_alone:
@@ -183,12 +178,12 @@ Measurement Made_of(Read_numbers const& numbers, Read_unit const& unit) {
 
 // Decimals where they fit, which nearly all do, and enclosed numbers elsewhere.
 Measurement Made_of(Quantity_parts const& parts, Read_unit const& unit) {
-    Maybe_decimals const decimals = Decimals_of(parts);
+    Maybe_decimals const decimals = Read_decimals_of(parts);
     Units const valid = decimals && !unit.is_valid
                             ? Made_of(Read_numbers{0.0, 0.0, 0.0}, unit).Get_unit()
                             : unit.unit;
     std::optional<Measurement> const made = Made_of_decimals(decimals, valid, unit.is_difference);
-    return made ? *made : Made_of(Numbers_of(parts), unit);
+    return made ? *made : Made_of(Read_numbers_of(parts), unit);
 }
 
 Read Read_parts(Quantity_parts const& parts, Read_unit const& unit) {
@@ -208,8 +203,8 @@ Read Read_measurement(std::string_view text, Number_forms forms) {
     if (!parts) {
         return parts.Get_fault();
     }
-    Parse_result<Read_unit> const unit = Unit_of(*parts, Dialect::standard);
-    return unit ? Read_parts(*parts, *unit) : Read(unit.Get_fault());
+    Parse_result<Measurement_unit> const unit = Read_unit_of(*parts, Dialect::standard);
+    return unit ? Read_parts(*parts, {unit->unit, unit->is_difference}) : Read(unit.Get_fault());
 }
 
 bool Give_bounds(Quantity_parts const& parts) {
@@ -231,6 +226,20 @@ Parse_result<Measurement> Result_of(Read read) {
 }
 
 } // namespace
+
+Parse_result<Measurement_unit> Try_parse_measurement_unit(std::string_view text, Dialect dialect) {
+    if (dialect == Dialect::standard) {
+        if (std::optional<Units> const difference = Difference_unit(text)) {
+            return Measurement_unit{*difference, true};
+        }
+    }
+    Parse_result<Units> const unit = Try_parse_unit(text, dialect);
+    return unit ? Parse_result<Measurement_unit>(Measurement_unit{*unit, false}) : unit.Get_fault();
+}
+
+Measurement_unit Parse_measurement_unit(std::string_view text, Dialect dialect) {
+    return *Try_parse_measurement_unit(text, dialect);
+}
 
 Measurement Parse_measurement(std::string_view text) {
     return Parse_measurement(text, usual_forms);
@@ -262,7 +271,7 @@ Parse_result<Measurement> Measurement_reader::Read(std::string_view text) {
     }
     has_bounds = Give_bounds(*parts);
     if (parts->unit != unit_text) {
-        Parse_result<Read_unit> const read = Unit_of(*parts, dialect);
+        Parse_result<Measurement_unit> const read = Read_unit_of(*parts, dialect);
         if (!read) {
             return read.Get_fault();
         }

@@ -16,12 +16,16 @@ Exact_numbers Exact_numbers_of(Measurement const& x) noexcept {
     return {x.Get_value(), x.Get_lower(), x.Get_upper(), 0, false};
 }
 
-std::string Format_unit(Measurement const& x, Unit_string_type spelling) {
-    std::string text = Format_unit(x.Get_unit(), spelling);
-    if (x.Is_difference()) {
+std::string Format_unit(Measurement_unit const& unit, Unit_string_type spelling) {
+    std::string text = Format_unit(unit.unit, spelling);
+    if (unit.is_difference) {
         text.insert(0, spelling == STR_SYMBOL ? "\u0394" : "delta_");
     }
     return text;
+}
+
+std::string Format_unit(Measurement const& x, Unit_string_type spelling) {
+    return Format_unit(Measurement_unit{x.Get_unit(), x.Is_difference()}, spelling);
 }
 
 std::string Write(Measurement const& x, Writing const& writing) {

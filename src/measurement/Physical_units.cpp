@@ -3,11 +3,12 @@
 #include "Physical_units.h"
 
 #include "catalogue/Prefixes.h"
+#include "catalogue/Sizes.h"
 
 namespace Varnix::Value::Physics {
 
-constexpr Catalogue::Prime_numbers made_primes = Catalogue::Primes_of_all_sizes();
-Catalogue::Prime_numbers const primes = made_primes;
+constexpr Prime_numbers made_primes = Catalogue::Primes_of_all_sizes();
+Prime_numbers const primes = made_primes;
 
 namespace {
 

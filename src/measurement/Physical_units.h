@@ -9,8 +9,8 @@
 #ifndef VARNIX_VALUE_MEASUREMENT_PHYSICAL_UNITS_H
 #define VARNIX_VALUE_MEASUREMENT_PHYSICAL_UNITS_H
 
-#include "Exact_factor.h"
 #include "catalogue/Kinds.h"
+#include "enclosing/Exact_factor.h"
 
 #include <varnix/value/Units.h>
 

@@ -3,6 +3,7 @@
 #include "Conversions.h"
 #include "Level_arithmetic.h"
 #include "Refusals.h"
+#include "enclosing/Elementary_functions.h"
 
 namespace Varnix::Value {
 

@@ -5,6 +5,7 @@
 
 #include "Physical_units.h"
 #include "catalogue/Prefixes.h"
+#include "catalogue/Unit_rows.h"
 
 #include <array>
 #include <cstdlib>
@@ -130,14 +131,21 @@ Unit_tuple First_written(Units const& unit) {
     return first;
 }
 
-// The prefix that a product keeps: that of both, where it has a name and is a power of 1000, before a unit to
-// the first power.
-SI_units Kept_prefix(SI_units left, int sign, SI_units right, Units const& product) {
+// Whether the unit that has the prefix of a factor cancels in the product, so that the prefix would go over to a
+// unit that had none: 500 km over 450 kn are no kilohours.
+bool Cancels_with_prefix(Units const& factor, Slots const& product) {
+    Unit_tuple const written = First_written(factor);
+    Units_list const carrier = written.unit != NO_UNIT ? written.unit : factor.tuples[0].unit;
+    return factor.si_prefix != NO_PREFIX && carrier != NO_UNIT &&
+           product[Catalogue::Place_of(Catalogue::Dimension_of(carrier))].exponent == 0;
+}
+
+// The prefix of a product: that of both, where it has a name and is a power of 1000.
+SI_units Prefix_of_product(SI_units left, int sign, SI_units right) {
     int const power = left + sign * right;
     bool const has_name = !Is_binary_prefix(left) && !Is_binary_prefix(right) && power % 3 == 0 &&
                           Catalogue::Find_prefix(power) != nullptr && !Catalogue::Is_binary(power);
-    return has_name && First_written(product).exponent == 1 ? static_cast<SI_units>(power)
-                                                            : NO_PREFIX;
+    return has_name ? static_cast<SI_units>(power) : NO_PREFIX;
 }
 
 } // namespace
@@ -161,6 +169,8 @@ Result_unit Unit_of_product(Units const& left, int sign, Units const& right) {
         slots[k].exponent += sign * others[k].exponent;
     }
     Kind const kind = Combined(left_kind, sign, right_kind);
+    bool const keeps_prefix =
+        !Is_plain(left) && !Cancels_with_prefix(left, slots) && !Cancels_with_prefix(right, slots);
     if (electrical) {
         Write_electrical(slots, kind);
     }
@@ -168,8 +178,8 @@ Result_unit Unit_of_product(Units const& left, int sign, Units const& right) {
     if (!result.refusal && Kind_of(result.unit) != kind) {
         result.refusal = Why_not_joined(left_kind, right_kind);
     }
-    if (!result.refusal) {
-        result.unit.si_prefix = Kept_prefix(left.si_prefix, sign, right.si_prefix, result.unit);
+    if (keeps_prefix && !result.refusal && First_written(result.unit).exponent == 1) {
+        result.unit.si_prefix = Prefix_of_product(left.si_prefix, sign, right.si_prefix);
     }
     return result;
 }

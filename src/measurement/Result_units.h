@@ -19,7 +19,8 @@ struct Result_unit {
 
 // The unit of left times right, or of left over right for sign -1. A plain number leaves unit and
 // prefix of the other; a reciprocal loses the prefix. Otherwise the prefix is the product of both where that has a
-// name and is a power of 1000, and the unit that is written first has the power 1; a dimension on both sides goes
+// name and is a power of 1000, the units that had the prefixes are still there, and the unit that is written first
+// has the power 1; a dimension on both sides goes
 // by the left unit, ratios are counted in, and where both sides are electrical, V^p A^q is written as watts, ohms,
 // volts or amperes alone where one of these will do.
 Result_unit Unit_of_product(Units const& left, int sign, Units const& right);

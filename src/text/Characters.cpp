@@ -10,10 +10,8 @@ using namespace Basics;
 
 namespace {
 
-using Kind = Character_kind;
-
 Character Raised(std::uint8_t size, std::uint32_t value) {
-    return {Kind::raised, size, static_cast<std::int8_t>(value)};
+    return {Character_kind::raised, size, static_cast<std::int8_t>(value)};
 }
 
 // Marks and controls of the direction of a line, and line breaks: in a message they would reorder
@@ -27,7 +25,7 @@ bool Turns_lines(std::uint32_t code) {
 Character Kind_of(Utf8_character const& character) {
     auto const [code, size] = character;
     if (size == 0) {
-        return {Kind::invalid, 1, 0};
+        return {Character_kind::invalid, 1, 0};
     }
     if ((code >= 0x2074 && code <= 0x2079) || code == 0x2070) {
         return Raised(size, code - 0x2070);
@@ -39,43 +37,43 @@ Character Kind_of(Utf8_character const& character) {
     case 0x207A: return Raised(size, '+');
     case 0x207B: return Raised(size, '-');
     case 0x00B7:                                   // middle dot
-    case 0x22C5: return {Kind::product, size, 0};  // dot operator
-    case 0x00B1: return {Kind::plus_minus, size, 0};
-    case 0x2212: return {Kind::minus, size, 0};
+    case 0x22C5: return {Character_kind::product, size, 0};  // dot operator
+    case 0x00B1: return {Character_kind::plus_minus, size, 0};
+    case 0x2212: return {Character_kind::minus, size, 0};
     case 0x00A0:                                   // the blanks that typesetters put before a unit
     case 0x2009:
-    case 0x202F: return {Kind::blank, size, 0};
+    case 0x202F: return {Character_kind::blank, size, 0};
     default:
-        return {code < 0xA0 || Turns_lines(code) ? Kind::invalid : Kind::letter, size, 0};
+        return {code < 0xA0 || Turns_lines(code) ? Character_kind::invalid : Character_kind::letter, size, 0};
     }
 }
 
-constexpr Kind Ascii_kind(unsigned char byte) {
+constexpr Character_kind Ascii_kind(unsigned char byte) {
     switch (byte) {
     case ' ':
-    case '\t': return Kind::blank;
-    case '.':  return Kind::product;
-    case '*':  return Kind::star;
-    case '/':  return Kind::slash;
-    case '^':  return Kind::caret;
-    case '(':  return Kind::opening;
+    case '\t': return Character_kind::blank;
+    case '.':  return Character_kind::product;
+    case '*':  return Character_kind::star;
+    case '/':  return Character_kind::slash;
+    case '^':  return Character_kind::caret;
+    case '(':  return Character_kind::opening;
     case ')':
-    case ']':  return Kind::closing;
-    case '[':  return Kind::bracket;
-    case '+':  return Kind::plus;
+    case ']':  return Character_kind::closing;
+    case '[':  return Character_kind::bracket;
+    case '+':  return Character_kind::plus;
     case '%':
-    case '_':  return Kind::letter;
+    case '_':  return Character_kind::letter;
     default:   break;
     }
-    return (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z') ? Kind::letter
-           : byte >= '0' && byte <= '9'                                 ? Kind::digit
-           : byte < 0x20 || byte == 0x7F                                ? Kind::invalid
-                                                                        : Kind::other;
+    return (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z') ? Character_kind::letter
+           : byte >= '0' && byte <= '9'                                 ? Character_kind::digit
+           : byte < 0x20 || byte == 0x7F                                ? Character_kind::invalid
+                                                                        : Character_kind::other;
 }
 // clang-format on
 
-constexpr std::array<Kind, 128> Make_ascii_kinds() {
-    std::array<Kind, 128> kinds{};
+constexpr std::array<Character_kind, 128> Make_ascii_kinds() {
+    std::array<Character_kind, 128> kinds{};
     for (unsigned char byte = 0; byte < 128; ++byte) {
         kinds[byte] = Ascii_kind(byte);
     }
@@ -84,7 +82,7 @@ constexpr std::array<Kind, 128> Make_ascii_kinds() {
 
 } // namespace
 
-std::array<Kind, 128> const ascii_kinds = Make_ascii_kinds();
+std::array<Character_kind, 128> const ascii_kinds = Make_ascii_kinds();
 
 Character Beyond_ascii(std::string_view text) {
     return Kind_of(First_character(text));
@@ -105,10 +103,10 @@ std::string Hexadecimal(std::uint32_t number, int count) {
 
 std::string Described(std::string_view text, std::size_t position) {
     Character const character = Character_at(text, position);
-    if (character.kind == Kind::text_end) {
+    if (character.kind == Character_kind::text_end) {
         return "the end of the text";
     }
-    if (character.kind != Kind::invalid) {
+    if (character.kind != Character_kind::invalid) {
         return Quoted(text.substr(position, character.size));
     }
     if (character.size > 1) {
@@ -126,7 +124,7 @@ std::string Quoted(std::string_view word) {
     std::size_t end = 0;
     while (end < word.size() && end < longest) {
         Character const character = Character_at(word, end);
-        if (character.kind == Kind::invalid) {
+        if (character.kind == Character_kind::invalid) {
             break;
         }
         end += character.size;

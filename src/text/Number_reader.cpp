@@ -10,8 +10,6 @@ namespace Varnix::Value {
 
 namespace {
 
-using Kind = Character_kind;
-
 // A number without its sign.
 struct Magnitude {
     std::size_t start;
@@ -20,7 +18,7 @@ struct Magnitude {
 
 Magnitude Skip_sign(std::string_view text, std::size_t position) {
     std::size_t const minus = Minus_size(text, position);
-    bool const plus = Character_at(text, position).kind == Kind::plus;
+    bool const plus = Character_at(text, position).kind == Character_kind::plus;
     return {position + (plus ? 1 : minus), minus != 0};
 }
 
@@ -43,7 +41,7 @@ bool Is_not_finite(std::string_view text, std::size_t start) {
 // A comma between digits, or digits in groups: numbers of another notation.
 std::optional<Text_fault> Notation_fault(std::string_view text, std::size_t end) {
     auto const digit_at = [&](std::size_t position) {
-        return Character_at(text, position).kind == Kind::digit;
+        return Character_at(text, position).kind == Character_kind::digit;
     };
     char const next = end < text.size() ? text[end] : '\0';
     if ((next == '_' || next == '\'') && digit_at(end + 1)) {
@@ -51,7 +49,7 @@ std::optional<Text_fault> Notation_fault(std::string_view text, std::size_t end)
     }
     std::size_t const behind_blanks = Skip_blanks(text, end);
     if (behind_blanks != end && digit_at(behind_blanks) &&
-        Character_at(text, Skip_blanks(text, behind_blanks + 1)).kind != Kind::slash) {
+        Character_at(text, Skip_blanks(text, behind_blanks + 1)).kind != Character_kind::slash) {
         return Text_fault{behind_blanks, "digits are written without blanks between them", {}};
     }
     return std::nullopt;

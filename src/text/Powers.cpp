@@ -8,8 +8,6 @@ namespace Varnix::Value {
 
 namespace {
 
-using Kind = Character_kind;
-
 // An integer that is read character by character. Digits beyond its range make it stay there.
 class Integer {
   public:
@@ -33,7 +31,7 @@ Integer Read_raised(std::string_view text, std::size_t& position) {
     for (bool first = true;; first = false) {
         Character const character = Character_at(text, position);
         bool const is_sign = character.value == '-' || character.value == '+';
-        if (character.kind != Kind::raised || (is_sign && !first)) {
+        if (character.kind != Character_kind::raised || (is_sign && !first)) {
             return integer;
         }
         if (character.value == '-') {
@@ -49,7 +47,7 @@ void Skip_sign(std::string_view text, std::size_t& position, Integer& integer) {
     if (std::size_t const minus = Minus_size(text, position)) {
         integer.Negate();
         position += minus;
-    } else if (Character_at(text, position).kind == Kind::plus) {
+    } else if (Character_at(text, position).kind == Character_kind::plus) {
         ++position;
     }
 }
@@ -57,7 +55,7 @@ void Skip_sign(std::string_view text, std::size_t& position, Integer& integer) {
 Integer Read_integer(std::string_view text, std::size_t& position) {
     Integer integer;
     Skip_sign(text, position, integer);
-    while (Character_at(text, position).kind == Kind::digit) {
+    while (Character_at(text, position).kind == Character_kind::digit) {
         integer.Append(text[position] - '0');
         ++position;
     }
@@ -66,7 +64,7 @@ Integer Read_integer(std::string_view text, std::size_t& position) {
 
 // The integer behind a power sign, in parentheses or not; `position` is where reading stopped.
 Integer Read_exponent(std::string_view text, std::size_t& position) {
-    bool const in_parentheses = Character_at(text, position).kind == Kind::opening;
+    bool const in_parentheses = Character_at(text, position).kind == Character_kind::opening;
     position += in_parentheses ? 1 : 0;
     Integer const integer = Read_integer(text, position);
     bool const closed = position < text.size() && text[position] == ')';
@@ -80,10 +78,10 @@ Integer Read_exponent(std::string_view text, std::size_t& position) {
 // The position behind the sign of a power and the blanks around it; `position` if there is none.
 std::size_t Skip_power_sign(std::string_view text, std::size_t position) {
     std::size_t const sign = Skip_blanks(text, position);
-    Kind const kind = Character_at(text, sign).kind;
-    std::size_t const size = kind == Kind::caret                                  ? 1
-                             : kind == Kind::star && text.substr(sign, 2) == "**" ? 2
-                                                                                  : 0;
+    Character_kind const kind = Character_at(text, sign).kind;
+    std::size_t const size = kind == Character_kind::caret                                  ? 1
+                             : kind == Character_kind::star && text.substr(sign, 2) == "**" ? 2
+                                                                                            : 0;
     return size == 0 ? position : Skip_blanks(text, sign + size);
 }
 
@@ -96,7 +94,7 @@ struct Written_power {
 // What begins as a power at `position`; nothing if nothing does.
 std::optional<Written_power> Read_written_power(std::string_view text, std::size_t position) {
     std::size_t end = Skip_power_sign(text, position);
-    bool const raised = Character_at(text, position).kind == Kind::raised;
+    bool const raised = Character_at(text, position).kind == Character_kind::raised;
     if (end == position && !raised) {
         return std::nullopt;
     }
@@ -119,8 +117,8 @@ std::optional<Text_fault> Power_fault(std::string_view text, std::size_t positio
         return std::nullopt;
     }
     auto const [integer, end] = *power;
-    bool const fraction = Character_at(text, end).kind == Kind::product &&
-                          Character_at(text, end + 1).kind == Kind::digit;
+    bool const fraction = Character_at(text, end).kind == Character_kind::product &&
+                          Character_at(text, end + 1).kind == Character_kind::digit;
     if (!integer.Has_digits() || fraction) {
         return Text_fault{end, "expected an integer power, found " + Described(text, end), {}};
     }

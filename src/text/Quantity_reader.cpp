@@ -24,15 +24,13 @@ namespace Varnix::Value {
 
 namespace {
 
-using Kind = Character_kind;
-
 // How many bytes "±", "+/-" or "+-" takes at `position`; 0 if none of them is there.
 std::size_t Plus_minus_size(std::string_view text, std::size_t position) {
     Character const next = Character_at(text, position);
-    return next.kind == Kind::plus_minus       ? next.size
-           : text.substr(position, 3) == "+/-" ? 3
-           : text.substr(position, 2) == "+-"  ? 2
-                                               : 0;
+    return next.kind == Character_kind::plus_minus ? next.size
+           : text.substr(position, 3) == "+/-"     ? 3
+           : text.substr(position, 2) == "+-"      ? 2
+                                                   : 0;
 }
 
 class Quantity_splitter {
@@ -242,8 +240,8 @@ bool Quantity_splitter::Read_value() {
         return false;
     }
     bool const uncertain_digits =
-        Is_next('(') && Character_at(text, position + 1).kind == Kind::digit &&
-        Character_at(text, End_of_digits(text, position + 1)).kind != Kind::caret;
+        Is_next('(') && Character_at(text, position + 1).kind == Character_kind::digit &&
+        Character_at(text, End_of_digits(text, position + 1)).kind != Character_kind::caret;
     if (uncertain_digits ? !Read_last_digits(start) : !Read_deviation()) {
         return false;
     }
@@ -259,8 +257,8 @@ namespace {
 // "[ft_i]": a unit in brackets, which begins with a letter and holds no bounds.
 bool Is_bracketed_unit(std::string_view text, std::size_t position) {
     std::size_t const end = text.find_first_of("], [", position + 1);
-    return Character_at(text, position + 1).kind == Kind::letter && end != std::string_view::npos &&
-           text[end] == ']';
+    return Character_at(text, position + 1).kind == Character_kind::letter &&
+           end != std::string_view::npos && text[end] == ']';
 }
 
 // Where bounds begin from `position` on, or the end of the text.
@@ -279,7 +277,7 @@ std::size_t Deviation_in(std::string_view unit) {
             unit[position] == '+' &&
             (position == 0 ||
              (unit[position - 1] != '^' && unit[position - 1] != '*' && unit[position - 1] != '('));
-        if (plus || Character_at(unit, position).kind == Kind::plus_minus) {
+        if (plus || Character_at(unit, position).kind == Character_kind::plus_minus) {
             return position;
         }
     }
@@ -299,10 +297,11 @@ bool Begins_with_ratio_of_value(std::string_view unit) {
     if (!Is_ratio(unit.substr(0, end))) {
         return false;
     }
-    Kind const next = Character_at(unit, Skip_blanks(unit, end)).kind;
-    return next == Kind::letter || next == Kind::opening || next == Kind::product ||
-           (next == Kind::star &&
-            Character_at(unit, Skip_blanks(unit, end) + 1).kind != Kind::star);
+    Character_kind const next = Character_at(unit, Skip_blanks(unit, end)).kind;
+    return next == Character_kind::letter || next == Character_kind::opening ||
+           next == Character_kind::product ||
+           (next == Character_kind::star &&
+            Character_at(unit, Skip_blanks(unit, end) + 1).kind != Character_kind::star);
 }
 
 } // namespace
@@ -377,7 +376,7 @@ std::string_view Without_blanks_behind(std::string_view unit) {
     for (std::size_t position = 0; position < unit.size();) {
         Character const character = Character_at(unit, position);
         position += character.size;
-        end = character.kind == Kind::blank ? end : position;
+        end = character.kind == Character_kind::blank ? end : position;
     }
     return unit.substr(0, end);
 }

@@ -23,8 +23,6 @@ namespace Varnix::Value {
 
 namespace {
 
-using Kind = Character_kind;
-
 struct Suffix {
     std::string_view text;
     Units unit;
@@ -240,7 +238,7 @@ class Scpi_reader {
         return false;
     }
     bool Is_at_end() const { return Skip_blanks(text, position) == text.size(); }
-    Kind Next() const { return Character_at(text, position).kind; }
+    Character_kind Next() const { return Character_at(text, position).kind; }
 
     std::string_view text;
     std::size_t position;
@@ -250,7 +248,7 @@ class Scpi_reader {
 
 bool Scpi_reader::Read_power(std::int64_t& power) {
     std::size_t const start = position;
-    bool const caret = Next() == Kind::caret;
+    bool const caret = Next() == Character_kind::caret;
     std::size_t const minus = Minus_size(text, start + (caret ? 1 : 0));
     std::size_t const digits = start + (caret ? 1 : 0) + minus;
     position = End_of_digits(text, digits);
@@ -305,18 +303,19 @@ bool Scpi_reader::Read_factors(int sign) {
         if (!Read_factor(sign)) {
             return false;
         }
-        Kind const next = Next();
-        if (next != Kind::product && next != Kind::star && next != Kind::slash) {
+        Character_kind const next = Next();
+        if (next != Character_kind::product && next != Character_kind::star &&
+            next != Character_kind::slash) {
             return true;
         }
-        sign = next == Kind::slash ? -1 : 1;
+        sign = next == Character_kind::slash ? -1 : 1;
         position += Character_at(text, position).size;
     }
 }
 
 bool Scpi_reader::Read_product() {
     std::size_t const slash = position + (text.substr(position, 1) == "1" ? 1 : 0);
-    bool const divided = Character_at(text, slash).kind == Kind::slash;
+    bool const divided = Character_at(text, slash).kind == Character_kind::slash;
     position = divided ? slash + 1 : position;
     return Read_factors(divided ? -1 : 1);
 }
@@ -325,7 +324,7 @@ bool Scpi_reader::Read_product() {
 bool Scpi_reader::Read_behind_decibels() {
     position += 2;
     bool const milliwatts = Equal(text.substr(position, 1), "M") &&
-                            Character_at(text, position + 1).kind != Kind::letter;
+                            Character_at(text, position + 1).kind != Character_kind::letter;
     std::string_view const word = text.substr(position, End_of_letters(text, position) - position);
     if (Equal(word, "C")) {
         return Refuse(position, "a level relative to a carrier is no unit; write DB");
@@ -340,7 +339,7 @@ bool Scpi_reader::Read_behind_decibels() {
     product.Multiply(MILLI, 1, position);
     product.Multiply(Factor{WATT, 1, position});
     ++position;
-    if (Next() != Kind::slash) {
+    if (Next() != Character_kind::slash) {
         return true;
     }
     ++position;

@@ -3,6 +3,7 @@
 #include "Unit_readings.h"
 #include "Unit_words.h"
 
+#include <varnix/value/Engineering_units.h>
 #include <varnix/value/Unit_kinds.h>
 #include <varnix/value/Units_library.h>
 
@@ -113,11 +114,15 @@ std::string Nearest_unit(std::string_view word) {
         nearest.Look_at(unit.text, unit.form);
     }
     for (Prefix_word const& prefix : words.All_prefixes()) {
-        if (Lower(prefix.text[0]) != Lower(word[0])) { // the first letter is hardly ever wrong
+        // The first letter is hardly ever wrong, and prefixes that nobody writes are hardly ever meant.
+        bool const in_use = prefix.is_of_core || prefix.prefix == HECTO;
+        if (!in_use || Lower(prefix.text[0]) != Lower(word[0])) {
             continue;
         }
         for (Unit_word const& unit : words.All_units()) {
-            if (Common(prefix.form, unit.form) != no_form) {
+            std::size_t const size = prefix.text.size() + unit.text.size();
+            bool const near = size <= word.size() + 2 && word.size() <= size + 2;
+            if (near && Goes_with(prefix, unit)) {
                 nearest.Look_at(prefix.text + unit.text, Common(prefix.form, unit.form));
             }
         }

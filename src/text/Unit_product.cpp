@@ -2,9 +2,9 @@
 
 #include "Characters.h"
 #include "Powers.h"
+#include "Spellings.h"
 
 #include <varnix/value/Text_formatting.h>
-#include <varnix/value/Units_library.h>
 
 #include <limits>
 
@@ -13,12 +13,12 @@ namespace Varnix::Value {
 namespace {
 
 std::string Symbol(Units_list unit) {
-    return Units_library::Get_unit_string({SPL_NONE, NO_PREFIX, {{unit, 1}}}, STR_SYMBOL);
+    return Unit_text(unit, STR_SYMBOL);
 }
 
-// A prefix code that means a power of two: 10, 20, ... 80.
+// An exponent of ten that is the code of a power of two: 10, 20, ... 80.
 bool Is_binary(std::int64_t code) {
-    return Unit_words::Get().Has_prefix(code, true);
+    return code == static_cast<int>(code) && Catalogue::Is_binary(static_cast<int>(code));
 }
 
 bool Holds_power_of_ten(std::int64_t exponent) {
@@ -81,8 +81,7 @@ std::string Ratio_text(std::int64_t exponent) {
 
 // The unit as it is written with its prefix, of whatever power of ten it is.
 std::string Scaled_text(Units unit) {
-    Units const prefix = {SPL_NONE, unit.si_prefix, {}};
-    bool const named = !Units_library::Get_unit_str_si_map(prefix, STR_NAME).empty();
+    bool const named = !Prefix_text(unit.si_prefix, STR_NAME).empty();
     if (named || unit.si_prefix == NO_PREFIX) {
         return Format_unit(unit, STR_SYMBOL);
     }
@@ -144,16 +143,43 @@ Text_fault Unit_product::Scale_fault(Units const& unit) const {
 
 // ---- The descriptor
 
+namespace {
+
+// The factors of a product by ascending dimension, one of each.
+struct In_canonical_order {
+    std::array<Factor const*, Value_detail::Tuple_count> factors;
+    std::size_t count = 0;
+
+    // The place of a dimension: that of a factor with it, or where one has to be put.
+    std::size_t Place_of(Dimension dimension) const {
+        std::size_t place = 0;
+        while (place < count && Catalogue::Dimension_of(factors[place]->unit) < dimension) {
+            ++place;
+        }
+        return place;
+    }
+    bool Has(Dimension dimension, std::size_t place) const {
+        return place < count && Catalogue::Dimension_of(factors[place]->unit) == dimension;
+    }
+    void Insert(Factor const& factor, std::size_t place) {
+        for (std::size_t k = count++; k > place; --k) {
+            factors[k] = factors[k - 1];
+        }
+        factors[place] = &factor;
+    }
+};
+
+} // namespace
+
 std::optional<Text_fault> Unit_product::Place_units(Units& unit) const {
-    Unit_words const& words = Unit_words::Get();
-    std::array<Factor const*, Value_detail::Dimension_limit> by_dimension{};
-    std::size_t placed = 0;
+    In_canonical_order order;
     for (Factor const& factor : *this) {
-        Dimension const dimension = words.Dimension_of(factor.unit);
-        Factor const*& place = by_dimension[static_cast<std::size_t>(dimension)];
-        if (place != nullptr) {
+        Dimension const dimension = Catalogue::Dimension_of(factor.unit);
+        std::size_t const place = order.Place_of(dimension);
+        if (order.Has(dimension, place)) {
             return Text_fault{factor.position,
-                              Quoted(Symbol(place->unit)) + " and " + Quoted(Symbol(factor.unit)) +
+                              Quoted(Symbol(order.factors[place]->unit)) + " and " +
+                                  Quoted(Symbol(factor.unit)) +
                                   " are of one dimension, of which a unit holds one",
                               {}};
         }
@@ -161,17 +187,15 @@ std::optional<Text_fault> Unit_product::Place_units(Units& unit) const {
             factor.power > std::numeric_limits<std::int32_t>::max()) {
             return Text_fault{factor.position, "the power is out of range", {}};
         }
-        if (++placed > Value_detail::Tuple_count) {
+        if (order.count == Value_detail::Tuple_count) {
             return Text_fault{
                 factor.position, "a unit has at most five units with their powers", {}};
         }
-        place = &factor;
+        order.Insert(factor, place);
     }
-    std::size_t slot = 0;
-    for (Factor const* const factor : by_dimension) {
-        if (factor != nullptr) {
-            unit.tuples[slot++] = {factor->unit, static_cast<std::int32_t>(factor->power)};
-        }
+    for (std::size_t k = 0; k < order.count; ++k) {
+        Factor const& factor = *order.factors[k];
+        unit.tuples[k] = {factor.unit, static_cast<std::int32_t>(factor.power)};
     }
     return std::nullopt;
 }

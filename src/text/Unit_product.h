@@ -4,7 +4,8 @@
 #ifndef VARNIX_VALUE_TEXT_UNIT_PRODUCT_H
 #define VARNIX_VALUE_TEXT_UNIT_PRODUCT_H
 
-#include "Unit_words.h"
+#include "catalogue/Prefixes.h"
+#include "catalogue/Unit_rows.h"
 
 #include <varnix/value/Text_parsing.h>
 #include <varnix/value/Units.h>
@@ -45,8 +46,7 @@ class Unit_product {
 
     void Multiply(SI_units prefix, std::int64_t power, std::size_t position) {
         if (prefix != NO_PREFIX) {
-            bool const binary = Unit_words::Get().Has_prefix(prefix, true);
-            (binary ? twos : tens) += prefix * power;
+            (Catalogue::Is_binary(prefix) ? twos : tens) += prefix * power;
             prefix_position = position;
         }
     }
@@ -73,7 +73,7 @@ class Unit_product {
     Text_fault Scale_fault(Units const& unit) const;
     std::string Remaining_text() const;
 
-    std::array<Factor, Value_detail::Unit_code_limit> factors; // of each unit one at most
+    std::array<Factor, Catalogue::Unit_count> factors; // of each unit one at most
     int count = 0;
     std::int64_t tens = 0; // the exponents of the prefixes
     std::int64_t twos = 0;

@@ -20,12 +20,13 @@
 
 #include "Characters.h"
 #include "Powers.h"
+#include "Spellings.h"
 #include "Unit_product.h"
 #include "Unit_readings.h"
 #include "Unit_traps.h"
 #include "Unknown_words.h"
 
-#include <varnix/value/Units_library.h>
+#include "catalogue/Level_references.h"
 
 #include <algorithm>
 #include <optional>
@@ -33,8 +34,6 @@
 namespace Varnix::Value {
 
 namespace {
-
-using Kind = Character_kind;
 
 constexpr int Deepest_nesting = 16;
 
@@ -61,9 +60,10 @@ bool Raise(Reading& reading, std::int64_t power, std::size_t end) {
 }
 
 // What may follow a digit that is a power: no further digit, no letter.
-bool Ends_power(Kind kind) {
-    return kind == Kind::text_end || kind == Kind::blank || kind == Kind::slash ||
-           kind == Kind::product || kind == Kind::star || kind == Kind::closing;
+bool Ends_power(Character_kind kind) {
+    return kind == Character_kind::text_end || kind == Character_kind::blank ||
+           kind == Character_kind::slash || kind == Character_kind::product ||
+           kind == Character_kind::star || kind == Character_kind::closing;
 }
 
 // Other blanks than those of ASCII stand before a unit and not in it.
@@ -145,8 +145,7 @@ bool Unit_reader::Refuse(std::size_t where, std::string message, std::string sug
 
 // The unit behind a lone prefix with the prefix by its name: "nano(1/cm^2)"; or empty.
 std::string Unit_reader::Scaled_rest(Bare_prefix const& prefix) const {
-    std::string const name =
-        Units_library::Get_unit_str_si_map({SPL_NONE, prefix.prefix, {}}, STR_NAME);
+    std::string const name = Prefix_text(prefix.prefix, STR_NAME);
     for (std::size_t const end : {text.size(), text.find_first_of(" ()*", prefix.end)}) {
         std::string_view const rest = text.substr(0, end).substr(prefix.end);
         std::string scaled = name + "(1" + std::string(rest) + ')';
@@ -160,7 +159,7 @@ std::string Unit_reader::Scaled_rest(Bare_prefix const& prefix) const {
 // A prefix by its own: "k(m^2)", and "tera/seconds", which the core prints. Its symbol before a '/'
 // is a unit to whoever writes it: "n/cm^2", "T/m". Behind "dB" none stands.
 bool Unit_reader::Read_bare_word(Unit_product& product, int sign, int depth) {
-    if (Next().kind != Kind::letter) {
+    if (Next().kind != Character_kind::letter) {
         return Refuse(position, "expected a unit, found " + Described(text, position));
     }
     if (behind_decibels) {
@@ -203,7 +202,7 @@ std::int64_t Unit_reader::Read_power_word_before() {
 // "square meter", "cubic feet"; nothing where none stands, or one is refused.
 std::optional<Reading> Unit_reader::Read_raised_word(int sign) {
     std::int64_t const power = Read_power_word_before();
-    if (power == 0 || Next().kind != Kind::letter) {
+    if (power == 0 || Next().kind != Character_kind::letter) {
         return std::nullopt;
     }
     Parse_result<Reading> const group = Read_group(text, {position, sign < 0});
@@ -211,7 +210,8 @@ std::optional<Reading> Unit_reader::Read_raised_word(int sign) {
         fault = group.Get_fault();
         return std::nullopt;
     }
-    Reading raised = *group;
+    Reading const words = Read_words_with_gaps(text, position);
+    Reading raised = words.count != 0 ? words : *group;
     if (!Raise(raised, power, raised.end)) {
         Refuse(position, "expected one unit, found " + Described(text, position));
         return std::nullopt;
@@ -252,8 +252,10 @@ std::optional<Reading> Unit_reader::Read_other_word(int sign) {
 // A word that is none of the catalogue, or that others stand behind.
 bool Unit_reader::Read_unusual_word(Unit_product& product, Reading const& group, int sign,
                                     int depth) {
-    std::optional<Reading> const reading =
-        group.count == 0 ? Read_other_word(sign) : With_words_behind(group, sign);
+    Reading const words = Read_words_with_gaps(text, position);
+    std::optional<Reading> const reading = words.count != 0   ? words
+                                           : group.count == 0 ? Read_other_word(sign)
+                                                              : With_words_behind(group, sign);
     if (!reading) {
         return !fault && Read_bare_word(product, sign, depth);
     }
@@ -290,7 +292,8 @@ void Unit_reader::Read_scale(Unit_product& inner) {
         inner.Multiply_by_power_of_ten(power->value, start);
         std::size_t const sign = Skip_blanks(text, power->end);
         Character const next = Character_at(text, sign);
-        bool const product = next.kind == Kind::product || next.kind == Kind::star;
+        bool const product =
+            next.kind == Character_kind::product || next.kind == Character_kind::star;
         position = product ? sign + next.size : sign;
     }
 }
@@ -336,15 +339,15 @@ bool Unit_reader::Read_factor(Unit_product& product, int sign, int depth) {
     position = Skip_blanks(text, position);
     factor_position = position;
     switch (Next().kind) {
-    case Kind::letter:
-    case Kind::bracket:
+    case Character_kind::letter:
+    case Character_kind::bracket:
         if (!Read_word(product, sign, depth)) {
             return false;
         }
         at_first_factor = false;
         behind_decibels = false;
         return true;
-    case Kind::opening:
+    case Character_kind::opening:
         return Read_parentheses(product, NO_PREFIX, sign, depth);
     default:
         return Refuse(position, "expected a unit, found " + Described(text, position));
@@ -354,9 +357,9 @@ bool Unit_reader::Read_factor(Unit_product& product, int sign, int depth) {
 // "1/s" and "/s".
 void Unit_reader::Read_leading_one(int& sign) {
     position = Skip_blanks(text, position);
-    std::size_t const one = Next().kind == Kind::digit && text[position] == '1' ? 1 : 0;
+    std::size_t const one = Next().kind == Character_kind::digit && text[position] == '1' ? 1 : 0;
     std::size_t const slash = Skip_blanks(text, position + one);
-    if (Character_at(text, slash).kind == Kind::slash) {
+    if (Character_at(text, slash).kind == Character_kind::slash) {
         at_first_factor = false;
         position = slash + 1;
         sign = -1;
@@ -370,13 +373,13 @@ bool Unit_reader::Refuse_between_factors(std::size_t where) {
     if ((fault = Power_fault(text, where))) {
         return false;
     }
-    Kind const kind = Character_at(text, where).kind;
+    Character_kind const kind = Character_at(text, where).kind;
     bool const hyphen = where < text.size() && text[where] == '-';
-    bool const signed_digit = hyphen && Character_at(text, where + 1).kind == Kind::digit;
-    if (where == position && (kind == Kind::digit || signed_digit)) { // "m2", "s-1"
+    bool const signed_digit = hyphen && Character_at(text, where + 1).kind == Character_kind::digit;
+    if (where == position && (kind == Character_kind::digit || signed_digit)) { // "m2", "s-1"
         return Refuse(where, "a power is written with '^', as in m^2");
     }
-    if (kind == Kind::opening) {
+    if (kind == Character_kind::opening) {
         return Refuse(where, "expected '*' or '/' before '('");
     }
     return Refuse(where, "expected '*', '/', a power or the end of the unit, found " +
@@ -387,22 +390,25 @@ bool Unit_reader::Refuse_between_factors(std::size_t where) {
 bool Unit_reader::Read_sign(int& sign, bool& at_end) {
     std::size_t const next = Skip_blanks(text, position);
     bool const after_blanks = next != position;
-    Kind const kind = Character_at(text, next).kind;
-    bool const power = kind == Kind::star && Character_at(text, next + 1).kind == Kind::star;
-    bool const juxtaposed = after_blanks && (kind == Kind::letter || kind == Kind::opening);
-    at_end = kind == Kind::text_end || kind == Kind::closing;
+    Character_kind const kind = Character_at(text, next).kind;
+    bool const power =
+        kind == Character_kind::star && Character_at(text, next + 1).kind == Character_kind::star;
+    bool const juxtaposed =
+        after_blanks && (kind == Character_kind::letter || kind == Character_kind::opening);
+    at_end = kind == Character_kind::text_end || kind == Character_kind::closing;
     if (at_end) {
         position = next;
         return true;
     }
     bool const per = juxtaposed && text.substr(next, 3) == "per" &&
-                     Character_at(text, next + 3).kind == Kind::blank;
-    if (kind == Kind::slash || per) {
+                     Character_at(text, next + 3).kind == Character_kind::blank;
+    if (kind == Character_kind::slash || per) {
         position = next + (per ? 3 : 1);
         sign = -1;
         return true;
     }
-    if (!juxtaposed && ((kind != Kind::product && kind != Kind::star) || power)) {
+    if (!juxtaposed &&
+        ((kind != Character_kind::product && kind != Character_kind::star) || power)) {
         return Refuse_between_factors(next);
     }
     if (sign < 0) {
@@ -435,31 +441,40 @@ bool Unit_reader::Read_product(Unit_product& product, int depth) {
 
 namespace {
 
-// Levels whose names follow no rule.
-struct Special_level {
+// The level that `text` is as a whole; nullptr for none.
+Catalogue::Level_reference const* Find_level_reference(std::string_view text) {
+    for (Catalogue::Level_reference const& level : Catalogue::level_references) {
+        std::string_view const word = level.text;
+        if (Begins_with(text, word) && Skip_blanks(text, word.size()) == text.size()) {
+            return &level;
+        }
+    }
+    return nullptr;
+}
+
+// What people write behind "dB" for a reference that is no unit, or that two trades have differently.
+struct Refused_level {
     std::string_view text;
-    Units const* unit;
+    char const* reason;
 };
 
 // clang-format off
-constexpr Units Level_of_area           = {SPL_DB, NO_PREFIX, {{METER, 2}}};
-constexpr Units Level_of_bandwidth      = {SPL_DB, NO_PREFIX, {{SECOND, -1}}};
-constexpr Units Level_of_gain_per_noise = {SPL_DB, NO_PREFIX, {{KELVIN, -1}}}; // of an antenna
-
-constexpr Special_level special_levels[] = {
-    {"dB",       &C_DB},
-    {"dBm",      &C_DBmW},
-    {"dBsm",     &Level_of_area}, // of a radar cross section
-    {"dB-Hz",    &Level_of_bandwidth},
-    {"dB/K",     &Level_of_gain_per_noise},
-    {"decibel",  &C_DB},
-    {"decibels", &C_DB},
+constexpr Refused_level refused_levels[] = {
+    {"dBd",   "is 2.15 dB above dBi: write dB for a gain and add 2.15"},
+    {"dBFS",  "is relative to the full scale of a converter, which is no unit: write dB for the ratio"},
+    {"dBu",   "is relative to 0.775 V in audio, and to 1 µV in radio: write dBV or dBµV"},
+    {"dBC",   "is a weighted sound pressure level, which is no unit: write dB for a difference of two, and dB(A*s) for charges"},
+    {"dBSPL", "is relative to 20 µPa, which is no unit: write the pressure in Pa"},
+    {"dBc",   "stands alone: write dB(1/Hz) for the density of a noise relative to the carrier"},
+    {"dBi",   "stands alone: write dB for a gain"},
 };
 // clang-format on
 
-Special_level const* Find_special_level(std::string_view text) {
-    for (Special_level const& level : special_levels) {
-        if (Begins_with(text, level.text) && Skip_blanks(text, level.text.size()) == text.size()) {
+Refused_level const* Find_refused_level(std::string_view text) {
+    for (Refused_level const& level : refused_levels) {
+        std::size_t const end = level.text.size();
+        if (Begins_with(text, level.text) &&
+            Character_at(text, end).kind != Character_kind::letter) {
             return &level;
         }
     }
@@ -479,7 +494,7 @@ bool Unit_reader::Refuse_level_of_milliwatts(std::size_t sign) {
 // "dBm/Hz", "dBm/kHz": the level of a power by frequency. The position is that of the '/'.
 bool Unit_reader::Read_level_density(Unit_product& product) {
     std::size_t const slash = position;
-    bool const divided = Next().kind == Kind::slash;
+    bool const divided = Next().kind == Character_kind::slash;
     product.Multiply(MILLI, 1, slash);
     product.Multiply(Factor{WATT, 1, slash});
     ++position;
@@ -496,13 +511,17 @@ bool Unit_reader::Read_behind_decibels(Unit_product& product, std::size_t marker
     std::size_t const at_marker = position;
     position += marker;
     std::size_t const next = Skip_blanks(text, position);
-    Kind const kind = Character_at(text, next).kind;
-    if (kind == Kind::slash) {
-        return Refuse(next, "decibels per unit are no unit here: give the gain of the whole length "
-                            "or time, in dB");
+    Character_kind const kind = Character_at(text, next).kind;
+    if (kind == Character_kind::slash) {
+        return Refuse(next,
+                      "decibels per unit are an antenna factor or an attenuation: write dB(1/m) "
+                      "for the factor; an attenuation is the gain of the whole length in dB");
     }
-    bool const in_parentheses = kind == Kind::opening || kind == Kind::bracket;
-    if (next != position || (kind != Kind::letter && !in_parentheses)) {
+    if (Refused_level const* const level = Find_refused_level(text.substr(at_marker))) {
+        return Refuse(position, Quoted(level->text) + ' ' + level->reason);
+    }
+    bool const in_parentheses = kind == Character_kind::opening || kind == Character_kind::bracket;
+    if (next != position || (kind != Character_kind::letter && !in_parentheses)) {
         return Refuse(next, "expected a unit directly after 'dB', found " + Described(text, next));
     }
     if (in_parentheses) {
@@ -514,7 +533,7 @@ bool Unit_reader::Read_behind_decibels(Unit_product& product, std::size_t marker
     }
     behind_decibels = true;
     bool const milliwatts = text[position] == 'm' &&
-                            Character_at(text, position + 1).kind != Kind::letter &&
+                            Character_at(text, position + 1).kind != Character_kind::letter &&
                             !Read_power(text, position + 1);
     if (milliwatts) {
         position = Skip_blanks(text, position + 1);
@@ -607,8 +626,8 @@ Parse_result<Units> Unit_reader::Read() {
                                                               : 0;
     bool const decibels = marker != 0;
     if (decibels) {
-        if (Special_level const* const level = Find_special_level(rest)) {
-            return *level->unit;
+        if (Catalogue::Level_reference const* const level = Find_level_reference(rest)) {
+            return level->unit;
         }
     }
     Unit_product product;

@@ -10,10 +10,14 @@ namespace Varnix::Value {
 
 namespace {
 
-using Kind = Character_kind;
+Word_form constexpr any_form = static_cast<Word_form>(symbol_form | name_form);
+
+Unit_words const& Words() {
+    return Unit_words::Get();
+}
 
 bool Is_letter(std::string_view text, std::size_t position) {
-    return Character_at(text, position).kind == Kind::letter;
+    return Character_at(text, position).kind == Character_kind::letter;
 }
 
 } // namespace
@@ -22,44 +26,46 @@ bool Is_letter(std::string_view text, std::size_t position) {
 
 namespace {
 
-Word_form constexpr any_form = static_cast<Word_form>(symbol_form | name_form);
-
-Unit_words const& Words() {
-    return Unit_words::Get();
-}
-
-// The word from `position` to `end` as a single unit, with its power, if the group ends with that.
-bool Read_one(std::string_view text, std::size_t position, std::size_t end, Word_form form,
-              Reading& reading) {
-    Unit_word const* const word = Words().Find_unit(text.substr(position, end - position));
-    bool const prefixed = form != any_form;
-    if (word == nullptr || Common(form, word->form) == no_form ||
-        (prefixed && !word->takes_prefix)) {
-        return false;
-    }
+// The word that ends at `end`, with the power behind it, as the reading; false if the group does not end there.
+bool Take(Unit_word const& word, std::string_view text, std::size_t end, Reading& reading) {
     std::optional<Power> const power = Read_power(text, end);
     if (power && Is_letter(text, power->end)) {
         return false;
     }
-    reading.prefix = word->unit.si_prefix;
-    reading.first_power = power ? power->value : 1;
+    bool const raises_all = word.power_raises == Power_raises::all;
+    std::int64_t const value = power ? power->value : 1;
+    reading.prefix = word.unit.si_prefix;
+    reading.first_power = raises_all ? value : 1;
     reading.end = power ? power->end : end;
-    for (Unit_tuple const& tuple : word->unit.tuples) {
+    for (Unit_tuple const& tuple : word.unit.tuples) {
         if (tuple.unit == NO_UNIT) {
             break;
         }
         reading.units[reading.count++] = {tuple.unit, tuple.exponent * reading.first_power};
     }
+    if (!raises_all) {
+        reading.units[reading.count - 1].power *= value;
+    }
     return true;
+}
+
+// The word from `position` to `end` as a single unit, with its power, if the group ends with that.
+bool Read_one(std::string_view text, std::size_t position, std::size_t end, Reading& reading) {
+    Unit_word const* const word = Words().Find_unit(text.substr(position, end - position));
+    return word != nullptr && Take(*word, text, end, reading);
 }
 
 bool Read_prefix_and_one(std::string_view text, std::size_t position, std::size_t end,
                          Reading& reading) {
     std::string_view const rest = text.substr(position);
-    for (Prefix_word const& word : Words().Prefixes_like(rest)) {
-        if (Begins_with(rest, word.text) && position + word.text.size() < end &&
-            Read_one(text, position + word.text.size(), end, word.form, reading)) {
-            reading.prefix = word.prefix;
+    for (Prefix_word const& prefix : Words().Prefixes_like(rest)) {
+        std::size_t const start = position + prefix.text.size();
+        if (start >= end || !Begins_with(rest, prefix.text)) {
+            continue;
+        }
+        Unit_word const* const word = Words().Find_unit(text.substr(start, end - start));
+        if (word != nullptr && Goes_with(prefix, *word) && Take(*word, text, end, reading)) {
+            reading.prefix = prefix.prefix;
             return true; // a test sees that no word has two
         }
     }
@@ -83,7 +89,9 @@ bool operator==(Reading const& left, Reading const& right) {
 // The order in which the units of a group have to stand.
 enum class Order : std::uint8_t { of_the_core, any };
 
-// Looks for every way to read a group as two or more units of different dimensions. At each place
+constexpr int no_dimension = -1;
+
+// Looks for every way to read a group as two or more units of different dimensions of the core. At each place
 // few words fit, and there are five units at most: the search is short however long the text.
 class Search {
   public:
@@ -91,7 +99,7 @@ class Search {
 
     void From(std::size_t position, SI_units prefix, Word_form form) {
         current.prefix = prefix;
-        Continue(position, form, NO_DIMENSION, 0);
+        Continue(position, form, no_dimension, 0);
     }
 
     std::size_t Count() const { return count; } // 2 for two or more
@@ -99,23 +107,25 @@ class Search {
     Reading const& Second() const { return found[1]; }
 
   private:
-    void Continue(std::size_t position, Word_form form, Dimension last, std::uint32_t dimensions) {
+    void Continue(std::size_t position, Word_form form, int last, std::uint64_t dimensions) {
         std::string_view const rest = text.substr(position);
         for (Unit_word const& word : Words().Units_like(rest)) {
             if (!word.run_together || !Begins_with(rest, word.text) ||
-                Common(form, word.form) == no_form ||
-                (order == Order::of_the_core && word.dimension <= last)) {
+                Common(form, word.form) == no_form) {
                 continue;
             }
-            std::uint32_t const own = 1U << static_cast<std::uint32_t>(word.dimension);
-            if ((dimensions & own) != 0) {
+            int const dimension = Catalogue::Dimension_of(word.unit.tuples[0].unit);
+            std::uint64_t const own = std::uint64_t{1} << static_cast<unsigned>(dimension);
+            if ((dimensions & own) != 0 || (order == Order::of_the_core && dimension <= last)) {
                 continue;
             }
-            Append(word, position + word.text.size(), Common(form, word.form), dimensions | own);
+            Append(word, position + word.text.size(), Common(form, word.form), dimension,
+                   dimensions | own);
         }
     }
 
-    void Append(Unit_word const& word, std::size_t end, Word_form form, std::uint32_t dimensions) {
+    void Append(Unit_word const& word, std::size_t end, Word_form form, int dimension,
+                std::uint64_t dimensions) {
         std::optional<Power> const power = Read_power(text, end);
         Reading const before = current;
         current.first_power = current.count == 0 && power ? power->value : current.first_power;
@@ -124,7 +134,7 @@ class Search {
         if (!Is_letter(text, current.end)) {
             Record();
         } else if (current.count < Value_detail::Tuple_count) {
-            Continue(current.end, form, word.dimension, dimensions);
+            Continue(current.end, form, dimension, dimensions);
         }
         current = before;
     }
@@ -152,7 +162,7 @@ class Search {
 void Search_with_prefixes(Search& search, std::string_view text, std::size_t position) {
     std::string_view const rest = text.substr(position);
     for (Prefix_word const& word : Words().Prefixes_like(rest)) {
-        if (Begins_with(rest, word.text)) {
+        if (word.is_of_core && Begins_with(rest, word.text)) {
             search.From(position + word.text.size(), word.prefix, word.form);
         }
     }
@@ -172,7 +182,7 @@ bool Read_nautical_miles(std::string_view text, std::size_t position, std::size_
         return false;
     }
     std::size_t const later_end = End_of_letters(text, end + 1);
-    return Read_one(text, position, later_end, any_form, reading) ||
+    return Read_one(text, position, later_end, reading) ||
            Read_prefix_and_one(text, position, later_end, reading);
 }
 
@@ -231,7 +241,7 @@ std::optional<Text_fault> Read_letters(std::string_view text, Group_place const&
                                        Reading& reading) {
     std::size_t const end = End_of_letters(text, place.position);
     if (Read_nautical_miles(text, place.position, end, reading) ||
-        Read_one(text, place.position, end, any_form, reading)) {
+        Read_one(text, place.position, end, reading)) {
         return std::nullopt;
     }
     if (Read_prefix_and_one(text, place.position, end, reading)) {
@@ -245,14 +255,18 @@ std::optional<Text_fault> Read_letters(std::string_view text, Group_place const&
     return fault;
 }
 
+bool Is_decibar(Reading const& reading) {
+    return reading.count == 1 && reading.units[0].unit == BAR;
+}
+
 } // namespace
 
 Parse_result<Reading> Read_group(std::string_view text, Group_place const& place) {
     Reading reading;
-    std::optional<Text_fault> fault =
-        text[place.position] == 'd' ? Decibel_fault(text, place.position) : std::nullopt;
-    if (!fault) {
-        fault = Read_letters(text, place, reading);
+    std::optional<Text_fault> fault = Read_letters(text, place, reading);
+    if (text[place.position] == 'd' && !Is_decibar(reading)) {
+        std::optional<Text_fault> decibels = Decibel_fault(text, place.position);
+        fault = decibels ? std::move(decibels) : std::move(fault);
     }
     if (reading.prefix != NO_PREFIX || reading.count > 1) {
         // The table knows better than a rule.
@@ -266,11 +280,41 @@ Parse_result<Reading> Read_group(std::string_view text, Group_place const& place
     return reading;
 }
 
+namespace {
+
+// The end of `word` at `position`, where blanks may stand for each '_'; 0 if it is not there.
+std::size_t End_with_gaps(std::string_view text, std::size_t position, std::string_view word) {
+    for (char const character : word) {
+        std::size_t const behind = character == '_' ? Skip_blanks(text, position) : position;
+        bool const is_next = position < text.size() && text[position] == character;
+        if (behind == position && !is_next) {
+            return 0;
+        }
+        position = behind != position ? behind : position + 1;
+    }
+    return Is_letter(text, position) ? 0 : position;
+}
+
+} // namespace
+
+Reading Read_words_with_gaps(std::string_view text, std::size_t position) {
+    Reading reading;
+    std::string_view const rest = text.substr(position);
+    for (Unit_word const& word : Words().Units_like(rest)) {
+        std::size_t const end = word.has_gaps ? End_with_gaps(text, position, word.text) : 0;
+        Reading longer;
+        if (end > reading.end && Take(word, text, end, longer)) {
+            reading = longer;
+        }
+    }
+    return reading;
+}
+
 Reading Read_bracketed(std::string_view text, std::size_t position) {
     Reading reading;
     std::size_t const closing = text.find(']', position);
     if (closing != std::string_view::npos) {
-        Read_one(text, position, closing + 1, any_form, reading);
+        Read_one(text, position, closing + 1, reading);
     }
     return reading;
 }

@@ -44,6 +44,10 @@ struct Group_place {
 // none. The fault says why a reading has to be refused.
 Parse_result<Reading> Read_group(std::string_view text, Group_place const& place);
 
+// The unit of several words with blanks between them that stands at `position`, "imp gal", with its power; one
+// without units if there is none.
+Reading Read_words_with_gaps(std::string_view text, std::size_t position);
+
 // The unit of UCUM that stands at `position` in brackets, "[ft_i]", with its power; one without units
 // if there is none.
 Reading Read_bracketed(std::string_view text, std::size_t position);

@@ -2,21 +2,18 @@
 
 #include "Characters.h"
 #include "Powers.h"
-
-#include <varnix/value/Units_library.h>
+#include "Spellings.h"
 
 namespace Varnix::Value {
 
 namespace {
-
-using Kind = Character_kind;
 
 Unit_words const& Words() {
     return Unit_words::Get();
 }
 
 std::string Symbol(Units_list unit) {
-    return Units_library::Get_unit_string({SPL_NONE, NO_PREFIX, {{unit, 1}}}, STR_SYMBOL);
+    return Unit_text(unit, STR_SYMBOL);
 }
 
 std::string Power_text(std::int64_t power) {
@@ -26,8 +23,7 @@ std::string Power_text(std::int64_t power) {
 } // namespace
 
 std::string Written(Reading const& reading) {
-    Units const prefix = {SPL_NONE, reading.prefix, {}};
-    std::string const name = Units_library::Get_unit_str_si_map(prefix, STR_NAME);
+    std::string const name = Prefix_text(reading.prefix, STR_NAME);
     if (reading.count == 1) {
         std::int64_t const power = reading.units[0].power;
         std::string const symbol = Symbol(reading.units[0].unit);
@@ -51,7 +47,7 @@ std::string Written(Reading const& reading) {
 }
 
 bool Is_time(Units_list unit) {
-    return Words().Dimension_of(unit) == TIME;
+    return Catalogue::Dimension_of(unit) == TIME;
 }
 
 Text_fault Ambiguous(std::string_view text, std::size_t position, std::string const& first,
@@ -73,14 +69,15 @@ struct Trap {
 
 // clang-format off
 constexpr Trap traps[] = {
-    {"nmi",  "nano(mi)",    "n.mi", true}, // nautical miles
-    {"nmis", "nano(mi*s)",  "n.mi", false},
     {"gm",   "g*m",         "g",    false},
     {"gms",  "g*m*s",       "g",    false},
     {"degK", "deg*K",       "K",    true},
     {"Min",  "mega(in)",    "min",  true}, // minutes with a capital letter
     {"Mins", "mega(in*s)",  "min",  false},
     {"mins", "milli(in*s)", "min",  false},
+    {"Gs",   "giga(s)",     "G",    true},  // a symbol of the gauss
+    {"qm",   "quecto(m)",   "m^2",  false}, // "Quadratmeter"
+    {"pu",   "pico(u)",     "%",    true},  // per unit, in power systems
 };
 // clang-format on
 
@@ -110,7 +107,7 @@ bool Looks_like_plural_or_speed(Reading const& reading) {
     if (reading.count != 2 || reading.units[0].power != 1 || reading.units[1].power != 1) {
         return false;
     }
-    Dimension const first = Words().Dimension_of(reading.units[0].unit);
+    Dimension const first = Catalogue::Dimension_of(reading.units[0].unit);
     if (first == LENGTH) {
         return Is_time(reading.units[1].unit);
     }
@@ -134,7 +131,7 @@ std::optional<Text_fault> Plural_fault(std::string_view text, std::size_t positi
     if (reading.units[1].unit != SECOND) {
         return Ambiguous(text, position, product, speed);
     }
-    bool const length = Words().Dimension_of(reading.units[0].unit) == LENGTH;
+    bool const length = Catalogue::Dimension_of(reading.units[0].unit) == LENGTH;
     return length ? Ambiguous(text, position, product + ", " + singular, speed)
                   : Ambiguous(text, position, product, singular);
 }
@@ -214,7 +211,6 @@ constexpr Lone_prefix lone_prefixes[] = {
     {"d/",  "days are 'dy'",               "dy"},
     {"Mi/", "miles are 'mi'",              "mi"},
     {"M/h", "miles are 'mi'",              "mi"},
-    {"T/",  "tesla is not in the catalogue: write V*s/m^2", ""},
     {"n/",  "a number per unit is written as in 1/cm^2",    ""}, // of neutrons, of carriers
     {"p/",  "a number per unit is written as in 1/cm^2",    ""},
 };
@@ -224,8 +220,7 @@ constexpr Lone_prefix lone_prefixes[] = {
 
 Text_fault Lone_prefix_fault(std::string_view text, std::size_t position, Bare_prefix const& prefix,
                              std::string const& scaled) {
-    std::string const name =
-        Units_library::Get_unit_str_si_map({SPL_NONE, prefix.prefix, {}}, STR_NAME);
+    std::string const name = Prefix_text(prefix.prefix, STR_NAME);
     Text_fault fault = {position,
                         Quoted(text.substr(position, prefix.end - position)) + " is the prefix " +
                             name + " and no unit" + (scaled.empty() ? "" : ": write " + scaled),
@@ -272,7 +267,7 @@ namespace {
 // Units that kilo and milli often stand before, and kelvin and metre hardly ever.
 bool Is_electrical_or_data(Unit_word const& word) {
     Unit_tuple const& first = word.unit.tuples[0];
-    Dimension const dimension = Words().Dimension_of(first.unit);
+    Dimension const dimension = Catalogue::Dimension_of(first.unit);
     bool const hertz = first.unit == SECOND && first.exponent < 0;
     return hertz || dimension == VOLTAGE || dimension == CURRENT || dimension == POWER ||
            dimension == RESISTANCE || dimension == DATA_SIZE;
@@ -308,7 +303,7 @@ std::optional<Text_fault> Degree_fault(std::string_view text, std::size_t first,
                             : word == "F"     ? DEGREE_F
                             : unit == nullptr ? NO_UNIT
                                               : unit->unit.tuples[0].unit;
-    if (code == NO_UNIT || Words().Dimension_of(code) != TEMPERATURE) {
+    if (code == NO_UNIT || Catalogue::Dimension_of(code) != TEMPERATURE) {
         return std::nullopt;
     }
     return Text_fault{first, "degrees of angle stand before a temperature here", Symbol(code)};

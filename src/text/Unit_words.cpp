@@ -1,5 +1,10 @@
 #include "Unit_words.h"
 
+#include "Spellings.h"
+
+#include "catalogue/Prefixes.h"
+#include "catalogue/Unit_spellings.h"
+
 #include <varnix/value/Unit_kinds.h>
 #include <varnix/value/Units_library.h>
 #include <varnix/value/exceptions.h>
@@ -11,131 +16,118 @@ namespace Varnix::Value {
 
 namespace {
 
-// What people write besides the core's spellings. Each stands alone or after a prefix of its form.
-// Only other characters for a symbol are run together with other units, as the symbol is.
-struct Alias {
+using Catalogue::Prefixes_taken;
+
+// The words that mean several units, or one with a prefix or a power.
+struct Composite {
     char const* text;
-    Units const* unit;
     Word_form form;
-    bool run_together = false;
+    Prefixes_taken prefixes;
+    Units unit;
+    Power_raises power_raises = Power_raises::all;
 };
 
 // clang-format off
-constexpr Units One_symbol      = {SPL_NONE, NO_PREFIX, {{SYMBOL, 1}}};
-constexpr Units Bits_per_second = {SPL_NONE, NO_PREFIX, {{BIT, 1}, {SECOND, -1}}};
+constexpr Units Knot = {SPL_NONE, NO_PREFIX, {{NAUTICAL_MILE, 1}, {HOUR, -1}}};
 
-Alias const aliases[] = {
-    // One of each.
-    {"meter",           &C_Meter,         name_form},
-    {"inch",            &C_Inch,          name_form},
-    {"foot",            &C_Ft,            name_form},
-    {"yards",           &C_Yard,          name_form},           // the core's name is the singular
-    {"mile",            &C_Miles,         name_form},
-    {"nautical_mile",   &C_Nautical_mile, name_form},
-    {"second",          &C_Sec,           name_form},
-    {"minute",          &C_Min,           name_form},
-    {"hour",            &C_Hrs,           name_form},
-    {"day",             &C_Days,          name_form},
-    {"week",            &C_Wks,           name_form},
-    {"month",           &C_Months,        name_form},
-    {"year",            &C_Yrs,           name_form},
-    {"radian",          &C_Radian,        name_form},
-    {"degree",          &C_Degree,        name_form},
-    {"kelvins",         &C_Kelvin,        name_form},
-    {"gram",            &C_Grams,         name_form},
-    {"watt",            &C_Watts,         name_form},
-    {"volt",            &C_Volts,         name_form},
-    {"amp",             &C_Amps,          name_form},
-    {"bit",             &C_Bits,          name_form},           // a symbol as well: "Mbit/s"
-    {"nybbles",         &C_Nybble,        name_form},           // the core's name is the singular
-    {"byte",            &C_Bytes,         name_form},
-    {"octet",           &C_Octets,        name_form},
-    {"word",            &C_Words,         name_form},
-    {"dword",           &C_Dwords,        name_form},
-    {"knots",           &C_Knots,         name_form},
-    {"knot",            &C_Knots,         name_form},
-    // Other spellings of names.
-    {"metre",           &C_Meter,         name_form},
-    {"metres",          &C_Meter,         name_form},
-    {"ampere",          &C_Amps,          name_form},
-    {"amperes",         &C_Amps,          name_form},
-    {"nibble",          &C_Nybble,        name_form},
-    {"nibbles",         &C_Nybble,        name_form},
-    {"ohm",             &C_Ohms,          name_form},           // the symbol as well
-    {"symbol",          &One_symbol,      name_form},
-    {"celsius",         &C_DgreeC,        name_form},
-    {"Celsius",         &C_DgreeC,        name_form},
-    {"fahrenheit",      &C_DgreeF,        name_form},
-    {"Fahrenheit",      &C_DgreeF,        name_form},
-    {"megohm",          &C_MegaOhms,      name_form},           // a vowel is left out, and the prefix
-    {"megohms",         &C_MegaOhms,      name_form},           // belongs to the word
-    {"kilohm",          &C_KiloOhms,      name_form},
-    {"kilohms",         &C_KiloOhms,      name_form},
-    // Other symbols.
-    {"bit",             &C_Bits,          symbol_form},
-    {"Ohm",             &C_Ohms,          symbol_form},
-    {"\u03A9",          &C_Ohms,          symbol_form, true},   // Greek capital omega
-    {"\u2126",          &C_Ohms,          symbol_form, true},   // ohm sign
-    {"\u00B0",          &C_Degree,        symbol_form},
-    {"degC",            &C_DgreeC,        symbol_form, true},
-    {"degF",            &C_DgreeF,        symbol_form, true},
-    {"\u2103",          &C_DgreeC,        symbol_form, true},   // one character for °C
-    {"\u2109",          &C_DgreeF,        symbol_form, true},
-    {"\u212A",          &C_Kelvin,        symbol_form, true},   // kelvin sign
-    {"hr",              &C_Hrs,           symbol_form},
-    {"hrs",             &C_Hrs,           symbol_form},
-    {"sec",             &C_Sec,           symbol_form},
-    {"secs",            &C_Sec,           symbol_form},
-    {"yrs",             &C_Yrs,           symbol_form},
-    {"mph",             &C_Mph,           symbol_form},
-    {"kn",              &C_Knots,         symbol_form},         // no unit n, so no kilo of it
-    {"kt",              &C_Knots,         symbol_form},
-    {"By",              &C_Bytes,         symbol_form},
-    {"Cel",             &C_DgreeC,        symbol_form},
-    {"bps",             &Bits_per_second, symbol_form},
-    // Customary units of UCUM, which take no prefix.
-    {"[in_i]",          &C_Inch,          symbol_form},
-    {"[ft_i]",          &C_Ft,            symbol_form},
-    {"[yd_i]",          &C_Yard,          symbol_form},
-    {"[mi_i]",          &C_Miles,         symbol_form},
-    {"[nmi_i]",         &C_Nautical_mile, symbol_form},
-    {"[kn_i]",          &C_Knots,         symbol_form},
-    {"[degF]",          &C_DgreeF,        symbol_form},
-    {"[ppm]",           &C_PPM,           symbol_form},
-    {"[ppb]",           &C_PPB,           symbol_form},
-};
-
-struct Prefix_alias {
-    char const* text;
-    SI_units prefix;
-};
-
-Prefix_alias const prefix_aliases[] = {
-    {"u",      MICRO},
-    {"\u03BC", MICRO}, // Greek small mu; the core prints the micro sign, U+00B5
+constexpr Composite composites[] = {
+    // Speeds, which take no prefix: nobody writes kilo-knots.
+    {"mph",     symbol_form, Prefixes_taken::none,   {SPL_NONE, NO_PREFIX, {{MILE, 1}, {HOUR, -1}}}},
+    {"kn",      symbol_form, Prefixes_taken::none,   Knot},   // no unit n, so no kilo of it
+    {"kt",      symbol_form, Prefixes_taken::none,   Knot},   // and no kilotonne
+    {"knot",    name_form,   Prefixes_taken::none,   Knot},
+    {"knots",   name_form,   Prefixes_taken::none,   Knot},
+    {"[kn_i]",  symbol_form, Prefixes_taken::none,   Knot},
+    {"fpm",     symbol_form, Prefixes_taken::none,   {SPL_NONE, NO_PREFIX, {{FOOT, 1}, {MINUTE, -1}}}},
+    {"fps",     symbol_form, Prefixes_taken::none,   {SPL_NONE, NO_PREFIX, {{FOOT, 1}, {SECOND, -1}}}},
+    // Rates.
+    {"bps",     symbol_form, Prefixes_taken::usual,  {SPL_NONE, NO_PREFIX, {{BIT, 1}, {SECOND, -1}}}},
+    {"rpm",     symbol_form, Prefixes_taken::usual,  {SPL_NONE, NO_PREFIX, {{REVOLUTION, 1}, {MINUTE, -1}}}},
+    {"RPM",     symbol_form, Prefixes_taken::none,   {SPL_NONE, NO_PREFIX, {{REVOLUTION, 1}, {MINUTE, -1}}}},
+    {"dps",     symbol_form, Prefixes_taken::usual,  {SPL_NONE, NO_PREFIX, {{DEGREE, 1}, {SECOND, -1}}}}, // of gyroscopes
+    {"gpm",     symbol_form, Prefixes_taken::none,   {SPL_NONE, NO_PREFIX, {{GALLON, 1}, {MINUTE, -1}}}},
+    {"lpm",     symbol_form, Prefixes_taken::none,   {SPL_NONE, NO_PREFIX, {{LITER, 1}, {MINUTE, -1}}}},
+    {"LPM",     symbol_form, Prefixes_taken::none,   {SPL_NONE, NO_PREFIX, {{LITER, 1}, {MINUTE, -1}}}},
+    // Electricity and mechanics.
+    {"var",     symbol_form, Prefixes_taken::chosen, {SPL_NONE, NO_PREFIX, {{VOLT, 1}, {AMP, 1}}}},
+    {"VAR",     symbol_form, Prefixes_taken::usual,  {SPL_NONE, NO_PREFIX, {{VOLT, 1}, {AMP, 1}}}},
+    {"Nm",      symbol_form, Prefixes_taken::chosen, {SPL_NONE, NO_PREFIX, {{NEWTON, 1}, {METER, 1}}}, Power_raises::last_unit},
+    {"ksi",     symbol_form, Prefixes_taken::none,   {SPL_NONE, KILO, {{POUND_PER_SQUARE_INCH, 1}}}},
+    {"megohm",  name_form,   Prefixes_taken::none,   {SPL_NONE, MEGA, {{OHM, 1}}}}, // a vowel is left out, and the
+    {"megohms", name_form,   Prefixes_taken::none,   {SPL_NONE, MEGA, {{OHM, 1}}}}, // prefix belongs to the word
+    {"kilohm",  name_form,   Prefixes_taken::none,   {SPL_NONE, KILO, {{OHM, 1}}}},
+    {"kilohms", name_form,   Prefixes_taken::none,   {SPL_NONE, KILO, {{OHM, 1}}}},
+    // Areas and volumes.
+    {"sqm",     symbol_form, Prefixes_taken::none,   {SPL_NONE, NO_PREFIX, {{METER, 2}}}},
+    {"sqft",    symbol_form, Prefixes_taken::none,   {SPL_NONE, NO_PREFIX, {{FOOT, 2}}}},
+    {"sqin",    symbol_form, Prefixes_taken::none,   {SPL_NONE, NO_PREFIX, {{INCH, 2}}}},
+    {"cc",      symbol_form, Prefixes_taken::none,   {SPL_NONE, MICRO, {{METER, 3}}}}, // a cubic centimetre
+    {"ccm",     symbol_form, Prefixes_taken::none,   {SPL_NONE, MICRO, {{METER, 3}}}},
+    // The volumes of the United States with their country.
+    {"US_gal",   symbol_form, Prefixes_taken::none,  {SPL_NONE, NO_PREFIX, {{GALLON, 1}}}},
+    {"US_qt",    symbol_form, Prefixes_taken::none,  {SPL_NONE, NO_PREFIX, {{QUART, 1}}}},
+    {"US_pt",    symbol_form, Prefixes_taken::none,  {SPL_NONE, NO_PREFIX, {{PINT, 1}}}},
+    {"US_floz",  symbol_form, Prefixes_taken::none,  {SPL_NONE, NO_PREFIX, {{FLUID_OUNCE, 1}}}},
+    {"US_fl_oz", symbol_form, Prefixes_taken::none,  {SPL_NONE, NO_PREFIX, {{FLUID_OUNCE, 1}}}},
 };
 // clang-format on
 
-void Append_spellings(std::vector<Unit_word>& words, Units const& unit, std::string const& symbol,
-                      std::string const& name, bool run_together, Dimension dimension) {
-    if (symbol == name) {
-        words.push_back({symbol, static_cast<Word_form>(symbol_form | name_form), run_together,
-                         dimension, unit});
-        return;
-    }
-    words.push_back({symbol, symbol_form, run_together, dimension, unit});
-    words.push_back({name, name_form, run_together, dimension, unit});
+constexpr Units One_of(Units_list unit) {
+    return {SPL_NONE, NO_PREFIX, {{unit, 1}}};
 }
 
-// The special names that are one word and carry no prefix: "kHz" is kilo with "Hz" all the same.
+// The words of a text that are apart by blanks.
+std::vector<std::string> Words_in(std::string_view text) {
+    std::vector<std::string> words;
+    while (!text.empty()) {
+        std::size_t const end = std::min(text.find(' '), text.size());
+        words.emplace_back(text.substr(0, end));
+        text.remove_prefix(std::min(end + 1, text.size()));
+    }
+    return words;
+}
+
+void Append_words(std::vector<Unit_word>& words, char const* texts, Word_form form, Units_list unit,
+                  bool run_together) {
+    for (std::string& text : Words_in(texts)) {
+        words.push_back(
+            {std::move(text), form, Catalogue::Row_of(unit).prefixes, One_of(unit), run_together});
+    }
+}
+
+// All words of a unit's row. Only the core's own symbols and names are run together with others, and other
+// characters for them.
+void Append_unit(std::vector<Unit_word>& words, Units_list unit) {
+    Catalogue::Unit_spelling const& row = Catalogue::unit_spellings[Catalogue::Place_of(unit)];
+    bool const is_of_core = Catalogue::Is_unit_of_core(unit);
+    Append_words(words, Unit_text(unit, STR_SYMBOL).c_str(), symbol_form, unit, is_of_core);
+    Append_words(words, Unit_text(unit, STR_NAME).c_str(), name_form, unit, is_of_core);
+    Append_words(words, row.characters, symbol_form, unit, true);
+    Append_words(words, row.symbols, symbol_form, unit, false);
+    Append_words(words, row.names, name_form, unit, false);
+}
+
+// The special names of the core that are one word and carry no prefix: "kHz" is kilo with "Hz" all the same.
 void Append_special_name(std::vector<Unit_word>& words, Units const& unit) {
     std::string const name = Units_library::Get_unit_str_spl_map(unit, STR_NAME);
     if (name.empty() || unit.si_prefix != NO_PREFIX || unit.spl_conv != SPL_NONE) {
         return;
     }
-    std::string const symbol = Units_library::Get_unit_str_spl_map(unit, STR_SYMBOL);
-    bool const one_word = name.find('/') == std::string::npos;
-    Append_spellings(words, unit, symbol, one_word ? name : symbol, false, NO_DIMENSION);
+    bool const hertz = unit.tuples[1].unit == NO_UNIT;
+    Prefixes_taken const prefixes = hertz ? Prefixes_taken::chosen : Prefixes_taken::none;
+    words.push_back(
+        {Units_library::Get_unit_str_spl_map(unit, STR_SYMBOL), symbol_form, prefixes, unit});
+    if (name.find('/') == std::string::npos) {
+        words.push_back({name, name_form, prefixes, unit});
+    }
+}
+
+void Append_prefix(std::vector<Prefix_word>& words, Catalogue::Prefix_row const& row) {
+    words.push_back({Prefix_text(row.prefix, STR_SYMBOL), symbol_form, row.prefix, row.is_of_core});
+    words.push_back({Prefix_text(row.prefix, STR_NAME), name_form, row.prefix, row.is_of_core});
+    for (std::string& text : Words_in(row.symbols)) {
+        words.push_back({std::move(text), symbol_form, row.prefix, row.is_of_core});
+    }
 }
 
 template <typename Word>
@@ -181,34 +173,20 @@ Unit_words::Unit_words() {
     if (!Is_catalogue_ready()) {
         return; // GCOV_EXCL_LINE: likewise
     }
-    dimensions.push_back(NO_DIMENSION); // of NO_UNIT
-    for (Units const& unit : Catalogue_units()) {
-        dimensions.push_back(Units_library::Get_dimension(unit.tuples[0].unit));
-        Append_spellings(units, unit, Units_library::Get_unit_string(unit, STR_SYMBOL),
-                         Units_library::Get_unit_string(unit, STR_NAME), true, dimensions.back());
+    for (Catalogue::Unit_row const& row : Catalogue::unit_rows) {
+        Append_unit(units, row.unit);
     }
     for (Named_unit const& named : Named_units()) {
         Append_special_name(units, named.unit);
     }
-    for (Alias const& alias : aliases) {
-        units.push_back({alias.text, alias.form, alias.run_together,
-                         Dimension_of(alias.unit->tuples[0].unit), *alias.unit});
+    for (Composite const& word : composites) {
+        units.push_back({word.text, word.form, word.prefixes, word.unit, false, word.power_raises});
     }
     for (Unit_word& word : units) {
-        bool const several = word.unit.tuples[1].unit != NO_UNIT;
-        word.takes_prefix = word.unit.si_prefix == NO_PREFIX &&
-                            (!several || Dimension_of(word.unit.tuples[0].unit) != LENGTH);
+        word.has_gaps = word.text[0] != '[' && word.text.find('_') != std::string::npos;
     }
-    for (SI_units const prefix : Value::Prefixes()) {
-        Units const unit = {SPL_NONE, prefix, {}};
-        radices[static_cast<std::size_t>(prefix - PICO)] =
-            Units_library::Get_unit_base(unit) == 2.0 ? 2 : 10;
-        prefixes.push_back(
-            {Units_library::Get_unit_str_si_map(unit, STR_SYMBOL), symbol_form, prefix});
-        prefixes.push_back({Units_library::Get_unit_str_si_map(unit, STR_NAME), name_form, prefix});
-    }
-    for (Prefix_alias const& alias : prefix_aliases) {
-        prefixes.push_back({alias.text, symbol_form, alias.prefix});
+    for (Catalogue::Prefix_row const& row : Catalogue::prefix_rows) {
+        Append_prefix(prefixes, row);
     }
     std::stable_sort(units.begin(), units.end(), Precedes<Unit_word>);
     Merge_forms(units);

@@ -1,10 +1,10 @@
-// The words of the notation: names and symbols of units and prefixes, gathered once from the core,
-// and a table of what people write besides.
+// The words of the notation: names and symbols of units and prefixes, gathered once from the catalogue,
+// and a table of words for several units.
 
 #ifndef VARNIX_VALUE_TEXT_UNIT_WORDS_H
 #define VARNIX_VALUE_TEXT_UNIT_WORDS_H
 
-#include <varnix/value/Units.h>
+#include "catalogue/Unit_rows.h"
 
 #include <array>
 #include <cstddef>
@@ -26,13 +26,20 @@ inline Word_form Common(Word_form first, Word_form second) {
     return static_cast<Word_form>(first & second);
 }
 
+// What the power behind a word raises.
+enum class Power_raises : std::uint8_t {
+    all,
+    last_unit, // of "Nm", which is written like N*m
+};
+
 struct Unit_word {
     std::string text;
     Word_form form;
-    bool run_together;        // with other units, as the core prints them; others stand alone
-    Dimension dimension;      // of a word that may be run together
-    Units unit;               // without marker; of the words with a prefix of their own with that
-    bool takes_prefix = true; // not of a speed: nobody writes kilo-knots
+    Catalogue::Prefixes_taken prefixes;
+    Units unit;                // without marker; of the words with a prefix of their own with that
+    bool run_together = false; // with other units, as the core prints its own; others stand alone
+    Power_raises power_raises = Power_raises::all;
+    bool has_gaps = false;                   // '_' where blanks may stand: "imp_gal"
     Unit_word const* next_in_slot = nullptr; // of Unit_words' table
 };
 
@@ -40,7 +47,17 @@ struct Prefix_word {
     std::string text;
     Word_form form;
     SI_units prefix;
+    bool is_of_core;
 };
+
+// Whether the prefix stands before the unit, symbols with symbols and names with names.
+inline bool Goes_with(Prefix_word const& prefix, Unit_word const& unit) {
+    using Catalogue::Prefixes_taken;
+    bool const any =
+        unit.prefixes == Prefixes_taken::any || unit.prefixes == Prefixes_taken::chosen;
+    return Common(prefix.form, unit.form) != no_form &&
+           (any || (prefix.is_of_core && unit.prefixes != Prefixes_taken::none));
+}
 
 // The words that begin with one byte.
 template <typename Word>
@@ -80,17 +97,6 @@ class Unit_words {
     std::vector<Unit_word> const& All_units() const { return units; }
     std::vector<Prefix_word> const& All_prefixes() const { return prefixes; }
 
-    // Whether there is a prefix with this exponent, of a power of two or of ten.
-    bool Has_prefix(std::int64_t exponent, bool binary) const {
-        return exponent >= PICO && exponent <= YOBI &&
-               radices[static_cast<std::size_t>(exponent - PICO)] == (binary ? 2 : 10);
-    }
-
-    // The dimension of a unit of the catalogue.
-    Dimension Dimension_of(Units_list unit) const {
-        return dimensions[static_cast<std::size_t>(unit)];
-    }
-
   private:
     Unit_words();
 
@@ -103,7 +109,7 @@ class Unit_words {
     }
 
     // Words differ in their first byte, their last and their size; few share all three.
-    static constexpr std::size_t Slot_count = 512;
+    static constexpr std::size_t Slot_count = 1024;
     static std::size_t Slot_of(std::string_view text) {
         auto const first = static_cast<unsigned char>(text.front());
         auto const last = static_cast<unsigned char>(text.back());
@@ -112,8 +118,6 @@ class Unit_words {
 
     std::vector<Unit_word> units; // sorted by text
     std::vector<Prefix_word> prefixes;
-    std::vector<Dimension> dimensions;                   // by the codes of the units
-    std::array<std::uint8_t, YOBI - PICO + 1> radices{}; // 2 or 10; 0 where there is no prefix
     Ranges<Unit_word> unit_ranges;
     Ranges<Prefix_word> prefix_ranges;
     std::array<Unit_word const*, Slot_count> first_of_slot{};

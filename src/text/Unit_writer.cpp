@@ -28,19 +28,19 @@ std::string Spelled(Units const& unit, Unit_string_type spelling) {
     return Units_library::Get_unit_string(unit, spelling);
 }
 
-// The prefixes that are written wherever they fit; hecto and deca only where nothing else does, so that
-// 10^2 V/m are V/cm.
-std::string Usual_prefix_text(std::int64_t prefix, Unit_string_type spelling) {
-    return prefix == HECTO || prefix == DECA ? std::string() : Prefix_text(prefix, spelling);
-}
-
-// Which of the two.
-using Prefix_writer = std::string (*)(std::int64_t prefix, Unit_string_type spelling);
-
-bool Is_prefix_of_core(SI_units prefix) {
-    Catalogue::Prefix_row const* const row = Catalogue::Find_prefix(prefix);
+bool Is_prefix_of_core(std::int64_t prefix) {
+    auto const code = static_cast<SI_units>(prefix);
+    Catalogue::Prefix_row const* const row =
+        code == prefix ? Catalogue::Find_prefix(code) : nullptr;
     return row != nullptr && row->is_of_core;
 }
+
+std::string Prefix_text_of_core(std::int64_t prefix, Unit_string_type spelling) {
+    return Is_prefix_of_core(prefix) ? Prefix_text(prefix, spelling) : std::string();
+}
+
+// Of all prefixes, or of the core's alone.
+using Prefix_writer = std::string (*)(std::int64_t prefix, Unit_string_type spelling);
 
 // Powers in empty slots say nothing, and are not written.
 Units With_clear_slots(Units unit) {
@@ -132,28 +132,26 @@ std::string Power_of_prefixed(Units const& unit, Unit_string_type spelling,
                                 std::to_string(tuple.exponent);
 }
 
-// Nobody writes "l/kmin".
-bool Takes_prefix_below(Units_list unit) {
-    using Taken = Catalogue::Prefixes_taken;
-    return Catalogue::Is_unit(unit) && Catalogue::Row_of(unit).prefixes != Taken::none &&
-           Catalogue::Row_of(unit).prefixes != Taken::usual;
+// "V/cm", "1/cm": the prefix at the unit of one slot, if its power lets it be one that has a name.
+std::string Prefix_at_slot(std::size_t k, Units const& unit, Unit_string_type spelling,
+                           Prefix_writer prefix_text) {
+    std::int32_t const power = unit.tuples[k].exponent;
+    std::int64_t const scale = unit.si_prefix; // INT32_MIN / -1 has no 32 bits
+    bool const has_room = unit.tuples[k].unit != NO_UNIT && power != 0 && power != INT32_MIN;
+    if (!has_room || scale % power != 0) {
+        return {};
+    }
+    Slot_prefixes prefixes;
+    prefixes[k] = prefix_text(scale / power, spelling);
+    return prefixes[k].empty() ? std::string() : Explicit_units(unit, spelling, prefixes);
 }
 
-// "V/cm", "1/cm": the prefix at the first unit whose power lets it be one that has a name.
-std::string Prefix_at_a_unit(Units const& unit, Unit_string_type spelling,
-                             Prefix_writer prefix_text) {
-    bool const is_of_core = !Has_unit_beyond_core(unit);
-    for (std::size_t k = 0; k < Value_detail::Tuple_count && unit.tuples[k].unit != NO_UNIT; ++k) {
-        std::int32_t const power = unit.tuples[k].exponent;
-        std::int64_t const scale = unit.si_prefix; // INT32_MIN / -1 has no 32 bits
-        bool const is_usual = is_of_core || power > 0 || Takes_prefix_below(unit.tuples[k].unit);
-        if (power == 0 || power == INT32_MIN || scale % power != 0 || !is_usual) {
-            continue;
-        }
-        Slot_prefixes prefixes;
-        prefixes[k] = prefix_text(scale / power, spelling);
-        if (!prefixes[k].empty()) {
-            return Explicit_units(unit, spelling, prefixes);
+std::string Prefix_at_first_slot(Units const& unit, Unit_string_type spelling,
+                                 Prefix_writer prefix_text) {
+    for (std::size_t k = 0; k < Value_detail::Tuple_count; ++k) {
+        std::string text = Prefix_at_slot(k, unit, spelling, prefix_text);
+        if (!text.empty()) {
+            return text;
         }
     }
     return {};
@@ -245,27 +243,36 @@ void Append_prefix_of_whole(std::vector<std::string>& texts, Units const& unit,
     }
 }
 
-// The spellings to try for a linear unit of the core, the nicest first; an empty one is none.
+// The spellings to try for a linear unit of the core, the nicest first; an empty one is none. Hecto and
+// deca come last: 10^2 V/m are V/cm.
 std::vector<std::string> Spellings_of_core(Units const& unit, Unit_string_type spelling) {
-    std::string const prefix = Usual_prefix_text(unit.si_prefix, spelling);
+    bool const is_hundreds = unit.si_prefix == HECTO || unit.si_prefix == DECA;
+    std::string const prefix = Prefix_text(unit.si_prefix, spelling);
     std::string const units = Explicit_units(unit, spelling);
     std::vector<std::string> texts;
     if (Is_hertz(unit)) {
-        texts.push_back(Prefix_text(unit.si_prefix, spelling) + Spelled(C_Hz, spelling));
+        texts.push_back(prefix + Spelled(C_Hz, spelling));
     }
     char const* const better = Better_than_special_name(unit, spelling);
     texts.push_back(better != nullptr ? better : Spelled(unit, spelling));
-    texts.push_back(Power_of_prefixed(unit, spelling, Usual_prefix_text));
-    if (!prefix.empty() || unit.si_prefix == NO_PREFIX) {
+    texts.push_back(Power_of_prefixed(unit, spelling, Prefix_text_of_core));
+    if (unit.si_prefix == NO_PREFIX || (!prefix.empty() && !is_hundreds)) {
         texts.push_back(prefix + units);
-        Append_prefix_of_whole(texts, unit, units, spelling);
     }
-    texts.push_back(Prefix_at_a_unit(unit, spelling, Usual_prefix_text));
+    Append_prefix_of_whole(texts, unit, units, spelling);
+    texts.push_back(Prefix_at_first_slot(unit, spelling, Prefix_text_of_core));
     texts.push_back(Prefixes_at_two_units(unit, spelling));
     texts.push_back(Power_of_prefixed(unit, spelling, Prefix_text));
-    texts.push_back(Prefix_at_a_unit(unit, spelling, Prefix_text));
+    texts.push_back(Prefix_at_first_slot(unit, spelling, Prefix_text));
     texts.push_back(With_power_of_ten(unit, units));
     return texts;
+}
+
+// Nobody writes "l/kmin".
+bool Takes_prefix_below(Units_list unit) {
+    using Taken = Catalogue::Prefixes_taken;
+    return Catalogue::Is_unit(unit) && Catalogue::Row_of(unit).prefixes != Taken::none &&
+           Catalogue::Row_of(unit).prefixes != Taken::usual;
 }
 
 // The same for a unit with others than the core's, in the order in which they are written.
@@ -285,7 +292,11 @@ std::vector<std::string> Spellings_beyond_core(Units const& unit, Unit_string_ty
     if (!prefix.empty() || unit.si_prefix == NO_PREFIX) {
         texts.push_back(prefix + units);
     }
-    texts.push_back(Prefix_at_a_unit(unit, spelling, Prefix_text));
+    for (std::size_t k = 0; k < Value_detail::Tuple_count; ++k) {
+        if (unit.tuples[k].exponent > 0 || Takes_prefix_below(unit.tuples[k].unit)) {
+            texts.push_back(Prefix_at_slot(k, unit, spelling, Prefix_text));
+        }
+    }
     Append_prefix_of_whole(texts, unit, units, spelling);
     texts.push_back(With_power_of_ten(unit, units));
     return texts;
@@ -372,7 +383,7 @@ std::string Power_text(Unit_tuple const& tuple, Unit_string_type spelling) {
 std::string Unreadable_text(Units const& unit, Unit_string_type spelling) {
     std::string units;
     for (Unit_tuple const& tuple : unit.tuples) {
-        if (Catalogue::Is_unit(tuple.unit)) {
+        if (tuple.unit != NO_UNIT) {
             units += (units.empty() ? "" : "*") + Power_text(tuple, spelling);
         }
     }

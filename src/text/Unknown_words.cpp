@@ -2,11 +2,10 @@
 
 #include "Characters.h"
 #include "Foreign_units.h"
+#include "Spellings.h"
 #include "Suggestions.h"
 #include "Unit_readings.h"
 #include "Unit_traps.h"
-
-#include <varnix/value/Units_library.h>
 
 #include <optional>
 
@@ -14,10 +13,11 @@ namespace Varnix::Value {
 
 namespace {
 
-// Whether the word takes a prefix, in this form.
-bool Is_word(std::string_view word, Word_form form) {
+// Whether the word takes the prefix in the other form: "inch" as "in" does.
+bool Takes_in_other_form(std::string_view word, Prefix_word prefix) {
+    prefix.form = prefix.form == symbol_form ? name_form : symbol_form;
     Unit_word const* const found = Unit_words::Get().Find_unit(word);
-    return found != nullptr && found->takes_prefix && (found->form & form) != 0;
+    return found != nullptr && Goes_with(prefix, *found);
 }
 
 // "pinch", "kmeters", "kilom": the form of the prefix is not that of the unit.
@@ -30,7 +30,7 @@ std::optional<Mixture> Find_mixture(std::string_view word) {
     for (Prefix_word const& prefix : Unit_words::Get().Prefixes_like(word)) {
         if (Begins_with(word, prefix.text)) {
             std::string_view const unit = word.substr(prefix.text.size());
-            if (Is_word(unit, prefix.form == symbol_form ? name_form : symbol_form)) {
+            if (Takes_in_other_form(unit, prefix)) {
                 return Mixture{&prefix, std::string(unit)};
             }
         }
@@ -41,14 +41,14 @@ std::optional<Mixture> Find_mixture(std::string_view word) {
 // The prefix in the form of the unit: kilometers, km; or apart from it: nano(mi), milli(in). Nothing
 // for a scale of temperature.
 std::string Unmixed(Mixture const& mixture) {
-    Units const unit = {SPL_NONE, mixture.prefix->prefix, {}};
+    SI_units const prefix = mixture.prefix->prefix;
     Unit_string_type const type = mixture.prefix->form == symbol_form ? STR_NAME : STR_SYMBOL;
-    std::string const text = Units_library::Get_unit_str_si_map(unit, type) + mixture.unit;
+    std::string const text = Prefix_text(prefix, type) + mixture.unit;
     auto const reading = Read_group(text, {0, false});
-    bool const same = reading && reading->prefix == unit.si_prefix && reading->end == text.size();
+    bool const same = reading && reading->prefix == prefix && reading->end == text.size();
     return same && Is_temperature_scale(*reading) ? std::string()
            : same                                 ? text
-                  : Units_library::Get_unit_str_si_map(unit, STR_NAME) + '(' + mixture.unit + ')';
+                  : Prefix_text(prefix, STR_NAME) + '(' + mixture.unit + ')';
 }
 
 // "4.7 k ohm", "5 T": the unit with the prefix that stands apart from it, or "" if there is none.

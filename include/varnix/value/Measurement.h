@@ -222,8 +222,9 @@ class VARNIX_VALUE_MEASUREMENT_EXPORT Measurement {
                             Levels levels = Levels::same_meaning);
 
     /// The same numbers and unit as a `Value_object`, nothing converted.
-    /// @throws MeasurementRefused difference_has_no_unit for a difference in °C or °F;
-    ///         levels_disagree as in `From`.
+    /// @throws MeasurementRefused difference_has_no_unit for a difference in °C or °F; unit_not_valid for a unit
+    ///         beyond those of <varnix/value/Units.h>, which has to be converted first; levels_disagree as in
+    ///         `From`.
     Value_object<double> To_value_object(Levels levels = Levels::same_meaning) const;
 
     // ---- The parts
@@ -268,7 +269,7 @@ class VARNIX_VALUE_MEASUREMENT_EXPORT Measurement {
     Measurement Convert_to(Units const& target) const;
 
     /// What an electrical relation makes of this and `with`: of volts, amperes, watts and ohms any
-    /// two give any third, as levels or linear.
+    /// two give any third, as levels or linear; and of field strengths likewise (V/m, A/m, W/m^2 and ohm).
     /// @throws MeasurementRefused no_electrical_relation for any other three units;
     ///         division_by_zero, root_of_negative, no_level_of_zero, out_of_range.
     Measurement Convert_to(Units const& target, Measurement const& with) const;
@@ -308,8 +309,11 @@ VARNIX_VALUE_MEASUREMENT_EXPORT Measurement operator+(Measurement const& x, Meas
 /// @throws as the sum, and MeasurementRefused gain_minus_level.
 VARNIX_VALUE_MEASUREMENT_EXPORT Measurement operator-(Measurement const& x, Measurement const& y);
 
-/// The product. A dimension on both sides goes by the unit of `x`, and there is no prefix (60 mph *
-/// 2 s is 1/30 mi); a plain number, per cent and ppm included, keeps unit and prefix of the other.
+/// The product. A dimension on both sides goes by the unit of `x` (60 mph * 2 s is 1/30 mi); a plain number, per
+/// cent and ppm included, keeps unit and prefix of the other. Otherwise the prefix is the product of both, where
+/// that has a name and is a power of 1000, the units that had the prefixes are still there, and the unit that is
+/// written first has the power 1 (2500 kg/h * 3.5 h is 8750 kg); else there is none. Torque times an angle is
+/// work: 3000 rpm * 2 N*m converts to kW.
 /// A gain amplifies (`Amplify`), a density times a bandwidth is the total power.
 /// @throws MeasurementRefused temperature_point_as_factor, level_as_factor, units_do_not_mix,
 ///         no_fixed_length, too_many_units, exponent_out_of_range, out_of_range.
@@ -358,6 +362,12 @@ VARNIX_VALUE_MEASUREMENT_EXPORT Measurement Sqrt(Measurement const& x);
 
 /// The absolute value. @throws as the negative
 VARNIX_VALUE_MEASUREMENT_EXPORT Measurement Abs(Measurement const& x);
+
+/// The quantity in the unit of SI that has a name, if there is one, without a prefix but for the kilogram:
+/// 70 kg * 9.81 m/s^2 is 686.7 N. What is in one such unit already stays, with its prefix, and so do levels,
+/// gains, points of temperature scales and all that has no named unit (km/h). Torques become joules.
+/// @throws MeasurementRefused out_of_range
+VARNIX_VALUE_MEASUREMENT_EXPORT Measurement Simplified(Measurement const& x);
 
 /// From the lesser lower bound to the greater upper bound, in the unit of `x` and with its value.
 /// A bound of `y` that is too large for a number there is infinite.

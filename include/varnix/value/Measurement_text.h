@@ -89,6 +89,34 @@ class VARNIX_VALUE_MEASUREMENT_EXPORT Measurement_reader {
     std::string unit_text; // which was read last
 };
 
+/// A unit as measurements have it: the unit, and whether it is one of differences of a temperature.
+struct Measurement_unit {
+    Units unit = C_Empty;       ///< what the numbers count
+    bool is_difference = false; ///< whether it counts differences: "Δ°C"
+};
+
+/// Whether both parts are the same.
+inline bool operator==(Measurement_unit const& first, Measurement_unit const& second) {
+    return first.unit == second.unit && first.is_difference == second.is_difference;
+}
+inline bool operator!=(Measurement_unit const& first, Measurement_unit const& second) {
+    return !(first == second);
+}
+
+/// The unit that a text names: what `Parse_unit` reads, and "Δ°C", "Δ°F", "ΔK" ("delta_degC", ...), with
+/// prefixes, in the standard dialect. Whether something can be measured in it is not asked here.
+/// @throws TextNotValid for any other text.
+VARNIX_VALUE_MEASUREMENT_EXPORT Measurement_unit
+Parse_measurement_unit(std::string_view text, Dialect dialect = Dialect::standard);
+
+/// As `Parse_measurement_unit`, with the failure as a fault. @throws std::bad_alloc and nothing else
+VARNIX_VALUE_MEASUREMENT_EXPORT Parse_result<Measurement_unit>
+Try_parse_measurement_unit(std::string_view text, Dialect dialect = Dialect::standard);
+
+/// The text of the unit; that of differences is marked: "Δ°C", "delta_celsius".
+VARNIX_VALUE_MEASUREMENT_EXPORT std::string Format_unit(Measurement_unit const& unit,
+                                                        Unit_string_type spelling = STR_SYMBOL);
+
 /// The measurement as a text, which never encloses less, whoever reads it: the decimal that is
 /// written for a lower bound is not above it, that for an upper bound not below it, and value minus
 /// and plus a written deviation enclose both. The value is rounded to nearest, ties to the even

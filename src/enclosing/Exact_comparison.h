@@ -1,8 +1,8 @@
-// Which of two exact numbers is greater, with a ratio of units between them, where enclosures of
-// some hundred bits do not tell. The numbers are compared as whole numbers.
+// Which of two exact numbers is greater, with an exact ratio between them, where enclosures of some
+// hundred bits do not tell. The numbers are compared as whole numbers.
 
-#ifndef VARNIX_VALUE_MEASUREMENT_EXACT_COMPARISON_H
-#define VARNIX_VALUE_MEASUREMENT_EXACT_COMPARISON_H
+#ifndef VARNIX_VALUE_ENCLOSING_EXACT_COMPARISON_H
+#define VARNIX_VALUE_ENCLOSING_EXACT_COMPARISON_H
 
 #include "Enclosed.h"
 #include "Exact_factor.h"

@@ -1,21 +1,16 @@
 // The enclosing arithmetic against MPFR: it encloses, and as tightly as doubles can.
 
-#include "measurement/Bands.h"
-#include "measurement/Enclosed.h"
-#include "measurement/Short_power.h"
-#include "measurement/Short_ways.h"
+#include "enclosing/Elementary_functions.h"
+#include "enclosing/Enclosed.h"
+#include "enclosing/Prepared_factor.h"
 
+#include "Random_numbers.h"
 #include "Reference_number.h"
-
-#include <varnix/value/Measurement_text.h>
 
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <cstring>
 #include <limits>
-#include <random>
-#include <vector>
 
 namespace Varnix::Value::Tests {
 namespace {
@@ -24,36 +19,7 @@ using namespace Physics;
 
 constexpr int Rounds = 20000; // of each operation; ten times as many take ten seconds and found no more
 
-// Doubles of every kind: any bits, denormal ones, small whole ones, powers of two, few bits far apart.
-class Hard_doubles {
-  public:
-    double operator()() {
-        std::uint64_t const bits = random();
-        double number = 0.0;
-        switch (random() % 6) {
-        case 0:
-            std::memcpy(&number, &bits, sizeof number);
-            return std::isfinite(number) ? number : 1.5;
-        case 1:
-            return std::ldexp(static_cast<double>(static_cast<std::int64_t>(bits) >> 11), Between(-80, -20));
-        case 2:
-            return Between(-1000, 1000);
-        case 3:
-            return std::ldexp(static_cast<double>(bits >> 12), -1074);
-        case 4:
-            return std::ldexp(Between(0, 1) == 0 ? 1.0 : -1.0, Between(-1074, 1023));
-        default:
-            return std::ldexp(Between(0, 63), Between(-20, 19)) + std::ldexp(1.0, Between(-100, -40));
-        }
-    }
-
-    int Between(int least, int greatest) { return std::uniform_int_distribution<int>(least, greatest)(random); }
-
-    std::mt19937_64 random{1};
-};
-
-// What rounds to the neighbours of the truth, and to the double nearest to it. `room` is what a bound may lie
-// further out.
+// The bounds are the doubles beside the truth, and the middle rounds to the double nearest to it.
 void Expect_tight(Enclosed const& result, Real const& truth, char const* operation, double x, double y) {
     EXPECT_EQ(Round_down(result), truth.Down()) << operation << ' ' << std::hexfloat << x << ' ' << y;
     EXPECT_EQ(Round_up(result), truth.Up()) << operation << ' ' << std::hexfloat << x << ' ' << y;
@@ -163,75 +129,6 @@ TEST(Enclosed, Goes_on_with_infinite_numbers) {
     EXPECT_EQ(Round_up(Power_of_ten(-infinite)), 0.0);
     EXPECT_EQ(Round_up(Power_of_ten(Enclose(-1e9))), 5e-324);
     EXPECT_EQ(Round_down(Power_of_ten(Enclose(1e9))), std::numeric_limits<double>::max());
-}
-
-// ---- Short ways
-
-Band Band_of(Numbers const& x) {
-    return {Enclose(x.lower), Enclose(x.value), Enclose(x.upper), false};
-}
-
-void Expect_same(Numbers const& numbers, Band const& band, char const* operation) {
-    EXPECT_EQ(numbers.lower, Round_down(band.lower)) << operation;
-    EXPECT_EQ(numbers.value, Round_to_nearest(band.value)) << operation;
-    EXPECT_EQ(numbers.upper, Round_up(band.upper)) << operation;
-}
-
-TEST(Short_ways_of_measurements, Agree_with_the_enclosing_arithmetic) {
-    Hard_doubles doubles;
-    int answered = 0;
-    auto const draw = [&] {
-        std::vector<double> ends = {std::fabs(doubles()), std::fabs(doubles()), std::fabs(doubles())};
-        std::sort(ends.begin(), ends.end());
-        return doubles.Between(0, 2) == 0 ? Numbers{ends[0], ends[0], ends[0]} : Numbers{ends[0], ends[1], ends[2]};
-    };
-    for (int round = 0; round < Rounds; ++round) {
-        Numbers const x = draw();
-        Numbers const y = draw();
-        Numbers result{};
-        double const divisor = doubles.Between(1, 3600);
-        double const numerator = doubles.Between(1, 1000);
-        Band const over = Single(Enclose(divisor));
-        if (Short_sum(x, y, result)) {
-            Expect_same(result, Band_of(x) + Band_of(y), "sum");
-        }
-        if (Short_product(x, y, divisor, result)) {
-            Expect_same(result, Band_of(x) * Band_of(y) / over, "product");
-            ++answered;
-        }
-        if (Short_quotient(x, y, result)) {
-            Expect_same(result, Band_of(x) / Band_of(y), "quotient");
-            ++answered;
-        }
-        if (Short_multiple(x, numerator, divisor, result)) {
-            Expect_same(result, Band_of(x) * Single(Enclose(numerator)) / over, "multiple");
-            ++answered;
-        }
-    }
-    EXPECT_GT(answered, Rounds / 4);
-}
-
-// Levels of all sizes, as doubles and as decimals, and levels near whole powers of ten.
-TEST(Short_ways_of_measurements, Take_powers_of_ten_as_the_enclosing_arithmetic) {
-    Hard_doubles doubles;
-    int answered = 0;
-    for (int round = 0; round < Rounds; ++round) {
-        int const step = doubles.Between(0, 1) == 0 ? 10 : 20;
-        int const tens = doubles.Between(-30, 30);
-        double const level = doubles.Between(-300000, 300000) / (round % 3 == 0 ? 1024.0 : 100.0) + (round % 5 == 0 ? doubles() * 1e-300 : 0.0);
-        Measurement const binary(level, C_DBW, level - 0.375, level + 1e-13 * std::fabs(level));
-        Measurement const decimal = Parse_measurement(std::to_string(doubles.Between(-99999999, 99999999)) + "e-5 ± 0.3 dBW");
-        for (Measurement const& x : {binary, decimal}) {
-            Numbers result{};
-            if (Short_power(x, step, tens, result)) {
-                Expect_same(result, Scaled_power_of_ten(Physics::Band_of(x), step, Powers_of_ten(tens)), "power of ten");
-                ++answered;
-            }
-        }
-    }
-    EXPECT_GT(answered, Rounds);
-    Numbers exact{};
-    EXPECT_FALSE(Short_power(Measurement(20.0, C_DBW), 10, 0, exact)); // 100, to the bit
 }
 
 } // namespace

@@ -1,7 +1,7 @@
-// Whole numbers of many digits, for products of the primes that units are made of.
+// Whole numbers of many digits, for products of the primes of exact ratios.
 
-#ifndef VARNIX_VALUE_MEASUREMENT_WHOLE_NUMBER_H
-#define VARNIX_VALUE_MEASUREMENT_WHOLE_NUMBER_H
+#ifndef VARNIX_VALUE_ENCLOSING_WHOLE_NUMBER_H
+#define VARNIX_VALUE_ENCLOSING_WHOLE_NUMBER_H
 
 #include "Exact_factor.h"
 
@@ -12,8 +12,8 @@
 
 namespace Varnix::Value::Physics {
 
-// Not negative, of up to so many digits of 32 bits; the least digit comes first. What becomes too
-// long stays so.
+// A whole number that is not negative, of up to Digit_count digits of 32 bits; the least digit
+// comes first. One that becomes too long stays so.
 template <std::size_t Digit_count>
 class Whole_number {
   public:
@@ -30,7 +30,7 @@ class Whole_number {
         too_long = too_long || carry != 0;
     }
 
-    // By the odd primes of a ratio above the line, or for sign -1 by those below it.
+    // Times the odd primes of a ratio above the line, or for sign -1 those below it.
     void Multiply(Exact_factor const& ratio, int sign) {
         for (std::size_t k = 1; k < primes.count; ++k) {
             for (int left = sign * ratio.powers[k]; left > 0 && !too_long; --left) {
@@ -46,7 +46,7 @@ class Whole_number {
         }
     }
 
-    // Plus the other, or for sign -1 minus it, which is not greater then.
+    // Plus the other; for sign -1 minus it, and then the other is not greater.
     void Add(int sign, Whole_number const& other) {
         std::int64_t carry = 0;
         for (std::size_t k = 0; k < digits.size(); ++k) {
@@ -59,7 +59,7 @@ class Whole_number {
 
     bool Is_too_long() const { return too_long; }
 
-    // -1, 0 or 1, of two that are not too long.
+    // -1, 0 or 1 for less, equal or greater; neither is too long.
     int Compare(Whole_number const& other) const {
         for (std::size_t k = digits.size(); k-- > 0;) {
             if (digits[k] != other.digits[k]) {

@@ -1,5 +1,6 @@
-// 10^y = 2^k e^r as in Enclosed.cpp (Cody and Waite 1980; a table of e^(j/64), a Taylor series for
-// the rest), in sums of two doubles whose errors are bounded beforehand, and not one by one.
+// 10^y = 2^k e^r as in enclosing/Elementary_functions.cpp (Cody and Waite 1980; a table of
+// e^(j/64), a Taylor series for the rest), in sums of two doubles whose errors are bounded
+// beforehand, and not operation by operation.
 //
 // The error, relative to the result: r is y ln 10 - k ln 2 with products that are exact but for
 // 2^-95. In the rest of at most 2^-7 its cube and the terms beyond are computed in one double: they
@@ -8,11 +9,11 @@
 // less than 2^-71. A result counts as decided where an error of 2^-68 would not change it: all but
 // one of 2^13.
 
-#include "Short_power.h"
+#include "Quick_power.h"
 
-#include "Enclosed_tables.h"
 #include "Kept_decimals.h"
 #include "basics/Error_free.h"
+#include "enclosing/Enclosed_tables.h"
 
 #include <cmath>
 
@@ -30,11 +31,6 @@ constexpr double Log2_ten = 3.321928094887362;
 // ln 2 in three parts; a whole number of up to 15 bits times one of the first two is exact.
 constexpr double Ln_two[] = {0x1.62e42fefa0000p-1, 0x1.cf79abc9e0000p-40, 0x1.d9cc01f97b57ap-79};
 
-Exact_pair Normalised(double high, double low) {
-    double const sum = high + low;
-    return {sum, low - (sum - high)};
-}
-
 // y ln 10 - k ln 2 for y = x / step + tens.
 Exact_pair Reduced(Exact_pair const& x, int step, double k) {
     double const share = step == 10 ? 1.0 : 0.5;
@@ -43,7 +39,8 @@ Exact_pair Reduced(Exact_pair const& x, int step, double k) {
     product.rest += x.rounded * factor.rest + x.rest * factor.rounded;
     Exact_pair const first = Exact_sum(product.rounded, -k * Ln_two[0]);
     Exact_pair const second = Exact_sum(first.rounded, -k * Ln_two[1]);
-    return Normalised(second.rounded, second.rest + (first.rest + (product.rest - k * Ln_two[2])));
+    return Exact_sum_of_ordered(second.rounded,
+                                second.rest + (first.rest + (product.rest - k * Ln_two[2])));
 }
 
 // e^x - 1 for |x| < 2^-7 and a little.
@@ -71,16 +68,16 @@ Exact_pair Exponential(Exact_pair const& x) {
     double const low =
         sum.rest + (product.rest +
                     (table.rest + (table.rounded * less_one.rest + table.rest * less_one.rounded)));
-    return Normalised(sum.rounded, low);
+    return Exact_sum_of_ordered(sum.rounded, low);
 }
 
 // The power, and whether rounding it to nearest and outward is decided.
-bool Power_of(Exact_pair const& x, int step, int tens, Exact_pair& power) {
+bool Decide_power(Exact_pair const& x, int step, int tens, Exact_pair& power) {
     if (!(std::fabs(x.rounded) < 4096.0)) {
         return false;
     }
     Exact_pair const sum = Exact_sum(x.rounded, static_cast<double>(step * tens));
-    Exact_pair const shifted = Normalised(sum.rounded, sum.rest + x.rest);
+    Exact_pair const shifted = Exact_sum_of_ordered(sum.rounded, sum.rest + x.rest);
     double const k = Nearest_whole(shifted.rounded / step * Log2_ten);
     if (std::fabs(k) > 1000.0) {
         return false;
@@ -114,17 +111,17 @@ bool Are_same(Exact_pair const& x, Exact_pair const& y) {
 
 } // namespace
 
-bool Short_power(Measurement const& x, int step, int tens, Numbers& power) {
+bool Quick_power(Measurement const& x, int step, int tens, Rounded_numbers& power) {
     Pairs const numbers = Pairs_of(x);
     Exact_pair value{};
-    if (!Power_of(numbers.value, step, tens, value)) {
+    if (!Decide_power(numbers.value, step, tens, value)) {
         return false;
     }
     Exact_pair lower = value;
     Exact_pair upper = value;
     bool const are_decided =
-        Are_same(numbers.lower, numbers.upper) ||
-        (Power_of(numbers.lower, step, tens, lower) && Power_of(numbers.upper, step, tens, upper));
+        Are_same(numbers.lower, numbers.upper) || (Decide_power(numbers.lower, step, tens, lower) &&
+                                                   Decide_power(numbers.upper, step, tens, upper));
     power = {Down(lower), value.rounded, Up(upper)};
     return are_decided;
 }

@@ -1,7 +1,7 @@
 // Constants and tables as sums of two doubles, made by tools/make_enclosure_tables.py.
 
-#ifndef VARNIX_VALUE_MEASUREMENT_ENCLOSED_TABLES_H
-#define VARNIX_VALUE_MEASUREMENT_ENCLOSED_TABLES_H
+#ifndef VARNIX_VALUE_ENCLOSING_ENCLOSED_TABLES_H
+#define VARNIX_VALUE_ENCLOSING_ENCLOSED_TABLES_H
 
 #include "Enclosed.h"
 

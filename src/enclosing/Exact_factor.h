@@ -1,11 +1,8 @@
-// The exact ratio of two units: a product of integer powers of the primes that the units are made
-// of, of pi and of the natural logarithm of ten. Products, quotients and powers of such ratios are exact,
-// whatever the powers.
+// An exact ratio: a product of integer powers of prime numbers, of pi and of the natural logarithm of ten.
+// Products, quotients and powers of such ratios are exact, whatever the powers.
 
-#ifndef VARNIX_VALUE_MEASUREMENT_EXACT_FACTOR_H
-#define VARNIX_VALUE_MEASUREMENT_EXACT_FACTOR_H
-
-#include "catalogue/Sizes.h"
+#ifndef VARNIX_VALUE_ENCLOSING_EXACT_FACTOR_H
+#define VARNIX_VALUE_ENCLOSING_EXACT_FACTOR_H
 
 #include <algorithm>
 #include <array>
@@ -14,11 +11,19 @@
 
 namespace Varnix::Value::Physics {
 
-// What the powers are of, 2, 3 and 5 first; as many as `count` says.
-extern Catalogue::Prime_numbers const primes;
+// What the powers are of: 2, 3 and 5 first, and as many others as the ratios need.
+struct Prime_numbers {
+    static constexpr std::size_t Limit = 38;
+
+    std::array<std::uint32_t, Limit> numbers{2, 3, 5};
+    std::size_t count = 3;
+};
+
+// Those of all ratios; whoever has these defines them.
+extern Prime_numbers const primes;
 
 struct Exact_factor {
-    static constexpr std::size_t Place_of_pi = Catalogue::Prime_numbers::Limit;
+    static constexpr std::size_t Place_of_pi = Prime_numbers::Limit;
     static constexpr std::size_t Place_of_ln10 = Place_of_pi + 1;
 
     std::array<std::int16_t, Place_of_ln10 + 1> powers{};
@@ -75,7 +80,7 @@ constexpr Exact_factor Powers_of_ten(int exponent) {
     return factor;
 }
 
-// How many whole powers of ten a ratio has, above or below the line.
+// The power of ten that a ratio contains: positive above the line, negative below it.
 inline int Tens_in(Exact_factor const& factor) {
     int const twos = factor.powers[0];
     int const fives = factor.powers[2];
