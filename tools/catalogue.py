@@ -13,6 +13,7 @@ CORE = ROOT / 'src/catalogue/core_units.def'
 CORE_TABLE = ROOT / 'src/units/Unit_tables.h'
 CORE_CASES = ROOT / 'tests/cases/catalogue.txt'
 PREFIXES = ROOT / 'src/catalogue/Prefixes.h'
+READER = ROOT / 'src/text/Unit_words.cpp'
 QUANTITIES = ROOT / 'src/catalogue/Quantities.h'
 
 decimal.getcontext().prec = 60
@@ -153,17 +154,39 @@ def coherent_unit(quantity):
 
 @dataclasses.dataclass
 class Composite:
-    """Words for a product or a quotient, and that as a text."""
+    """Words for a product or a quotient of units, or for one with a prefix, and that as a text."""
     words: list
     meaning: str
+    prefixes: str
+
+
+def text_of(symbols, prefix, tuples):
+    """The product that a constant of C++ describes: "n.mi/h"."""
+    above, below = [], []
+    for unit, power in tuples:
+        part = symbols[unit] + (f'^{abs(int(power))}' if abs(int(power)) > 1 else '')
+        (above if int(power) > 0 else below).append(part)
+    product = '*'.join(above or ['1']) + ''.join('/' + part for part in below)
+    name = next((row.name for row in prefixes() if row.constant == prefix), '')
+    return f'{name}({product})' if name else product
 
 
 @functools.lru_cache(maxsize=None)
 def composites():
-    """The words that the core prints for composites, and those that the reader knows besides."""
-    text = CORE_TABLE.read_text(encoding='utf-8')
-    special = re.findall(r'Unit_name_spl_data\((\w+), +Spelled\("([^"]*)", +"([^"]*)"', text)
-    return [Composite([symbol, name], constant) for constant, symbol, name in special]
+    """The words that the reader knows besides those of single units, in the order of its table."""
+    symbols = {unit.constant: unit.symbol for unit in units()}
+    source = READER.read_text(encoding='utf-8')
+    unit = r'\{SPL_NONE, (\w+), \{(\{\w+, -?\d+\}(?:, \{\w+, -?\d+\})*)\}\}'
+    constants = {name: (prefix, tuples) for name, prefix, tuples in re.findall(r'constexpr Units (\w+) = ' + unit, source)}
+    rows = re.findall(r'^    \{"([^"]+)", +\w+, +Prefixes_taken::(\w+), +(?:' + unit + r'|(\w+))', source, re.M)
+    found = {}
+    for word, taken, prefix, tuples, constant in rows:
+        prefix, tuples = constants[constant] if constant else (prefix, tuples)
+        meaning = text_of(symbols, prefix, re.findall(r'\{(\w+), (-?\d+)\}', tuples))
+        found.setdefault((meaning, taken), Composite([], meaning, taken)).words.append(word)
+    if len(rows) < 20:
+        raise ValueError(f'only {len(rows)} rows of composites were read')
+    return list(found.values())
 
 
 # What the core's quantities are made of, in the base units of SI, with bits and symbols.

@@ -80,8 +80,10 @@ def prefix_section():
 
 
 def composite_section():
-    rows = [[code(row.words), row.meaning] for row in catalogue.composites()]
-    return ('## Words for composites\n\nThese stand for a product or a quotient of units.\n\n' + table(['read', 'as'], rows))
+    rows = [['`Hz`, `hertz`', '`1/s`', 'all'],
+            *([code(row.words), code([row.meaning]), TAKEN[row.prefixes]] for row in catalogue.composites())]
+    return ('## Words for composites\n\nThese stand for a product, a quotient or a power, or for a unit with its prefix.\n\n' +
+            table(['read', 'as', 'prefixes'], rows))
 
 
 def page():

@@ -6,7 +6,7 @@
 #include "catalogue/Unit_spellings.h"
 
 #include <varnix/value/Measurement.h>
-#include <varnix/value/Text_parsing.h>
+#include <varnix/value/Measurement_text.h>
 #include <varnix/value/Unit_kinds.h>
 
 #include <algorithm>
@@ -84,7 +84,7 @@ std::string Coherent_unit_of(Catalogue::Quantity quantity) {
         [&](auto const& candidate) {
             return candidate.quantity == quantity && candidate.size == std::string("1");
         });
-    return Format_unit({SPL_NONE, NO_PREFIX, {{row->unit, 1}}});
+    return Format_unit(Units{SPL_NONE, NO_PREFIX, {{row->unit, 1}}});
 }
 
 // "= 0.3048 m", "= pi/180 rad", "= 0.01"; nothing for a unit that sizes are counted in.
@@ -115,7 +115,7 @@ char const* Source(Units const& unit) {
 double Factor(Units const& unit) {
     Measurement const one(1.0, unit);
     bool const of_scale = Row_of(unit).quantity == Catalogue::Quantity::TEMPERATURE;
-    Units const coherent = Parse_unit(Coherent_unit_of(Row_of(unit).quantity));
+    Units const coherent = Parse_measurement_unit(Coherent_unit_of(Row_of(unit).quantity)).unit;
     return (of_scale ? one.As_difference() : one).Convert_to(coherent).Get_value();
 }
 
