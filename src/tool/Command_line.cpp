@@ -48,6 +48,7 @@ char const* const compute_examples =
     "  value-object compute '10 dBm [9, 11] + 3 dB'     13 dBm [12, 14]\n"
     "  value-object compute '60 mph * 2 s' --to m       53.6448 m\n"
     "  value-object compute '1 / 50 Hz'                 0.02 s\n"
+    "  value-object compute '70 kg * 9.81 m/s^2' --simplify    686.7 N\n"
     "  value-object compute '30 dBm [29, 31] < 32 dBm'  true\n"
     "  value-object compute '5.02 ± 0.01 V' --limits '4.75 V' '5.25 V'    pass\n"
     "  value-object compute --power-sum < levels.txt    10 dBm and 10 dBm are 13.01 dBm\n"
@@ -162,6 +163,8 @@ void Add_compute(CLI::App& tool, Arguments& arguments) {
     Add_option(command, "--with", request.with, Quantity_value,
                "The second quantity of an electrical relation to that unit")
         .needs(&to);
+    auto& simplify = *command.add_flag("--simplify", request.simplify,
+                                       "In the unit of SI that has a name: 686.7 N, not kg*m/s^2");
     auto& limits = Add_option(command, "--limits", request.limits, "LOW HIGH",
                               "Check the quantity against two limits: pass, fail or undecided");
     auto& sum = *command.add_flag(
@@ -170,7 +173,8 @@ void Add_compute(CLI::App& tool, Arguments& arguments) {
     auto& mean = *command.add_flag("--power-mean", request.power_mean, "The same of their mean");
     Add_dialect_option(command, arguments);
     Add_output_options(command, arguments);
-    limits.expected(2)->excludes(&to);
+    limits.expected(2)->excludes(&to)->excludes(&simplify);
+    simplify.excludes(&to)->excludes(command.get_option("--by-the-rules"));
     sum.excludes(&expression)->excludes(&limits)->excludes(&mean);
     mean.excludes(&expression)->excludes(&limits);
     for (CLI::Option* const option : {&limits, &sum, &mean}) {

@@ -64,6 +64,7 @@ struct Computation_request {
     std::string to;                  // the unit of the result; empty where it has its own
     std::string with;                // the second quantity of an electrical relation to that
     std::vector<std::string> limits; // none, or a lower and an upper one
+    bool simplify = false;           // the result in the unit of SI that has a name
     bool power_sum = false;          // of the levels on standard input, one a line
     bool power_mean = false;         // likewise
 };

@@ -116,8 +116,8 @@ char const* Compare(Measurement const& left, std::string_view sign, Measurement 
 }
 
 void Check_no_unit_asked(std::string_view sign, Computation_request const& request) {
-    if (Is_comparison(sign) && !request.to.empty()) {
-        throw Trouble("a comparison has no unit: leave out --to");
+    if (Is_comparison(sign) && (!request.to.empty() || request.simplify)) {
+        throw Trouble("a comparison has no unit: leave out --to and --simplify");
     }
 }
 
@@ -134,12 +134,20 @@ void Write_verdict(std::string const& expression, std::string const& verdict,
     }
 }
 
+// In the unit that the request asks for.
+Answer Asked_for(Answer const& answer, Computation_request const& request, Options const& options) {
+    if (request.simplify) {
+        return {Telling_refusals([&] { return Simplified(std::get<Measurement>(answer.result)); }),
+                answer.has_bounds};
+    }
+    return request.to.empty()
+               ? answer
+               : Quantity_converter(request.to, request.with, options).Convert(answer);
+}
+
 void Write_answer(std::string const& input, Answer const& answer,
                   Computation_request const& request, Options const& options, Output& output) {
-    Answer const asked =
-        request.to.empty() ? answer
-                           : Quantity_converter(request.to, request.with, options).Convert(answer);
-    Write_result(input, asked, options, output);
+    Write_result(input, Asked_for(answer, request, options), options, output);
 }
 
 struct Operands {
@@ -247,7 +255,8 @@ Exit_status Compute(Computation_request const& request, Options const& options, 
         throw Trouble("compute takes an expression: value-object compute '1 km + 500 m'");
     } else if (!request.limits.empty()) {
         Write_limit_check(expression, request, options, output);
-    } else if (request.words.size() == 1 && !request.to.empty() && !Is_expression(expression)) {
+    } else if (request.words.size() == 1 && (!request.to.empty() || request.simplify) &&
+               !Is_expression(expression)) {
         // One quantity that is converted. In several words an operator may be missing that the shell took.
         Write_answer(expression, Read_answer(expression, options), request, options, output);
     } else {

@@ -3,7 +3,7 @@
 #include "Quantity_converter.h"
 #include "Written_results.h"
 
-#include <varnix/value/Text_parsing.h>
+#include <varnix/value/Measurement_text.h>
 #include <varnix/value/Unit_kinds.h>
 
 #include <unistd.h>
@@ -19,7 +19,8 @@ using Words = std::vector<std::string>;
 enum class Form { other, number, quantity };
 
 Form Form_of(std::string const& text, Dialect dialect) {
-    auto const quantity = Try_parse_quantity(text, {}, dialect);
+    Measurement_reader reader(dialect, {});
+    auto const quantity = reader.Read(text);
     return !quantity                         ? Form::other
            : quantity->Get_unit() == C_Empty ? Form::number
                                              : Form::quantity;

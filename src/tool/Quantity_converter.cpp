@@ -7,20 +7,17 @@
 
 namespace Varnix::Value::Tool {
 
-Target Read_target(std::string_view text) {
-    if (auto const unit = Try_parse_unit(text)) {
-        return {*unit, false};
-    }
-    auto const zero = Try_parse_measurement("0 " + std::string(text));
-    if (zero && zero->Is_difference()) {
-        return {zero->Get_unit(), true};
+Measurement_unit Read_target(std::string_view text) {
+    if (auto const unit = Try_parse_measurement_unit(text)) {
+        return {unit->unit, unit->is_difference};
     }
     return {Read_unit(text), false}; // which is refused, and says why
 }
 
 Quantity_converter::Quantity_converter(std::string const& to_, std::string const& with_,
                                        Options const& options_)
-    : to(options_.rules == Rules::measurements ? Read_target(to_) : Target{Read_unit(to_), false}),
+    : to(options_.rules == Rules::measurements ? Read_target(to_)
+                                               : Measurement_unit{Read_unit(to_), false}),
       with(with_.empty() ? std::nullopt : std::optional(Read_answer(with_, options_))),
       reader(options_) {}
 

@@ -14,14 +14,8 @@
 
 namespace Varnix::Value::Tool {
 
-// A unit to convert to. "Δ°C" and its kin, which no unit is, ask for a difference of temperatures.
-struct Target {
-    Units unit;
-    bool is_difference;
-};
-
 // @throws Refusal where the text is none
-Target Read_target(std::string_view text);
+Measurement_unit Read_target(std::string_view text);
 
 class Quantity_converter {
   public:
@@ -37,7 +31,7 @@ class Quantity_converter {
     Answer Converted(Answer const& answer);
     Measurement Measured(Measurement const& x);
 
-    Target to;
+    Measurement_unit to;
     std::optional<Answer> with;
     Answer_reader reader;
     std::optional<Measurement_converter> prepared; // for the unit that came last
