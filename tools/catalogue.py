@@ -204,7 +204,7 @@ def powers():
     found = dict(CORE_POWERS)
     for _, constant, _, volt, *others in rows_of(BEYOND, 'VARNIX_VALUE_QUANTITY'):
         product = {base: int(volt) * power for base, power in CORE_POWERS['VOLTAGE'].items()}
-        for base, power in zip(('A', 'm', 's', 'rad', 'cd', 'mol', 'sym'), others, strict=True):
+        for base, power in zip(('A', 'm', 's', 'rad', 'cd', 'mol', 'sym', 'dB'), others, strict=True):
             product[base] = product.get(base, 0) + int(power)
         found[constant] = product
     return {constant: tuple(sorted((base, power) for base, power in product.items() if power != 0))

@@ -3,8 +3,8 @@
 characters that GNU units or UDUNITS-2 read as a unit, with what our tool makes of each; with --check compares.
 
 Names of the peers' databases are all there. Of the words that they combine, of a prefix and a name or with an s for
-the plural, those are there that we read as something else; but not those for which the row without the prefix says
-all. The reason of each such row is kept from the table as it
+the plural, those are there that we read as something else; but not those for which the row without the prefix, or with
+kilo, says all. The reason of each such row is kept from the table as it
 is; a row that has none yet gets REASON?, which fails the test of the table, until a person has read it.
 
 Both peers have to be installed: exit status 77 otherwise, by which ctest knows that the check was skipped.
@@ -25,7 +25,8 @@ FACTORS = {symbol: float(prefix.factor) for prefix in catalogue.prefixes() for s
 BEGINNING = '''\
 # All words of up to four characters that GNU units 2.22 or UDUNITS-2 read as a unit, and what we make of each. Of
 # the words that a peer combines itself, of a prefix and a name or with an s for the plural, the table has those that
-# we read as something else, unless the word without its prefix has such a row, and the prefix is the same for both.
+# we read as something else, unless the word without its prefix, or with kilo, has such a row, and the prefix is the
+# same for both.
 # tools/make_peer_words.py writes it; the reasons are by hand.
 #
 #   the word; by which peer: gnu, udunits or both; what one of it is there, in base units; then
@@ -54,15 +55,19 @@ def readings(peer):
 
 
 def same_but_for_prefix(word, prefix, found, verdicts):
-    """Whether the word is prefix and a word, to the peer and to us, and the row of that word says what differs."""
-    base = word[len(prefix):]
-    if base not in found or verdicts[base][0] != 'other':
-        return False
-    ours = {'u': 'µ', 'μ': 'µ'}.get(prefix, prefix)
-    by_us = verdicts[word][1] == ours + verdicts[base][1]
-    ratio = FACTORS[ours] * found[base].factor / found[word].factor if found[word].factor else 0.0
-    by_peer = found[word].powers == found[base].powers and (found[word].is_level or abs(ratio - 1) < 1e-9)
-    return by_us and by_peer
+    """Whether the word is a prefix and a rest, to the peer and to us, and another row says what differs: that of the
+    rest, or of the rest with kilo."""
+    rest, ours = word[len(prefix):], {'u': 'µ', 'μ': 'µ'}.get(prefix, prefix)
+    for other, its_prefix in ((rest, ''), ('k' + rest, 'k')):
+        if other == word or verdicts.get(other, ('',))[0] != 'other' or not verdicts[other][1].startswith(its_prefix):
+            continue
+        by_us = verdicts[word][1] == ours + verdicts[other][1][len(its_prefix):]
+        factor = FACTORS[ours] / FACTORS.get(its_prefix, 1.0) * found[other].factor
+        by_peer = found[word].powers == found[other].powers and (
+            found[word].is_level or abs(factor - found[word].factor) <= 1e-9 * abs(factor))
+        if by_us and by_peer:
+            return True
+    return False
 
 
 def rows_of_peer(peer, ours):
