@@ -1,4 +1,4 @@
-"""The catalogue as the scripts read it: the rows of the .def files, the core's table and the prefixes."""
+"""The catalogue as scripts read it: the rows of the .def files, and the reader's table of words for composites."""
 
 import dataclasses
 import decimal
@@ -10,9 +10,8 @@ import re
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 BEYOND = ROOT / 'include/varnix/value/Engineering_units.def'
 CORE = ROOT / 'src/catalogue/core_units.def'
-CORE_TABLE = ROOT / 'src/units/Unit_tables.h'
 CORE_CASES = ROOT / 'tests/cases/catalogue.txt'
-PREFIXES = ROOT / 'src/catalogue/Prefixes.h'
+PREFIXES = ROOT / 'src/catalogue/prefixes.def'
 READER = ROOT / 'src/text/Unit_words.cpp'
 QUANTITIES = ROOT / 'src/catalogue/Quantities.h'
 
@@ -73,23 +72,17 @@ def rows_of(path, macro):
             yield fields_of(row[1])
 
 
-def core_words():
-    """Symbol and name of each unit of the core, by its constant."""
-    pattern = r'\((\w+), +Unit_info\(.*?Spelled\("([^"]*)", *"([^"]*)"'
-    return {constant: (symbol, name) for constant, symbol, name in re.findall(pattern, CORE_TABLE.read_text(encoding='utf-8'))}
-
-
 @functools.lru_cache(maxsize=None)
 def units():
-    """All units, in the order of their codes."""
-    table, found = core_words(), []
-    for constant, quantity, size, characters, symbols, names, suffixes, prefixes, source in rows_of(CORE, 'VARNIX_VALUE_CORE_UNIT'):
-        symbol, name = table[constant]
+    """All units, in the order of their rows."""
+    found = []
+    for (constant, _, _, _, symbol, name, _, _, _, quantity, size, characters, symbols, names, suffixes, prefixes,
+         source) in rows_of(CORE, 'VARNIX_VALUE_CORE_UNIT'):
         found.append(Unit(constant, quantity, size, symbol, name, [*characters.split(), *symbols.split()], names.split(),
                           suffixes.split(), prefixes, source, True))
     for _, constant, quantity, size, symbol, name, symbols, names, suffix, prefixes, source in rows_of(BEYOND, 'VARNIX_VALUE_UNIT'):
         found.append(Unit(constant, quantity, size, symbol, name, symbols.split(), names.split(), suffix.split(), prefixes, source, False))
-    if len(found) < len(table) + 70:
+    if len(found) < 100:
         raise ValueError(f'only {len(found)} rows of units were read')
     return found
 
@@ -112,21 +105,14 @@ def prefixes():
              re.findall(r'^prefix +(-?\d+) +\d+ +\S+ +(\w+)', CORE_CASES.read_text(encoding='utf-8'), re.M)}
     codes.update(re.findall(r'SI_units (\w+) = static_cast<SI_units>\((-?\d+)\)', BEYOND.with_suffix('.h').read_text(encoding='utf-8')))
     found = []
-    for constant, of_core, rest in re.findall(r'^    \{(\w+), +(true|false), +(.*?)\},', PREFIXES.read_text(encoding='utf-8'), re.M):
-        symbol, name, symbols, multiplier = fields_of(rest)
+    for constant, symbol, name, *spellings, multiplier in rows_of(PREFIXES, r'VARNIX_VALUE_\w+_PREFIX *'):
+        of_core = bool(spellings)
         base = 2 if name.endswith('bi') else 10
-        found.append(Prefix(constant, symbol, name, symbols.split(), multiplier, of_core == 'true',
+        found.append(Prefix(constant, symbol, name, spellings[-1].split() if of_core else [], multiplier, of_core,
                             fractions.Fraction(base) ** int(codes[constant])))
+    if len(found) < 30:
+        raise ValueError(f'only {len(found)} rows of prefixes were read')
     return found
-
-
-def taken_by(unit):
-    """The prefixes that a unit takes."""
-    if unit.prefixes == 'none':
-        return []
-    if 'usual' in unit.prefixes:
-        return [prefix for prefix in prefixes() if prefix.is_of_core]
-    return prefixes()
 
 
 def decimal_size(size):

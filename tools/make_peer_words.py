@@ -7,7 +7,8 @@ the plural, those are there that we read as something else; but not those for wh
 kilo, says all. The reason of each such row is kept from the table as it
 is; a row that has none yet gets REASON?, which fails the test of the table, until a person has read it.
 
-Both peers have to be installed: exit status 77 otherwise, by which ctest knows that the check was skipped.
+Both peers have to be installed, and with --check be those of the table: exit status 77 otherwise, by which ctest knows
+that the check was skipped.
 """
 
 import re
@@ -84,7 +85,7 @@ def rows_of_peer(peer, ours):
 def kept_reasons():
     if not TABLE.is_file():
         return {}
-    return {(row.word, row.ours): row.reason for row in our_reading.rows_of(TABLE) if row.verdict == 'other'}
+    return {(row.word, row.by, row.ours): row.reason for row in our_reading.rows_of(TABLE) if row.verdict == 'other'}
 
 
 def merged(per_peer):
@@ -102,7 +103,7 @@ def table(rows):
     for word, by, reading, (verdict, ours) in rows:
         cells = [word.ljust(widths[0]), by.ljust(widths[1]), reading.ljust(widths[2]), verdict.ljust(len('refused'))]
         if verdict == 'other':
-            cells += [ours, reasons.get((word, ours), NO_REASON)]
+            cells += [ours, reasons.get((word, by, ours), NO_REASON)]
         lines.append('  '.join(cells).rstrip())
     return BEGINNING + '\n' + '\n'.join(lines) + '\n'
 
@@ -114,6 +115,9 @@ def main():
     there = peers.installed()
     if len(there) < 2:
         print('make_peer_words: skipped, since GNU units or UDUNITS-2 is not installed')
+        return 77
+    if check and not BEGINNING.startswith(f'# All words of up to four characters that {there[0].version()} or'):
+        print(f'make_peer_words: skipped, since the table is of another version than {there[0].version()}')
         return 77
     made = table(merged({peer.short: list(rows_of_peer(peer, our_reading.Tool(tool))) for peer in there}))
     if not check:

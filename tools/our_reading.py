@@ -71,6 +71,6 @@ class Row:
 
 
 def rows_of(table):
-    for line in table.read_text(encoding='utf-8').splitlines():
-        if line and not line.startswith('# ') and line != '#':
-            yield Row(*re.split(r'  +', line))
+    """The rows of tests/cases/peer_words.txt; a word may begin with the sign of comments."""
+    lines = table.read_text(encoding='utf-8').splitlines()
+    return [Row(*re.split(r'  +', line)) for line in lines if line and line != '#' and not line.startswith('# ')]

@@ -53,6 +53,12 @@ class Gnu_units:
         return shutil.which('units') is not None
 
     @staticmethod
+    def version():
+        """"GNU units 2.22"."""
+        text = subprocess.run(['units', '--version'], capture_output=True, text=True, check=True).stdout
+        return 'GNU units ' + re.search(r'[\d.]+', text)[0]
+
+    @staticmethod
     def _asked(lines):
         environment = {**os.environ, 'LC_ALL': 'C.UTF-8', 'UNITS_ENGLISH': 'US'}
         environment.pop('UNITSFILE', None)
