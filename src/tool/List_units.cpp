@@ -57,7 +57,7 @@ Catalogue::Unit_row const& Row_of(Units const& unit) {
 }
 
 // What the sizes of a quantity's units are counted in, where that is no unit of the catalogue without
-// a prefix.
+// a prefix. Every other quantity has a unit of size 1.
 struct Coherent_unit {
     Catalogue::Quantity quantity;
     char const* text;
