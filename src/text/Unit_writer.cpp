@@ -275,6 +275,19 @@ bool Takes_prefix_below(Units_list unit) {
            Catalogue::Row_of(unit).prefixes != Taken::usual;
 }
 
+// Above the line first: "cm^3/mol".
+void Append_prefix_at_each_slot(std::vector<std::string>& texts, Units const& unit,
+                                Unit_string_type spelling) {
+    for (bool const below : {false, true}) {
+        for (std::size_t k = 0; k < Value_detail::Tuple_count; ++k) {
+            Unit_tuple const& tuple = unit.tuples[k];
+            if ((tuple.exponent < 0) == below && (!below || Takes_prefix_below(tuple.unit))) {
+                texts.push_back(Prefix_at_slot(k, unit, spelling, Prefix_text));
+            }
+        }
+    }
+}
+
 // The same for a unit with others than the core's, in the order in which they are written.
 std::vector<std::string> Spellings_beyond_core(Units const& unit, Unit_string_type spelling) {
     std::string const prefix = Prefix_text(unit.si_prefix, spelling);
@@ -292,11 +305,7 @@ std::vector<std::string> Spellings_beyond_core(Units const& unit, Unit_string_ty
     if (!prefix.empty() || unit.si_prefix == NO_PREFIX) {
         texts.push_back(prefix + units);
     }
-    for (std::size_t k = 0; k < Value_detail::Tuple_count; ++k) {
-        if (unit.tuples[k].exponent > 0 || Takes_prefix_below(unit.tuples[k].unit)) {
-            texts.push_back(Prefix_at_slot(k, unit, spelling, Prefix_text));
-        }
-    }
+    Append_prefix_at_each_slot(texts, unit, spelling);
     Append_prefix_of_whole(texts, unit, units, spelling);
     texts.push_back(With_power_of_ten(unit, units));
     return texts;
