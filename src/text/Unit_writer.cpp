@@ -229,6 +229,16 @@ char const* Better_than_special_name(Units const& unit, Unit_string_type spellin
                                   : nullptr;
 }
 
+// "kg*m/s^2": "gm" is an old symbol of the gram.
+bool Is_written_apart(Units const& unit, Unit_string_type spelling) {
+    auto const stands_above = [&](Units_list wanted) {
+        return std::any_of(
+            std::begin(unit.tuples), std::end(unit.tuples),
+            [&](Unit_tuple const& tuple) { return tuple.unit == wanted && tuple.exponent > 0; });
+    };
+    return spelling == STR_SYMBOL && stands_above(GRAM) && stands_above(METER);
+}
+
 bool Is_hertz(Units const& unit) {
     return Without_prefix(unit) == C_Hz;
 }
@@ -252,6 +262,9 @@ std::vector<std::string> Spellings_of_core(Units const& unit, Unit_string_type s
     std::vector<std::string> texts;
     if (Is_hertz(unit)) {
         texts.push_back(prefix + Spelled(C_Hz, spelling));
+    }
+    if (Is_written_apart(unit, spelling)) {
+        texts.push_back(prefix + units);
     }
     char const* const better = Better_than_special_name(unit, spelling);
     texts.push_back(better != nullptr ? better : Spelled(unit, spelling));
@@ -418,6 +431,7 @@ std::string Text_of_core_unit(Units const& unit, Unit_string_type spelling) {
     }
     // Nearly all units: nothing else has to be composed.
     bool const simple = unit.spl_conv != SPL_DB && !Is_hertz(unit) &&
+                        !Is_written_apart(unit, spelling) &&
                         Better_than_special_name(unit, spelling) == nullptr;
     if (simple && Reads_back(core_text, unit)) {
         return core_text;
