@@ -126,7 +126,7 @@ void Append_special_name(std::vector<Unit_word>& words, Units const& unit) {
 void Append_prefix(std::vector<Prefix_word>& words, Catalogue::Prefix_row const& row) {
     words.push_back({Prefix_text(row.prefix, STR_SYMBOL), symbol_form, row.prefix, row.is_of_core});
     words.push_back({Prefix_text(row.prefix, STR_NAME), name_form, row.prefix, row.is_of_core});
-    for (std::string& text : Words_in(row.symbols)) {
+    for (std::string& text : Words_in(row.characters)) {
         words.push_back({std::move(text), symbol_form, row.prefix, row.is_of_core});
     }
 }
