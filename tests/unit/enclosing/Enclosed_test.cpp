@@ -75,15 +75,15 @@ TEST(Enclosed, Applies_ratios_exactly_where_that_is_a_double) {
         Real truth(1.0);
         for (std::size_t k = 0; k < primes.count; ++k) {
             double const prime = primes.numbers[k];
-            factor.powers[k] = doubles.Between(0, k < 7 ? 1 : 9) == 1 ? doubles.Between(-4, 4) : 0;
+            factor.powers[k] = static_cast<std::int16_t>(doubles.Between(0, k < 7 ? 1 : 9) == 1 ? doubles.Between(-4, 4) : 0);
             truth = truth * Raised(Real(prime), factor.powers[k]);
             divisor *= k > 0 && factor.powers[k] < 0 && divisor < 1e9 ? std::pow(prime, -factor.powers[k]) : 1.0;
         }
         if (round % 3 == 0) {
             std::int16_t& pi = factor.powers[Exact_factor::Place_of_pi];
             std::int16_t& ln10 = factor.powers[Exact_factor::Place_of_ln10];
-            pi = doubles.Between(-2, 2);
-            ln10 = doubles.Between(-2, 2);
+            pi = static_cast<std::int16_t>(doubles.Between(-2, 2));
+            ln10 = static_cast<std::int16_t>(doubles.Between(-2, 2));
             truth = truth * Raised(Real::Pi(), pi) * Raised(Real::Ln_ten(), ln10);
         }
         double const x = round % 2 == 0 ? divisor * doubles.Between(1, 3) : doubles();
