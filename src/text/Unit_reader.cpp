@@ -392,8 +392,7 @@ bool Unit_reader::Refuse_between_factors(std::size_t where) {
     bool const signed_digit = hyphen && Character_at(text, where + 1).kind == Character_kind::digit;
     if (hyphen && Character_at(text, where + 1).kind == Character_kind::letter) {
         fault = Whole_fault(text, Skip_blanks(text, first));
-        return !fault &&
-               Refuse(where, "a product is written with '*', as in N*m, and not with '-'");
+        return !fault && Refuse(where, "a product is written with '*' and not with '-', as in N*m");
     }
     if (where == position && (kind == Character_kind::digit || signed_digit)) { // "m2", "s-1"
         return Refuse(where, "a power is written with '^', as in m^2");
@@ -483,7 +482,7 @@ constexpr Refused_level refused_levels[] = {
     {"dBFS",  "is relative to the full scale of a converter, which is no unit: write dB for the ratio"},
     {"dBu",   "is relative to 0.775 V in audio, and to 1 µV in radio: write dBV or dBµV"},
     {"dBC",   "is a weighted sound pressure level, which is no unit: write dB for a difference of two, and dB(A*s) for charges"},
-    {"dBSPL", "is relative to 20 µPa, which is no unit: write the pressure in Pa"},
+    {"dBSPL", "is relative to 20 µPa, which is no unit"},
     {"dBc",   "stands alone: write dB(1/Hz) for the density of a noise relative to the carrier"},
     {"dBi",   "stands alone: write dB for a gain"},
 };

@@ -76,7 +76,7 @@ constexpr Trap traps[] = {
     {"Mins", "mega(in*s)",  "min",  false},
     {"mins", "milli(in*s)", "min",  false},
     {"Gs",   "giga(s)",     "G",    true},  // a symbol of the gauss
-    {"qm",   "quecto(m)",   "m^2",  false}, // "Quadratmeter"
+    {"qm",   "quecto(m)",   "(m^2)", true}, // "Quadratmeter"
     {"pu",   "pico(u)",     "%",    true},  // per unit, in power systems
 };
 // clang-format on
@@ -257,6 +257,9 @@ std::optional<Text_fault> Level_plural_fault(std::string_view text, std::size_t 
     if (!alone && (shorter.count == 0 || is_time(shorter) || Is_temperature_scale(shorter))) {
         return std::nullopt; // "dBns", "dBseconds"
     }
+    if (!Try_parse_unit("dB" + level)) {
+        return std::nullopt; // "dBus"
+    }
     return Ambiguous(text, start, "dB(" + Written(*reading) + ')', "dB" + level);
 }
 
@@ -270,7 +273,7 @@ struct Whole_trap {
 };
 
 // clang-format off
-constexpr char samples[] = "is mostly for samples per second: write Hz, or sym/s; siemens per second are (S/s)";
+constexpr char samples[] = "is mostly for samples per second: write Hz or sym/s; siemens per second are (S/s)";
 constexpr char small_torque[] = "is a torque by pounds of force: write lbf*in; a mass times a length is (lb*in)";
 constexpr char torque[] = "is a torque or an energy by pounds of force: write lbf*ft; a mass times a length is (lb*ft)";
 constexpr char pressure[] = "is a pressure by pounds of force: write psi; a mass by area is (lb/in^2)";

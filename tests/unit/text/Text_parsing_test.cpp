@@ -166,6 +166,49 @@ TEST(Parsing, Reads_every_word_of_the_catalogue) {
     }
 }
 
+// What is written for a unit beyond the core's is of its kind and size.
+struct Size {
+    Catalogue::Kind kind;
+    double number = 1.0;
+};
+
+Size Size_of(Units const& unit) {
+    Size size;
+    size.number = std::pow(10.0, unit.si_prefix);
+    for (Unit_tuple const& tuple : unit.tuples) {
+        if (tuple.unit != NO_UNIT) {
+            Catalogue::Unit_row const& row = Catalogue::Row_of(tuple.unit);
+            Catalogue::Multiply(size.kind, Catalogue::As_physics_has_it(Catalogue::Row_of(row.quantity).kind), tuple.exponent);
+            size.number *= std::pow(std::strtod(row.size, nullptr), tuple.exponent);
+        }
+    }
+    return size;
+}
+
+TEST(Parsing, Says_what_to_write_in_units_of_the_core) {
+    std::size_t count = 0;
+    for (Word const& word : Words_of_catalogue()) {
+        for (char const* const form : {"#", "k#", "h#", "1/#", "V*#^2", "#/s", "m#/ms"}) {
+            std::string text = form;
+            text.replace(text.find('#'), 1, word.text);
+            auto const unit = Try_parse_unit(text);
+            if (!unit || !Is_beyond_core(*unit)) {
+                continue;
+            }
+            Text_fault const fault = Try_parse_quantity("5 " + text).Get_fault();
+            EXPECT_EQ(fault.position, 2U) << text;
+            std::size_t const way = fault.message.find("; here write ");
+            if (way != std::string::npos) {
+                auto const written = Parse_quantity("5 " + fault.message.substr(way + 13));
+                EXPECT_TRUE(Size_of(written.Get_unit()).kind == Size_of(*unit).kind) << text << ": " << fault.message;
+                EXPECT_NEAR(Size_of(written.Get_unit()).number / Size_of(*unit).number, 1.0, 1e-14) << text << ": " << fault.message;
+                ++count;
+            }
+        }
+    }
+    EXPECT_GT(count, 300U);
+}
+
 // The texts of every prefix with the words of all units that take it, and what each means.
 std::map<std::string, std::vector<Units>> Prefixed_words() {
     using Catalogue::Prefixes_taken;
@@ -204,6 +247,50 @@ TEST(Parsing, Reads_every_prefix_on_every_word) {
                           "Gs: refused",   "Min: refused", "PS: metric_horsepower", "ct: carats",  "dB: C_DB",    "dBd: refused", "dBq: refused",
                           "dBy: refused",  "db: refused",  "dbit: refused",         "kt: C_Knots", "mB: refused", "mBy: refused", "mb: refused",
                           "mbit: refused", "min: C_Min",   "nmi: C_Nautical_mile",  "pt: pints",   "pu: refused", "qm: refused"}));
+}
+
+// A product of units of the catalogue and its text, "kilo(Pa*l/s^2)".
+struct Written_product {
+    std::string text;
+    Units unit;
+};
+
+bool Precedes(Unit_tuple const& left, Unit_tuple const& right) {
+    return Catalogue::Dimension_of(left.unit) < Catalogue::Dimension_of(right.unit);
+}
+
+Written_product Random_product(std::vector<Word> const& words, std::mt19937& random) {
+    std::vector<Unit_tuple> tuples;
+    std::string above;
+    std::string below;
+    for (std::size_t count = 0; count < 1 + random() % Value_detail::Tuple_count; ++count) {
+        Word const& word = words[random() % words.size()];
+        Unit_tuple const tuple = {word.row.unit, static_cast<int>(random() % 6) - 3};
+        bool const same =
+            std::any_of(tuples.begin(), tuples.end(), [&](Unit_tuple const& own) { return !Precedes(own, tuple) && !Precedes(tuple, own); });
+        if (same || tuple.exponent == 0) {
+            continue;
+        }
+        tuples.push_back(tuple);
+        std::string const text = word.text + '^' + std::to_string(std::abs(tuple.exponent));
+        tuple.exponent > 0 ? above += (above.empty() ? "" : "*") + text : below += '/' + text;
+    }
+    Catalogue::Prefix_row const& prefix = Catalogue::prefix_rows[random() % std::size(Catalogue::prefix_rows)];
+    std::sort(tuples.begin(), tuples.end(), Precedes);
+    Units unit = {SPL_NONE, prefix.prefix, {}};
+    std::copy(tuples.begin(), tuples.end(), unit.tuples);
+    return {std::string(prefix.name) + '(' + (above.empty() ? "1" : above) + below + ')', unit};
+}
+
+TEST(Parsing, Reads_products_of_all_units) {
+    std::vector<Word> const words = Words_of_catalogue();
+    std::mt19937 random(7);
+    for (int k = 0; k < 20000; ++k) {
+        auto const [text, unit] = Random_product(words, random);
+        if (unit.tuples[0].unit != NO_UNIT) {
+            EXPECT_EQ(Outcome(Try_parse_unit(text)), Written(unit)) << text;
+        }
+    }
 }
 
 Units Random_compound(std::mt19937& random) {
