@@ -76,7 +76,7 @@ constexpr Trap traps[] = {
     {"Mins", "mega(in*s)",  "min",  false},
     {"mins", "milli(in*s)", "min",  false},
     {"Gs",   "giga(s)",     "G",    true},  // a symbol of the gauss
-    {"qm",   "quecto(m)",   "(m^2)", true}, // "Quadratmeter"
+    {"qm",   "quecto(m)",   "m^2",  false}, // "Quadratmeter"
     {"pu",   "pico(u)",     "%",    true},  // per unit, in power systems
 };
 // clang-format on

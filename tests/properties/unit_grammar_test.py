@@ -82,7 +82,7 @@ COMPOSITES = {
     "knot": ({"nautical mile": 1, "hour": -1}, False, True, ["kn", "kt", "kts"], ["knot", "knots"]),
 }
 
-TAKEN_FOR_ANOTHER = {"Gs", "qm", "Min", "mb", "mB", "mBy", "mbps"}
+TAKEN_FOR_ANOTHER = {"Gs", "Min", "mb", "mB", "mBy", "mbps"}
 ANOTHER_UNIT = {"min": "minute", "nmi": "nautical mile"}
 # m before these, with a negative power, is metre times the unit to many: m/s for ms^-1.
 METRE_TIMES = {"ms", "mmin", "mh", "mK"}
@@ -156,7 +156,8 @@ class Word:
         composite = COMPOSITES.get(self.unit)
         if self.text in ANOTHER_UNIT:
             return Meaning(0, 0, {ANOTHER_UNIT[self.text]: 1})  # and no thousandth of an inch
-        if self.text in TAKEN_FOR_ANOTHER or self.text.startswith("db"):  # decibels, to many
+        square_metre = self.text == "qm" and power == 1
+        if self.text in TAKEN_FOR_ANOTHER or square_metre or self.text.startswith("db"):  # decibels, to many
             raise Refused(f"{self.text} is taken for something else")
         if self.prefix != (0, 0) and composite and not composite[1]:
             raise Refused("a speed takes no prefix")
