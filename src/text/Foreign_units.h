@@ -1,4 +1,4 @@
-// Well-known units that are not in the catalogue, and other words that people write for units.
+// Words that people write for units, and that are refused with a reason, or go by another name here.
 
 #ifndef VARNIX_VALUE_TEXT_FOREIGN_UNITS_H
 #define VARNIX_VALUE_TEXT_FOREIGN_UNITS_H
@@ -9,8 +9,7 @@
 
 namespace Varnix::Value {
 
-// The message for a well-known unit that the catalogue does not have: what it measures, and what to
-// write where there is a way. "mH" and "kPa" are known with their prefixes.
+// Why a well-known word is no unit here, and what to write where there is a way: "ton", "mVrms".
 std::optional<std::string> Foreign_unit_message(std::string_view word);
 
 // The unit that is meant by a text not near to it, "NM" for the nautical mile; or empty.

@@ -11,6 +11,7 @@
 #include "Quantity_reader.h"
 
 #include "Characters.h"
+#include "Core_units.h"
 #include "Number_reader.h"
 #include "Unit_words.h"
 
@@ -408,6 +409,9 @@ Parse_result<Value_object<double>> Read_quantity(std::string_view text, Number_f
     }
     if (!is_split) {
         return std::move(*splitter.fault);
+    }
+    if (std::optional<Text_fault> fault = Beyond_core_fault(unit, parts.unit_position)) {
+        return std::move(*fault);
     }
     Value_object<double> quantity = Made_of(parts, unit);
     bool const added = parts.form != Quantity_form::bounds;

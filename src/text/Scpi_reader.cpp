@@ -14,7 +14,11 @@
 #include "Unit_product.h"
 #include "Unit_reader.h"
 
+#include "catalogue/Prefixes.h"
+#include "catalogue/Unit_spellings.h"
+
 #include <algorithm>
+#include <array>
 #include <iterator>
 #include <optional>
 #include <string>
@@ -26,94 +30,68 @@ namespace {
 struct Suffix {
     std::string_view text;
     Units unit;
-};
-
-constexpr Units One_of(Units_list unit) {
-    return {SPL_NONE, NO_PREFIX, {{unit, 1}}};
-}
-
-constexpr Units One_of(Units_list above, Units_list below) {
-    return {SPL_NONE, NO_PREFIX, {{above, 1}, {below, -1}}};
-}
-
-struct Multiplier {
-    std::string_view text;
-    int power_of_ten;
+    bool takes_multiplier;
 };
 
 // clang-format off
-constexpr Suffix suffixes[] = {
-    // Of IEEE 488.2 and SCPI-99.
-    {"V",    One_of(VOLT)},
-    {"A",    One_of(AMP)},
-    {"W",    One_of(WATT)},
-    {"OHM",  One_of(OHM)},
-    {"HZ",   {SPL_NONE, NO_PREFIX, {{SECOND, -1}}}},
-    {"S",    One_of(SECOND)},
-    {"MIN",  One_of(MINUTE)},
-    {"HR",   One_of(HOUR)},
-    {"D",    One_of(DAY)},
-    {"ANN",  One_of(YEAR)},
-    {"M",    One_of(METER)},
-    {"FT",   One_of(FOOT)},
-    {"IN",   One_of(INCH)},
-    {"MI",   One_of(MILE)},
-    {"NAMI", One_of(NAUTICAL_MILE)},
-    {"G",    One_of(GRAM)},
-    {"TNE",  {SPL_NONE, MEGA, {{GRAM, 1}}}},
-    {"K",    One_of(KELVIN)},
-    {"CEL",  One_of(DEGREE_C)},
-    {"FAR",  One_of(DEGREE_F)},
-    {"DEG",  One_of(DEGREE)},
-    {"RAD",  One_of(RADIAN)},
-    {"PCT",  One_of(PERCENT)},
-    {"PPM",  One_of(PPM)},
-    // What the library prints in upper case besides, or has no suffix for.
-    {"DY",   One_of(DAY)},
-    {"WK",   One_of(WEEK)},
-    {"MO",   One_of(MONTH)},
-    {"YR",   One_of(YEAR)},
-    {"YD",   One_of(YARD)},
-    {"N.MI", One_of(NAUTICAL_MILE)},
-    {"NMI",  One_of(NAUTICAL_MILE)},
-    {"PPB",  One_of(PPB)},
-    {"SYM",  One_of(SYMBOL)},
-    {"BIT",  One_of(BIT)},
-    {"BYTE", One_of(BYTE)},
-    {"KTS",  One_of(NAUTICAL_MILE, HOUR)},
-    {"MPH",  One_of(MILE, HOUR)},
-    {"KMPH", {SPL_NONE, KILO, {{METER, 1}, {HOUR, -1}}}},
+
+// The suffixes that mean several units, or one with a prefix.
+constexpr Suffix composites[] = {
+    {"HZ",   {SPL_NONE, NO_PREFIX, {{SECOND, -1}}},                   true},
+    {"TNE",  {SPL_NONE, MEGA,      {{GRAM, 1}}},                      true},  // the tonne of the core
+    {"KTS",  {SPL_NONE, NO_PREFIX, {{NAUTICAL_MILE, 1}, {HOUR, -1}}}, false},
+    {"MPH",  {SPL_NONE, NO_PREFIX, {{MILE, 1}, {HOUR, -1}}},          false},
+    {"KMPH", {SPL_NONE, KILO,      {{METER, 1}, {HOUR, -1}}},         false},
 };
 
-// Suffixes of the standard that mean no unit of the catalogue. In `instead` the multiplier takes
-// the place of '#', so that "UF" is "US/OHM"; without one it is said where no multiplier stands.
-struct Foreign_suffix {
+// Suffixes of the standard that most people write for other units. In `instead` the multiplier takes the place of
+// '#', so that "UF" is "US/OHM".
+struct Refused_suffix {
     std::string_view text;
     char const* meaning;
     std::string_view instead;
 };
 
-constexpr Foreign_suffix foreign_suffixes[] = {
-    {"C",    "coulomb (degrees Celsius are CEL)",    "A.#S"},
-    {"F",    "farad (degrees Fahrenheit are FAR)",   "#S/OHM"},
-    {"H",    "henry (hours are HR)",                 "OHM.#S"}, // "MOHM" would be mega
-    {"SIE",  "siemens",                              "1/OHM"},
-    {"N",    "newton",                               "KG.M/S2"},
-    {"PAL",  "pascal",                               "KG/M/S2"},
-    {"J",    "joule",                                "W.#S"},
-    {"WB",   "weber",                                "V.#S"},
-    {"T",    "tesla",                                "V.#S/M2"},
-    {"CD",   "candela",                              ""},       // and no hundredth of a day
-    {"MNT",  "a minute of arc (of time it is MIN)",  "DEG"},
-    {"SEC",  "a second of arc (of time it is S)",    "DEG"},
-};
-
-// The longer ones first: "MAV" is a megavolt, "MA" a milliampere.
-constexpr Multiplier multipliers[] = {
-    {"YO", 24}, {"ZE", 21}, {"EX", 18}, {"PE", 15}, {"MA", 6}, {"T", 12}, {"G", 9}, {"K", 3},
-    {"D", -1},  {"C", -2},  {"M", -3},  {"U", -6},  {"N", -9}, {"P", -12}, {"F", -15}, {"A", -18},
+constexpr Refused_suffix refused_suffixes[] = {
+    {"C",   "coulomb (degrees Celsius are CEL)",  "A.#S"},
+    {"F",   "farad (degrees Fahrenheit are FAR)", "#S/OHM"},
+    {"AH",  "attohenry (ampere hours are A.HR)",  "#A.HR"}, // "MAH" is no megahenry to anybody
 };
 // clang-format on
+
+// Calls `take` with every suffix on the rows of the catalogue.
+template <typename Take>
+constexpr void For_each_suffix(Take take) {
+    for (std::size_t place = 0; place < Catalogue::Unit_count; ++place) {
+        std::string_view texts = Catalogue::unit_spellings[place].suffixes;
+        while (!texts.empty()) {
+            std::size_t const end = std::min(texts.find(' '), texts.size());
+            take(Catalogue::unit_rows[place], texts.substr(0, end));
+            texts.remove_prefix(std::min(end + 1, texts.size()));
+        }
+    }
+}
+
+constexpr std::size_t Count_suffixes() {
+    std::size_t count = std::size(composites);
+    For_each_suffix([&](Catalogue::Unit_row const&, std::string_view) { ++count; });
+    return count;
+}
+
+constexpr auto Gather_suffixes() {
+    std::array<Suffix, Count_suffixes()> all{};
+    std::size_t count = 0;
+    for (Suffix const& composite : composites) {
+        all[count++] = composite;
+    }
+    For_each_suffix([&](Catalogue::Unit_row const& row, std::string_view text) {
+        bool const takes_multiplier = row.prefixes != Catalogue::Prefixes_taken::none;
+        all[count++] = {text, {SPL_NONE, NO_PREFIX, {{row.unit, 1}}}, takes_multiplier};
+    });
+    return all;
+}
+
+constexpr auto suffixes = Gather_suffixes();
 
 char Upper(char letter) {
     return letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter;
@@ -140,34 +118,37 @@ Suffix const* Find_suffix(std::string_view word) {
     return nullptr;
 }
 
-std::string Foreign_message(std::string_view word, Foreign_suffix const& suffix) {
-    std::string_view const multiplier = word.substr(0, word.size() - suffix.text.size());
-    std::size_t const place = suffix.instead.find('#');
-    std::string message = Quoted(word) + " is not in the catalogue: " + suffix.meaning;
-    if (place != std::string_view::npos) {
-        message.append("; write ").append(suffix.instead.substr(0, place));
-        message.append(multiplier).append(suffix.instead.substr(place + 1));
-    } else if (multiplier.empty() && !suffix.instead.empty()) {
-        message.append("; write ").append(suffix.instead);
-    }
-    return message;
-}
-
-bool Is_multiplier(std::string_view word) {
-    return word.empty() ||
-           std::any_of(std::begin(multipliers), std::end(multipliers),
-                       [=](Multiplier const& multiplier) { return Equal(word, multiplier.text); });
-}
-
-// Why the word is refused that the standard has and the catalogue has not: "C", "UF".
-std::optional<std::string> Foreign_suffix_message(std::string_view word) {
-    for (Foreign_suffix const& suffix : foreign_suffixes) {
-        std::size_t const size = suffix.text.size();
-        bool const ends =
-            word.size() >= size && Equal(word.substr(word.size() - size), suffix.text);
-        if (ends && Is_multiplier(word.substr(0, word.size() - size))) {
-            return Foreign_message(word, suffix);
+// The prefix whose multiplier `word` begins with; nullptr if there is none. The longer ones come first: "MAV" is a
+// megavolt, "MA" a milliampere.
+Catalogue::Prefix_row const* Find_multiplier(std::string_view word, std::size_t size) {
+    for (Catalogue::Prefix_row const& prefix : Catalogue::prefix_rows) {
+        std::string_view const text = prefix.multiplier;
+        if (text.size() == size && Equal(word.substr(0, size), text)) {
+            return &prefix;
         }
+    }
+    return nullptr;
+}
+
+constexpr std::size_t multiplier_sizes[] = {2, 1};
+
+// Whether `word` is nothing, or one multiplier.
+bool Is_multiplier(std::string_view word) {
+    return word.empty() || Find_multiplier(word, word.size()) != nullptr;
+}
+
+// Why the word is refused: "C", "UF".
+std::optional<std::string> Refused_suffix_message(std::string_view word) {
+    for (Refused_suffix const& suffix : refused_suffixes) {
+        std::size_t const size = word.size() - std::min(suffix.text.size(), word.size());
+        std::string_view const multiplier = word.substr(0, size);
+        if (!Equal(word.substr(size), suffix.text) || !Is_multiplier(multiplier)) {
+            continue;
+        }
+        std::size_t const place = suffix.instead.find('#');
+        return Quoted(word) + " is not read here: " + suffix.meaning + "; write " +
+               std::string(suffix.instead.substr(0, place)) + std::string(multiplier) +
+               std::string(suffix.instead.substr(place + 1));
     }
     return std::nullopt;
 }
@@ -178,22 +159,19 @@ struct Scaled_suffix {
     int power_of_ten;
 };
 
-// "MOHM" and "MHZ" are megaohm and megahertz; M is milli before everything else. A multiplier does
-// not stand before what has one already or is a speed.
+// "MOHM" and "MHZ" are megaohm and megahertz; M is milli before everything else.
 Scaled_suffix Find_scaled_suffix(std::string_view word) {
     if (Suffix const* const suffix = Find_suffix(word)) {
         return {suffix, 0};
     }
-    for (Multiplier const& multiplier : multipliers) {
-        std::size_t const size = multiplier.text.size();
-        if (word.size() <= size || !Equal(word.substr(0, size), multiplier.text)) {
-            continue;
-        }
-        Suffix const* const suffix = Find_suffix(word.substr(size));
-        if (suffix != nullptr && suffix->unit.tuples[1].unit == NO_UNIT) {
+    for (std::size_t const size : multiplier_sizes) {
+        Catalogue::Prefix_row const* const prefix =
+            word.size() > size ? Find_multiplier(word, size) : nullptr;
+        Suffix const* const suffix = prefix != nullptr ? Find_suffix(word.substr(size)) : nullptr;
+        if (suffix != nullptr && suffix->takes_multiplier) {
             bool const mega =
-                multiplier.text == "M" && (suffix->text == "OHM" || suffix->text == "HZ");
-            return {suffix, mega ? 6 : multiplier.power_of_ten};
+                prefix->prefix == MILLI && (suffix->text == "OHM" || suffix->text == "HZ");
+            return {suffix, mega ? MEGA : prefix->prefix};
         }
     }
     return {nullptr, 0};
@@ -205,7 +183,7 @@ std::optional<std::string> Word_message(std::string_view word, Scaled_suffix con
     if (word.empty() || is_suffix) {
         return std::nullopt;
     }
-    if (std::optional<std::string> message = Foreign_suffix_message(word)) {
+    if (std::optional<std::string> message = Refused_suffix_message(word)) {
         return message;
     }
     if (found.suffix == nullptr) {

@@ -263,6 +263,15 @@ bool Unit_reader::Read_unusual_word(Unit_product& product, Reading const& group,
     return true;
 }
 
+namespace {
+
+// Of the units that are read as a whole for something else.
+bool Begins_trap(Units_list unit) {
+    return unit == SIEMENS || unit == POUND;
+}
+
+} // namespace
+
 bool Unit_reader::Read_word(Unit_product& product, int sign, int depth) {
     if (text[position] == '[') {
         return Read_unusual_word(product, Reading(), sign, depth);
@@ -270,6 +279,10 @@ bool Unit_reader::Read_word(Unit_product& product, int sign, int depth) {
     Parse_result<Reading> const group = Read_group(text, {position, sign < 0});
     if (!group) {
         fault = group.Get_fault();
+        return false;
+    }
+    if (group->count == 1 && Begins_trap(group->units[0].unit) &&
+        (fault = Whole_fault(text, Skip_blanks(text, first)))) {
         return false;
     }
     std::size_t const end = group->end;
@@ -376,6 +389,11 @@ bool Unit_reader::Refuse_between_factors(std::size_t where) {
     Character_kind const kind = Character_at(text, where).kind;
     bool const hyphen = where < text.size() && text[where] == '-';
     bool const signed_digit = hyphen && Character_at(text, where + 1).kind == Character_kind::digit;
+    if (hyphen && Character_at(text, where + 1).kind == Character_kind::letter) {
+        fault = Whole_fault(text, Skip_blanks(text, first));
+        return !fault &&
+               Refuse(where, "a product is written with '*', as in N*m, and not with '-'");
+    }
     if (where == position && (kind == Character_kind::digit || signed_digit)) { // "m2", "s-1"
         return Refuse(where, "a power is written with '^', as in m^2");
     }

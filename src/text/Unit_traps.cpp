@@ -260,34 +260,105 @@ std::optional<Text_fault> Level_plural_fault(std::string_view text, std::size_t 
     return Ambiguous(text, start, "dB(" + Written(*reading) + ')', "dB" + level);
 }
 
+// ---- Whole units
+
+namespace {
+
+struct Whole_trap {
+    std::string_view text; // without prefix
+    char const* reason;
+};
+
+// clang-format off
+constexpr char samples[] = "is mostly for samples per second: write Hz, or sym/s; siemens per second are (S/s)";
+constexpr char torque[] = "is a torque or an energy by pounds of force: write lbf*ft; a mass times a length is (lb*ft)";
+constexpr char pressure[] = "is a pressure by pounds of force: write psi; a mass by area is (lb/in^2)";
+
+constexpr Whole_trap whole_traps[] = {
+    {"S/s",     samples},
+    {"lb*ft",   torque}, {"lb ft", torque}, {"lb.ft", torque}, {"lb·ft", torque}, {"lb-ft",  torque},
+    {"ft*lb",   torque}, {"ft lb", torque}, {"ft.lb", torque}, {"ft·lb", torque}, {"ft-lb",  torque},
+    {"lb*in",   torque}, {"lb in", torque}, {"lb.in", torque}, {"lb·in", torque}, {"lb-in",  torque},
+    {"in*lb",   torque}, {"in lb", torque}, {"in.lb", torque}, {"in·lb", torque}, {"in-lb",  torque},
+    {"ft-lbf",  torque}, {"lbf-ft", torque},
+    {"lb/in^2", pressure}, {"lb/in2", pressure}, {"lb/in²", pressure}, {"lbs/in^2", pressure}, {"lb/sqin", pressure},
+};
+// clang-format on
+
+} // namespace
+
+std::optional<Text_fault> Whole_fault(std::string_view text, std::size_t start) {
+    std::string_view whole = text.substr(start);
+    bool const samples_by_prefix = whole.size() == 4 && whole.substr(1) == "S/s";
+    for (Whole_trap const& trap : whole_traps) {
+        if (trap.text == (samples_by_prefix ? whole.substr(1) : whole)) {
+            return Text_fault{start, Quoted(whole) + ' ' + trap.reason, {}};
+        }
+    }
+    return std::nullopt;
+}
+
 // ---- Units apart from each other
 
 namespace {
 
-// Units that kilo and milli often stand before, and kelvin and metre hardly ever.
+// Units that prefixes often stand before, and kelvin, metre, gauss and tesla hardly ever.
 bool Is_electrical_or_data(Unit_word const& word) {
     Unit_tuple const& first = word.unit.tuples[0];
-    Dimension const dimension = Catalogue::Dimension_of(first.unit);
     bool const hertz = first.unit == SECOND && first.exponent < 0;
-    return hertz || dimension == VOLTAGE || dimension == CURRENT || dimension == POWER ||
-           dimension == RESISTANCE || dimension == DATA_SIZE;
+    switch (Catalogue::Row_of(first.unit).quantity) {
+    case Catalogue::Quantity::DATA_SIZE:
+    case Catalogue::Quantity::VOLTAGE:
+    case Catalogue::Quantity::POWER:
+    case Catalogue::Quantity::CURRENT:
+    case Catalogue::Quantity::RESISTANCE:
+    case Catalogue::Quantity::CAPACITANCE:
+    case Catalogue::Quantity::INDUCTANCE:
+    case Catalogue::Quantity::CONDUCTANCE:
+        return true;
+    default:
+        return hertz;
+    }
 }
 
-// "4.7K ohm", "10m ohm": no kelvin and no metre.
-std::optional<Text_fault> Kilo_fault(std::string_view text, std::size_t first, std::size_t second) {
+enum class Prefixes_meant : std::uint8_t { of_electrical_units, of_all_units };
+
+// A unit that looks like a prefix, which many put apart from the unit.
+struct Letter_apart {
+    char letter;
+    char const* unit;
+    SI_units prefix;
+    Prefixes_meant meant;
+};
+
+// clang-format off
+constexpr Letter_apart letters_apart[] = {
+    {'K', "kelvin", KILO,  Prefixes_meant::of_electrical_units},
+    {'m', "metre",  MILLI, Prefixes_meant::of_electrical_units},
+    {'G', "gauss",  GIGA,  Prefixes_meant::of_electrical_units},
+    {'T', "tesla",  TERA,  Prefixes_meant::of_electrical_units},
+    {'u', "dalton", MICRO, Prefixes_meant::of_all_units},
+};
+// clang-format on
+
+// "4.7K ohm", "10m ohm", "22 u F": no kelvin, no metre and no dalton.
+std::optional<Text_fault> Letter_fault(std::string_view text, std::size_t first, std::size_t second,
+                                       Letter_apart const& letter) {
     std::size_t const end = End_of_letters(text, second);
     std::string_view const word = text.substr(second, end - second);
     Unit_word const* const unit = Words().Find_unit(word);
     std::optional<Power> const power = Read_power(text, end);
-    if (unit == nullptr || !Is_electrical_or_data(*unit) || (power && power->value < 0)) {
+    if (unit == nullptr || (power && power->value < 0) ||
+        !(letter.meant == Prefixes_meant::of_all_units
+              ? unit->prefixes != Catalogue::Prefixes_taken::none
+              : Is_electrical_or_data(*unit))) {
         return std::nullopt;
     }
-    bool const kelvin = text[first] == 'K';
     bool const name = (unit->form & symbol_form) == 0;
-    std::string const prefix = kelvin ? (name ? "kilo" : "k") : name ? "milli" : "m";
-    std::string const joined = prefix + std::string(word);
+    std::string const joined =
+        Prefix_text(letter.prefix, name ? STR_NAME : STR_SYMBOL) + std::string(word);
     return Text_fault{first,
-                      std::string(kelvin ? "'K' is kelvin" : "'m' is metre") +
+                      Quoted(text.substr(first, 1)) + " is " + letter.unit +
                           " where it stands apart: write " + text[first] + '*' + std::string(word) +
                           " for the product",
                       Can_be_suggested(joined) ? joined : std::string()};
@@ -314,8 +385,10 @@ std::optional<Text_fault> Degree_fault(std::string_view text, std::size_t first,
 std::optional<Text_fault> Apart_fault(std::string_view text, std::size_t first, std::size_t end,
                                       std::size_t second) {
     std::string_view const word = text.substr(first, end - first);
-    if (word == "K" || word == "m") {
-        return Kilo_fault(text, first, second);
+    for (Letter_apart const& letter : letters_apart) {
+        if (word.size() == 1 && word[0] == letter.letter) {
+            return Letter_fault(text, first, second, letter);
+        }
     }
     if (word[0] == 'd' || word == "\u00B0") {
         Unit_word const* const unit = Words().Find_unit(word);

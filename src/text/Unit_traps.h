@@ -44,6 +44,9 @@ Text_fault Lone_prefix_fault(std::string_view text, std::size_t position, Bare_p
 std::optional<Text_fault> Level_plural_fault(std::string_view text, std::size_t start,
                                              std::size_t position);
 
+// Why the whole unit from `start` on is refused, which is written for something else: "GS/s", "ft*lb".
+std::optional<Text_fault> Whole_fault(std::string_view text, std::size_t start);
+
 // Why two units are refused with nothing but blanks between them: "K ohm", "deg K". The first goes
 // from `first` to `end`, the second begins at `second`.
 std::optional<Text_fault> Apart_fault(std::string_view text, std::size_t first, std::size_t end,

@@ -229,6 +229,16 @@ char const* Better_than_special_name(Units const& unit, Unit_string_type spellin
                                   : nullptr;
 }
 
+// "kg*m/s^2": "gm" is an old symbol of the gram.
+bool Is_written_apart(Units const& unit, Unit_string_type spelling) {
+    auto const stands_above = [&](Units_list wanted) {
+        return std::any_of(
+            std::begin(unit.tuples), std::end(unit.tuples),
+            [&](Unit_tuple const& tuple) { return tuple.unit == wanted && tuple.exponent > 0; });
+    };
+    return spelling == STR_SYMBOL && stands_above(GRAM) && stands_above(METER);
+}
+
 bool Is_hertz(Units const& unit) {
     return Without_prefix(unit) == C_Hz;
 }
@@ -253,6 +263,9 @@ std::vector<std::string> Spellings_of_core(Units const& unit, Unit_string_type s
     if (Is_hertz(unit)) {
         texts.push_back(prefix + Spelled(C_Hz, spelling));
     }
+    if (Is_written_apart(unit, spelling)) {
+        texts.push_back(prefix + units);
+    }
     char const* const better = Better_than_special_name(unit, spelling);
     texts.push_back(better != nullptr ? better : Spelled(unit, spelling));
     texts.push_back(Power_of_prefixed(unit, spelling, Prefix_text_of_core));
@@ -275,6 +288,19 @@ bool Takes_prefix_below(Units_list unit) {
            Catalogue::Row_of(unit).prefixes != Taken::usual;
 }
 
+// Above the line first: "cm^3/mol".
+void Append_prefix_at_each_slot(std::vector<std::string>& texts, Units const& unit,
+                                Unit_string_type spelling) {
+    for (bool const below : {false, true}) {
+        for (std::size_t k = 0; k < Value_detail::Tuple_count; ++k) {
+            Unit_tuple const& tuple = unit.tuples[k];
+            if ((tuple.exponent < 0) == below && (!below || Takes_prefix_below(tuple.unit))) {
+                texts.push_back(Prefix_at_slot(k, unit, spelling, Prefix_text));
+            }
+        }
+    }
+}
+
 // The same for a unit with others than the core's, in the order in which they are written.
 std::vector<std::string> Spellings_beyond_core(Units const& unit, Unit_string_type spelling) {
     std::string const prefix = Prefix_text(unit.si_prefix, spelling);
@@ -292,11 +318,7 @@ std::vector<std::string> Spellings_beyond_core(Units const& unit, Unit_string_ty
     if (!prefix.empty() || unit.si_prefix == NO_PREFIX) {
         texts.push_back(prefix + units);
     }
-    for (std::size_t k = 0; k < Value_detail::Tuple_count; ++k) {
-        if (unit.tuples[k].exponent > 0 || Takes_prefix_below(unit.tuples[k].unit)) {
-            texts.push_back(Prefix_at_slot(k, unit, spelling, Prefix_text));
-        }
-    }
+    Append_prefix_at_each_slot(texts, unit, spelling);
     Append_prefix_of_whole(texts, unit, units, spelling);
     texts.push_back(With_power_of_ten(unit, units));
     return texts;
@@ -409,6 +431,7 @@ std::string Text_of_core_unit(Units const& unit, Unit_string_type spelling) {
     }
     // Nearly all units: nothing else has to be composed.
     bool const simple = unit.spl_conv != SPL_DB && !Is_hertz(unit) &&
+                        !Is_written_apart(unit, spelling) &&
                         Better_than_special_name(unit, spelling) == nullptr;
     if (simple && Reads_back(core_text, unit)) {
         return core_text;

@@ -80,12 +80,12 @@ constexpr bool Try_read_text_format(std::string_view text, Text_format& format) 
 /// - The bounds are written in ascending order. With the shortest digits ± is written only where
 ///   value minus and value plus the distance give exactly the bounds.
 /// - The unit is written by `Format_unit`.
-/// - `engineering_prefix` chooses among the prefixes of powers of 1000 for metres, seconds, grams,
-///   watts, volts, amperes, ohms, bits and bytes alone and in the first power, and for hertz;
-///   linear, and with no prefix yet or a decimal one. Any other unit stays, and so do zero and
-///   what is not finite. It goes by the number as it is written: 999.999 V with three digits is
-///   1.00 kV. The decimal point is moved, so that 2.4e9 Hz is 2.4 GHz; read back, the number may
-///   differ from the original in its last bit.
+/// - `engineering_prefix` chooses among the prefixes of powers of 1000 from pico to yotta for
+///   metres, seconds, grams, watts, volts, amperes, ohms, bits and bytes alone and in the first
+///   power, and for hertz; linear, and with no prefix yet or a decimal one. Any other unit stays,
+///   and so do zero and what is not finite. It goes by the number as it is written: 999.999 V with
+///   three digits is 1.00 kV. The decimal point is moved, so that 2.4e9 Hz is 2.4 GHz; read back,
+///   the number may differ from the original in its last bit.
 /// @throws nothing of its own (std::bad_alloc apart), whatever the quantity holds.
 VARNIX_VALUE_TEXT_EXPORT std::string Format(Value_object<double> const& quantity,
                                             Text_format const& format = {});

@@ -66,9 +66,11 @@ struct Writing {
 };
 
 /// The prefix that `Text_format::engineering_prefix` asks for, as `Format` chooses it: the number is
-/// between 1 and 1000 as it is written, so that 999.999 V with three digits is 1.00 kV. Moves the
-/// point of `numbers` and returns the unit with the prefix; leaves both as they are where the unit
-/// takes no prefix, and where the numbers are not finite or the leading one is zero.
+/// between 1 and 1000 as it is written, so that 999.999 V with three digits is 1.00 kV, and 1013.25
+/// hPa are 101.325 kPa. It is chosen for the units that `Format` names, and likewise for N, Pa, J,
+/// eV, C, F, H, S, Wb, T, lm, lx, mol, kat, Bq, Gy and Sv. Moves the point of `numbers` and returns
+/// the unit with the prefix; leaves both as they are where the unit has none chosen, and where the
+/// numbers are not finite or the leading one is zero.
 VARNIX_VALUE_TEXT_EXPORT Units Choose_prefix(Exact_numbers& numbers, Units const& unit,
                                              Writing const& writing);
 
