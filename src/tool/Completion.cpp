@@ -3,6 +3,7 @@
 #include "Command_line.h"
 #include "Written_results.h"
 
+#include <varnix/value/Measurement_text.h>
 #include <varnix/value/Unit_kinds.h>
 #include <varnix/value/Units_library.h>
 
@@ -29,6 +30,21 @@ bool Starts_with(std::string_view text, std::string_view start) {
 
 // ---- Units
 
+using Prefixes_as_written = std::vector<std::pair<SI_units, std::string>>;
+
+// All prefixes as they stand before a unit. To have each unit with each prefix written by `Format_unit`
+// takes ten times as long as to put them together.
+Prefixes_as_written Prefix_texts(Unit_string_type spelling) {
+    Prefixes_as_written texts;
+    std::size_t const size_of_unit = Format_unit(C_Meter, spelling).size();
+    for (SI_units const prefix : All_prefixes()) {
+        std::string text = Format_unit({SPL_NONE, prefix, {{METER, 1}}}, spelling);
+        text.resize(text.size() - size_of_unit);
+        texts.emplace_back(prefix, text);
+    }
+    return texts;
+}
+
 // The units of a kind, or all of them, that begin with `start`: symbols first; with prefixes and by
 // name only once something has been typed, since they are many.
 class Unit_candidates {
@@ -37,11 +53,11 @@ class Unit_candidates {
         : start(start_), kind(kind_) {}
 
     Candidates Find() {
-        for (Units const& unit : Catalogue_units()) {
-            Offer(unit, STR_SYMBOL);
+        for (Units const& unit : units) {
+            Offer(unit);
         }
         for (Named_unit const& named : Named_units()) {
-            Offer(named.unit, STR_SYMBOL);
+            Offer(named.unit);
         }
         if (!start.empty()) {
             Offer_with_prefixes();
@@ -51,26 +67,32 @@ class Unit_candidates {
 
   private:
     void Offer_with_prefixes() {
-        for (Units const& unit : Catalogue_units()) {
-            Offer(unit, STR_NAME);
-            for (SI_units const prefix : Prefixes()) {
-                Offer_with_prefix(unit, prefix);
+        for (Unit_string_type const spelling : {STR_SYMBOL, STR_NAME}) {
+            auto const prefixes = Prefix_texts(spelling);
+            for (Units const& unit : units) {
+                if (!kind || Same_kind(unit, *kind)) {
+                    Offer_with_prefixes(unit, Format_unit(unit, spelling), prefixes);
+                }
             }
         }
     }
 
-    // Binary prefixes count bits and bytes.
-    void Offer_with_prefix(Units unit, SI_units prefix) {
-        unit.si_prefix = prefix;
-        if (Units_library::Get_unit_base(unit) == 10.0 || Same_kind(unit, C_Bytes)) {
-            Offer(unit, STR_SYMBOL);
-            Offer(unit, STR_NAME);
+    // Binary prefixes count bits and bytes. Which others a unit takes is known by what is read.
+    void Offer_with_prefixes(Units unit, std::string const& text,
+                             Prefixes_as_written const& prefixes) {
+        Offer_text_and_ascii(unit, text);
+        for (auto const& [prefix, prefix_text] : prefixes) {
+            unit.si_prefix = prefix;
+            if (Units_library::Get_unit_base(unit) == 10.0 || Same_kind(unit, C_Bytes)) {
+                Offer_text_and_ascii(unit, prefix_text + text);
+            }
         }
     }
 
+    void Offer(Units const& unit) { Offer_text_and_ascii(unit, Format_unit(unit)); }
+
     // As it is printed, and, once something has been typed, as keyboards without ° and µ have it.
-    void Offer(Units const& unit, Unit_string_type spelling) {
-        std::string const text = Format_unit(unit, spelling);
+    void Offer_text_and_ascii(Units const& unit, std::string const& text) {
         Offer_text(unit, text);
         if (!start.empty()) {
             Offer_text(unit, In_ascii(text));
@@ -79,10 +101,12 @@ class Unit_candidates {
 
     // What is offered can be read, and is the unit that it is offered for.
     void Offer_text(Units const& unit, std::string const& text) {
-        bool const wanted = Starts_with(text, start) && (!kind || Same_kind(unit, *kind));
+        if (!Starts_with(text, start) || (kind && !Same_kind(unit, *kind))) {
+            return;
+        }
         bool const known = std::any_of(found.begin(), found.end(),
                                        [&](Candidate const& other) { return other.text == text; });
-        if (wanted && !known && Reads_back(text, unit)) {
+        if (!known && Reads_back(text, unit)) {
             found.push_back({text, Kind_name(unit)});
         }
     }
@@ -103,6 +127,7 @@ class Unit_candidates {
         return read && *read == unit && text.find_first_of("( ") == text.npos;
     }
 
+    std::vector<Units> const units = All_units();
     std::string_view start;
     std::optional<Units> kind;
     Candidates found;
@@ -110,13 +135,19 @@ class Unit_candidates {
 
 Candidates Kinds_starting_with(std::string_view start) {
     Candidates kinds;
-    for (Named_unit const& named : Named_units()) {
-        std::string const kind = Kind_name(named.unit);
+    auto const offer = [&](Units const& unit) {
+        std::string const kind = Kind_name(unit);
         bool const known = std::any_of(kinds.begin(), kinds.end(),
                                        [&](Candidate const& other) { return other.text == kind; });
         if (!known && Starts_with(kind, start)) {
-            kinds.push_back({kind, Format_unit(named.unit)});
+            kinds.push_back({kind, Format_unit(unit)});
         }
+    };
+    for (Named_unit const& named : Named_units()) {
+        offer(named.unit);
+    }
+    for (Units const& unit : All_units()) {
+        offer(unit);
     }
     return kinds;
 }
@@ -135,7 +166,7 @@ std::optional<Units> Source_unit(Words const& words) {
         return Unit_of(*std::next(from));
     }
     for (std::string const& word : words) {
-        if (auto const quantity = Try_parse_quantity(word)) {
+        if (auto const quantity = Try_parse_measurement(word)) {
             return quantity->Get_unit();
         }
     }
