@@ -38,7 +38,8 @@ Prefixes_as_written Prefix_texts(Unit_string_type spelling) {
     Prefixes_as_written texts;
     std::size_t const size_of_unit = Format_unit(C_Meter, spelling).size();
     for (SI_units const prefix : All_prefixes()) {
-        std::string text = Format_unit({SPL_NONE, prefix, {{METER, 1}}}, spelling);
+        Units const unit = {SPL_NONE, prefix, {{METER, 1}}};
+        std::string text = Format_unit(unit, spelling);
         text.resize(text.size() - size_of_unit);
         texts.emplace_back(prefix, text);
     }

@@ -92,10 +92,10 @@ static operation const operations[] = {
     {"12 V [11, 13]", '/', "6 ohm [5, 7]", "2.00 A [1.57, 2.61]", "2.00 V/ohm [1.86, 2.20]"},
     {"7 dBm [6, 8]", 'a', "3 dB", "10.0 dBm [9.0, 11.0]", NULL},
     {"7 dBm [6, 8]", 'p', "7 dBm [6, 8]", "10.0 dBm [9.0, 11.1]", NULL},
-    {"1013.25 hPa", '>', "inHg", "29.921255579748476 inHg", "VO_TEXT_NOT_VALID "},
+    {"1013.25 hPa", '>', "inHg", "29.9212555797484754 inHg", "VO_TEXT_NOT_VALID "},
     {"30 psi [29, 31]", '>', "bar", "2.068 bar [1.999, 2.138]", "VO_TEXT_NOT_VALID "},
     {"2500 kg/h", '*', "3.5 h", "8750 kg", "8750000 g"},
-    {"70 kg [69, 71]", 's', "9.81 m/s^2", "687 N [676, 697]", NULL},
+    {"70 kg [69, 71]", 's', "9.81 m/s^2", "686.7 N [676.8, 696.6]", NULL},
     {"60 km", 's', "1 h^-1", "60 km/h", NULL},
     {"1 N", '+', "1 kg*m/s^2", "2 N", "VO_TEXT_NOT_VALID "},
     {"1 N", '>', "Pa", "VO_REFUSED kinds_differ", "VO_TEXT_NOT_VALID "},
@@ -301,11 +301,11 @@ typedef struct engineering_unit {
 } engineering_unit;
 
 static engineering_unit const engineering_units[] = {
-    {"hPa", "pressure", "inHg", "N", "hPa*m", "hPa/s"},
+    {"hPa", "pressure", "inHg", "N", "Pa*m", "Pa/s"},
     {"N", "force", "kg*m/s^2", "Pa", "N*m", "N/s"},
     {"N*m", "force*length", "J", "N", "N*m^2", "N*m/s"},
-    {"lb/gal", "mass/volume", "kg/l", "kg/l^2", "", ""},
-    {"mrad/s", "angle/time", "rpm", "Hz", "", ""},
+    {"lb/gal", "mass/volume", "kg/l", "kg/l^2", "lb*m/gal", "lb/(gal*s)"},
+    {"mrad/s", "angle/time", "rpm", "Hz", "radm/s", "rad/s^2"},
     {"dBm", "power", "hp", "kWh", NULL, NULL},
 };
 
@@ -642,7 +642,7 @@ static int32_t Random_code(void) {
     case 1:
         return (int32_t)(state >> 8) % 5 - 2;
     case 2:
-        return (int32_t)(state >> 8) % 40 - 2 + (state >> 20) % 2 * 1000;
+        return (int32_t)(state >> 8) % 40 - 2 + (int32_t)(state >> 20) % 2 * 1000;
     default:
         return (int32_t)(state * 2654435761U);
     }
