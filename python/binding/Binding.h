@@ -36,7 +36,7 @@ std::string_view Text_of(py::handle argument);
 // Whether the argument is a whole number: of Python or of numpy, and neither an array nor a truth.
 bool Is_whole(py::handle argument);
 
-// Whether the argument is a real number: of Python or of numpy, and no array. What is no double,
+// Whether the argument is a real number: of Python or of numpy, and no array. What cannot be a double,
 // 2**53 + 1 or a fraction, is refused with ValueError: rounding it would take the certainty from
 // the bounds.
 bool Is_number(py::handle argument, double& number);

@@ -36,7 +36,7 @@ UNCOMMON = [
     Quantity('1013.25 hPa [1013, 1013.5]'),
     Quantity(30.1, 'lb/gal'),
     Quantity('5 kN*m'),
-    Quantity('3 qmol*rad/Gs'),
+    Quantity('3 qmol*rad/T'),
     Quantity('2 hm'),
     Quantity('50 dB(1/m)'),
     Quantity('0.5 Np'),

@@ -11,7 +11,7 @@ __version__: str
 
 def refuse_subinterpreter() -> None: ...
 
-# Of Python or of numpy, and no array; what is no double is refused. (Where mypy is told to ignore a line, it
+# Of Python or of numpy, and no array; what cannot be a double is refused. (Where mypy is told to ignore a line, it
 # holds the operators of numpy, which are objects, against those here.)
 _Number = float | np.floating[Any] | np.integer[Any]
 

@@ -5,6 +5,7 @@
 
 #include "catalogue/Quantities.h"
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <iterator>
@@ -29,7 +30,8 @@ struct Unit_row {
 };
 
 inline constexpr Unit_row unit_rows[] = {
-#define VARNIX_VALUE_CORE_UNIT(constant, quantity, size, characters, symbols, names, suffixes,     \
+#define VARNIX_VALUE_CORE_UNIT(constant, factor, dimension, base, symbol, name, lower, upper,      \
+                               by_formula, quantity, size, characters, symbols, names, suffixes,   \
                                prefixes, source)                                                   \
     {constant, Quantity::quantity, size, Prefixes_taken::prefixes},
 #include "catalogue/core_units.def"
@@ -43,11 +45,26 @@ constexpr std::size_t Unit_count = std::size(unit_rows);
 constexpr std::size_t Core_unit_count = Value_detail::Unit_code_limit - 1;
 constexpr int First_code_beyond_core = 1001;
 
+// The places of the core's units, by their codes.
+struct Core_places {
+    std::array<std::uint8_t, Value_detail::Unit_code_limit> of_codes{};
+};
+
+constexpr Core_places Made_core_places() {
+    Core_places places;
+    for (std::size_t k = 0; k < Core_unit_count; ++k) {
+        places.of_codes[static_cast<std::size_t>(unit_rows[k].unit)] = static_cast<std::uint8_t>(k);
+    }
+    return places;
+}
+
+inline constexpr Core_places core_places = Made_core_places();
+
 // The place of a unit in the table; Unit_count for a code without a row.
 constexpr std::size_t Place_of(Units_list unit) {
     int const code = unit;
     if (code > 0 && code < Value_detail::Unit_code_limit) {
-        return static_cast<std::size_t>(code) - 1;
+        return core_places.of_codes[static_cast<std::size_t>(code)];
     }
     bool const beyond =
         code >= First_code_beyond_core &&
@@ -56,7 +73,7 @@ constexpr std::size_t Place_of(Units_list unit) {
                   : Unit_count;
 }
 
-constexpr bool Are_in_order() {
+constexpr bool Have_their_places() {
     for (std::size_t k = 0; k < Unit_count; ++k) {
         if (Place_of(unit_rows[k].unit) != k) {
             return false;
@@ -64,7 +81,8 @@ constexpr bool Are_in_order() {
     }
     return true;
 }
-static_assert(Are_in_order(), "every unit has one row, in the order of the codes, without gaps");
+static_assert(Have_their_places(),
+              "every unit has one row, those beyond the core in the order of their codes");
 
 constexpr bool Is_unit(Units_list unit) {
     return Place_of(unit) < Unit_count;

@@ -1,4 +1,4 @@
-// The words of all units beside the core's own, for whoever reads, writes or lists them.
+// The words of all units, for whoever reads, writes or lists them.
 
 #ifndef VARNIX_VALUE_CATALOGUE_UNIT_SPELLINGS_H
 #define VARNIX_VALUE_CATALOGUE_UNIT_SPELLINGS_H
@@ -9,8 +9,8 @@ namespace Varnix::Value::Catalogue {
 
 // Several words in one text are apart by blanks.
 struct Unit_spelling {
-    char const* symbol;     // empty for the core's units, whose symbols and names are in the core
-    char const* name;       // in the plural; likewise
+    char const* symbol;
+    char const* name;       // in the plural, but for the yard
     char const* characters; // other characters for the symbol, run together with others as it is
     char const* symbols;    // further ones
     char const* names;      // further ones
@@ -20,9 +20,10 @@ struct Unit_spelling {
 
 // By the places of the units.
 inline constexpr Unit_spelling unit_spellings[] = {
-#define VARNIX_VALUE_CORE_UNIT(constant, quantity, size, characters, symbols, names, suffixes,     \
+#define VARNIX_VALUE_CORE_UNIT(constant, factor, dimension, base, symbol, name, lower, upper,      \
+                               by_formula, quantity, size, characters, symbols, names, suffixes,   \
                                prefixes, source)                                                   \
-    {"", "", characters, symbols, names, suffixes, source},
+    {symbol, name, characters, symbols, names, suffixes, source},
 #include "catalogue/core_units.def"
 #define VARNIX_VALUE_UNIT(code, constant, quantity, size, symbol, name, symbols, names, suffix,    \
                           prefixes, source)                                                        \

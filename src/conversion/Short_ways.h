@@ -135,7 +135,7 @@ inline constexpr Formula temperature_formulas[3][3] = {
     {Formula::kelvin_to_celsius, Formula::kelvin_to_fahrenheit, Formula::identity},     // from K
 };
 
-// The code of the one unit from DEGREE_C on; beyond the table for what is no temperature. Unsigned,
+// The code of the one unit from DEGREE_C on; beyond the table for other units. Unsigned,
 // since a code may be any number.
 inline std::uint32_t Temperature_index(Units const& unit) {
     return static_cast<std::uint32_t>(unit.tuples[0].unit) - static_cast<std::uint32_t>(DEGREE_C);

@@ -67,7 +67,7 @@ struct Read_numbers {
     double upper;
 };
 
-// An infinity, and what is no number, is a bound as it stands, for `Measurement` to judge.
+// Infinities and NaN stay as they are; `Measurement` accepts or refuses them.
 double Bound_below(Decimal_text const& text) {
     return std::isfinite(text.nearest) ? Round_down(Number_of(text)) : text.nearest;
 }

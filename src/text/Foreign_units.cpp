@@ -1,6 +1,8 @@
 #include "Foreign_units.h"
 
 #include "Characters.h"
+#include "Spellings.h"
+#include "Unit_reader.h"
 #include "Unit_words.h"
 
 #include <varnix/value/Engineering_units.h>
@@ -138,13 +140,29 @@ std::optional<std::string> Quetta_message(std::string_view word) {
            ronna.text + std::string(unit);
 }
 
+// What to write instead, with the prefix of the word by its symbol, or by its name where that is refused:
+// "milli(B/s)".
+std::string With_prefix(std::string_view prefix, std::string const& instead) {
+    std::string const joined = std::string(prefix) + instead;
+    if (prefix.empty() || Read_unit(joined, 0)) {
+        return joined;
+    }
+    for (Prefix_word const& word : Unit_words::Get().Prefixes_like(prefix)) {
+        if (word.text == prefix) {
+            return Prefix_text(word.prefix, STR_NAME) + '(' + instead + ')';
+        }
+    }
+    return instead;
+}
+
 } // namespace
 
 std::optional<std::string> Foreign_unit_message(std::string_view word) {
     for (Foreign_word const& foreign : foreign_words) {
         if (std::optional<std::string_view> const prefix = Prefix_before(foreign, word)) {
-            std::string const instead =
-                std::string(foreign.prefixes == symbols ? *prefix : "") + foreign.instead;
+            std::string const instead = foreign.prefixes == symbols
+                                            ? With_prefix(*prefix, foreign.instead)
+                                            : foreign.instead;
             return Quoted(word) + ' ' + foreign.reason +
                    (instead.empty() ? "" : "; write " + instead);
         }

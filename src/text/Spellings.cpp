@@ -11,11 +11,12 @@ namespace Varnix::Value {
 
 std::string Unit_text(Units_list unit, Unit_string_type spelling) {
     std::size_t const place = Catalogue::Place_of(unit);
-    if (place < Catalogue::Core_unit_count) {
-        return Units_library::Get_unit_string({SPL_NONE, NO_PREFIX, {{unit, 1}}}, spelling);
-    }
     if (place == Catalogue::Unit_count) {
         return {};
+    }
+    bool const is_plain = spelling == STR_LOWER_CASE || spelling == STR_UPPER_CASE;
+    if (is_plain && place < Catalogue::Core_unit_count) {
+        return Units_library::Get_unit_string({SPL_NONE, NO_PREFIX, {{unit, 1}}}, spelling);
     }
     Catalogue::Unit_spelling const& row = Catalogue::unit_spellings[place];
     return spelling == STR_NAME ? row.name : row.symbol;
@@ -28,7 +29,8 @@ std::string Prefix_text(std::int64_t prefix, Unit_string_type spelling) {
     if (row == nullptr) {
         return {};
     }
-    if (row->is_of_core) {
+    bool const is_plain = spelling == STR_LOWER_CASE || spelling == STR_UPPER_CASE;
+    if (is_plain && row->is_of_core) {
         return Units_library::Get_unit_str_si_map({SPL_NONE, code, {}}, spelling);
     }
     return spelling == STR_NAME ? row->name : row->symbol;

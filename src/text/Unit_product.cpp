@@ -106,7 +106,8 @@ std::string Unit_product::Remaining_text() const {
     remaining.tens = tens;
     remaining.twos = twos;
     auto const unit = remaining.Descriptor(SPL_NONE);
-    return unit ? Scaled_text(*unit) : std::string();
+    std::string text = unit ? Scaled_text(*unit) : std::string();
+    return Try_parse_unit(text) ? text : std::string();
 }
 
 Text_fault Unit_product::Cancelling_fault() const {
@@ -124,7 +125,7 @@ Text_fault Unit_product::Scale_fault(Units const& unit) const {
                               (twos == 0 ? "" : "2^" + std::to_string(twos));
     std::string number;
     Units written = unit;
-    if (twos == 0 && Is_binary(tens)) {
+    if (twos == 0 && Is_binary(tens) && tens <= Largest_scale) {
         written.si_prefix = static_cast<SI_units>(tens - (tens == 20 ? 2 : 1));
         number = tens == 20 ? "100" : "10";
     } else if (twos > 0 && twos <= YOBI - 20 && Holds_power_of_ten(tens)) {
@@ -133,7 +134,7 @@ Text_fault Unit_product::Scale_fault(Units const& unit) const {
     }
     // A level is not multiplied by a number.
     bool const says_what = !number.empty() && unit.spl_conv != SPL_DB;
-    bool const too_large = twos == 0 && !Is_binary(tens);
+    bool const too_large = twos == 0 && (tens < -Largest_scale || tens > Largest_scale);
     return {prefix_position,
             "the prefixes make " + scale + " together, " +
                 (too_large ? "beyond 10^-40 to 10^40" : "which no unit holds") +

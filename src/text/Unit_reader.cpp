@@ -48,6 +48,19 @@ struct Power_word {
 
 constexpr Power_word powers_before[] = {{"square", 2}, {"cubic", 3}, {"sq", 2}, {"cu", 3}};
 
+// "square" and "cubic" before a word: the power of it, and the position of the word. Nothing if neither
+// stands at `position`.
+std::optional<Power> Power_word_before(std::string_view text, std::size_t position) {
+    for (Power_word const& word : powers_before) {
+        std::size_t const end = position + word.text.size();
+        std::size_t const next = Skip_blanks(text, end);
+        if (Begins_with(text.substr(position), word.text) && next != end && next != text.size()) {
+            return Power{word.power, next};
+        }
+    }
+    return std::nullopt;
+}
+
 // Raises a single unit that has no power yet; `end` is behind what says so.
 bool Raise(Reading& reading, std::int64_t power, std::size_t end) {
     bool const fits = reading.count == 1 && reading.first_power == 1;
@@ -99,7 +112,6 @@ class Unit_reader {
     bool Read_word(Unit_product& product, int sign, int depth);
     bool Read_bare_word(Unit_product& product, int sign, int depth);
     std::string Scaled_rest(Bare_prefix const& prefix) const;
-    std::int64_t Read_power_word_before();
     bool Read_unusual_word(Unit_product& product, Reading const& group, int sign, int depth);
     std::optional<Reading> Read_other_word(int sign);
     std::optional<Reading> Read_raised_word(int sign);
@@ -185,26 +197,13 @@ bool Unit_reader::Read_bare_word(Unit_product& product, int sign, int depth) {
     return false;
 }
 
-// "square" and "cubic" before a name: the power of it, and the position of the name. 0 if neither
-// stands here.
-std::int64_t Unit_reader::Read_power_word_before() {
-    for (Power_word const& word : powers_before) {
-        std::size_t const end = position + word.text.size();
-        std::size_t const next = Skip_blanks(text, end);
-        if (Begins_with(text.substr(position), word.text) && next != end && next != text.size()) {
-            position = next;
-            return word.power;
-        }
-    }
-    return 0;
-}
-
 // "square meter", "cubic feet"; nothing where none stands, or one is refused.
 std::optional<Reading> Unit_reader::Read_raised_word(int sign) {
-    std::int64_t const power = Read_power_word_before();
-    if (power == 0 || Next().kind != Character_kind::letter) {
+    std::optional<Power> const power = Power_word_before(text, position);
+    if (!power || Character_at(text, power->end).kind != Character_kind::letter) {
         return std::nullopt;
     }
+    position = power->end;
     Parse_result<Reading> const group = Read_group(text, {position, sign < 0});
     if (!group) {
         fault = group.Get_fault();
@@ -212,7 +211,7 @@ std::optional<Reading> Unit_reader::Read_raised_word(int sign) {
     }
     Reading const words = Read_words_with_gaps(text, position);
     Reading raised = words.count != 0 ? words : *group;
-    if (!Raise(raised, power, raised.end)) {
+    if (!Raise(raised, power->value, raised.end)) {
         Refuse(position, "expected one unit, found " + Described(text, position));
         return std::nullopt;
     }
@@ -253,9 +252,11 @@ std::optional<Reading> Unit_reader::Read_other_word(int sign) {
 bool Unit_reader::Read_unusual_word(Unit_product& product, Reading const& group, int sign,
                                     int depth) {
     Reading const words = Read_words_with_gaps(text, position);
-    std::optional<Reading> const reading = words.count != 0   ? words
-                                           : group.count == 0 ? Read_other_word(sign)
-                                                              : With_words_behind(group, sign);
+    bool const other =
+        group.count == 0 || Power_word_before(text, position); // "cu in" is no centidalton
+    std::optional<Reading> const reading = words.count != 0 ? words
+                                           : other          ? Read_other_word(sign)
+                                                            : With_words_behind(group, sign);
     if (!reading) {
         return !fault && Read_bare_word(product, sign, depth);
     }
@@ -391,8 +392,7 @@ bool Unit_reader::Refuse_between_factors(std::size_t where) {
     bool const signed_digit = hyphen && Character_at(text, where + 1).kind == Character_kind::digit;
     if (hyphen && Character_at(text, where + 1).kind == Character_kind::letter) {
         fault = Whole_fault(text, Skip_blanks(text, first));
-        return !fault &&
-               Refuse(where, "a product is written with '*', as in N*m, and not with '-'");
+        return !fault && Refuse(where, "a product is written with '*' and not with '-', as in N*m");
     }
     if (where == position && (kind == Character_kind::digit || signed_digit)) { // "m2", "s-1"
         return Refuse(where, "a power is written with '^', as in m^2");
@@ -482,7 +482,7 @@ constexpr Refused_level refused_levels[] = {
     {"dBFS",  "is relative to the full scale of a converter, which is no unit: write dB for the ratio"},
     {"dBu",   "is relative to 0.775 V in audio, and to 1 µV in radio: write dBV or dBµV"},
     {"dBC",   "is a weighted sound pressure level, which is no unit: write dB for a difference of two, and dB(A*s) for charges"},
-    {"dBSPL", "is relative to 20 µPa, which is no unit: write the pressure in Pa"},
+    {"dBSPL", "is relative to 20 µPa, which is no unit"},
     {"dBc",   "stands alone: write dB(1/Hz) for the density of a noise relative to the carrier"},
     {"dBi",   "stands alone: write dB for a gain"},
 };

@@ -257,6 +257,9 @@ std::optional<Text_fault> Level_plural_fault(std::string_view text, std::size_t 
     if (!alone && (shorter.count == 0 || is_time(shorter) || Is_temperature_scale(shorter))) {
         return std::nullopt; // "dBns", "dBseconds"
     }
+    if (!Try_parse_unit("dB" + level)) {
+        return std::nullopt; // "dBus"
+    }
     return Ambiguous(text, start, "dB(" + Written(*reading) + ')', "dB" + level);
 }
 
@@ -270,7 +273,8 @@ struct Whole_trap {
 };
 
 // clang-format off
-constexpr char samples[] = "is mostly for samples per second: write Hz, or sym/s; siemens per second are (S/s)";
+constexpr char samples[] = "is mostly for samples per second: write Hz or sym/s; siemens per second are (S/s)";
+constexpr char small_torque[] = "is a torque by pounds of force: write lbf*in; a mass times a length is (lb*in)";
 constexpr char torque[] = "is a torque or an energy by pounds of force: write lbf*ft; a mass times a length is (lb*ft)";
 constexpr char pressure[] = "is a pressure by pounds of force: write psi; a mass by area is (lb/in^2)";
 
@@ -278,8 +282,8 @@ constexpr Whole_trap whole_traps[] = {
     {"S/s",     samples},
     {"lb*ft",   torque}, {"lb ft", torque}, {"lb.ft", torque}, {"lb·ft", torque}, {"lb-ft",  torque},
     {"ft*lb",   torque}, {"ft lb", torque}, {"ft.lb", torque}, {"ft·lb", torque}, {"ft-lb",  torque},
-    {"lb*in",   torque}, {"lb in", torque}, {"lb.in", torque}, {"lb·in", torque}, {"lb-in",  torque},
-    {"in*lb",   torque}, {"in lb", torque}, {"in.lb", torque}, {"in·lb", torque}, {"in-lb",  torque},
+    {"lb*in", small_torque}, {"lb in", small_torque}, {"lb.in", small_torque}, {"lb·in", small_torque}, {"lb-in", small_torque},
+    {"in*lb", small_torque}, {"in lb", small_torque}, {"in.lb", small_torque}, {"in·lb", small_torque}, {"in-lb", small_torque},
     {"ft-lbf",  torque}, {"lbf-ft", torque},
     {"lb/in^2", pressure}, {"lb/in2", pressure}, {"lb/in²", pressure}, {"lbs/in^2", pressure}, {"lb/sqin", pressure},
 };

@@ -115,9 +115,10 @@ void Append_special_name(std::vector<Unit_word>& words, Units const& unit) {
     }
     bool const hertz = unit.tuples[1].unit == NO_UNIT;
     Prefixes_taken const prefixes = hertz ? Prefixes_taken::chosen : Prefixes_taken::none;
-    words.push_back(
-        {Units_library::Get_unit_str_spl_map(unit, STR_SYMBOL), symbol_form, prefixes, unit});
-    if (name.find('/') == std::string::npos) {
+    bool const has_name = name.find('/') == std::string::npos;
+    Word_form const form = has_name ? symbol_form : static_cast<Word_form>(symbol_form | name_form);
+    words.push_back({Units_library::Get_unit_str_spl_map(unit, STR_SYMBOL), form, prefixes, unit});
+    if (has_name) {
         words.push_back({name, name_form, prefixes, unit});
     }
 }
@@ -125,7 +126,7 @@ void Append_special_name(std::vector<Unit_word>& words, Units const& unit) {
 void Append_prefix(std::vector<Prefix_word>& words, Catalogue::Prefix_row const& row) {
     words.push_back({Prefix_text(row.prefix, STR_SYMBOL), symbol_form, row.prefix, row.is_of_core});
     words.push_back({Prefix_text(row.prefix, STR_NAME), name_form, row.prefix, row.is_of_core});
-    for (std::string& text : Words_in(row.symbols)) {
+    for (std::string& text : Words_in(row.characters)) {
         words.push_back({std::move(text), symbol_form, row.prefix, row.is_of_core});
     }
 }

@@ -2,6 +2,7 @@
 
 #include "Command_line.h"
 #include "Written_results.h"
+#include "catalogue/Unit_rows.h"
 
 #include <varnix/value/Measurement_text.h>
 #include <varnix/value/Unit_kinds.h>
@@ -30,14 +31,15 @@ bool Starts_with(std::string_view text, std::string_view start) {
 
 // ---- Units
 
+using Catalogue::Prefixes_taken;
 using Prefixes_as_written = std::vector<std::pair<SI_units, std::string>>;
 
-// All prefixes as they stand before a unit. To have each unit with each prefix written by `Format_unit`
+// The prefixes as they stand before a unit. To have each unit with each prefix written by `Format_unit`
 // takes ten times as long as to put them together.
-Prefixes_as_written Prefix_texts(Unit_string_type spelling) {
+Prefixes_as_written Texts_of(std::vector<SI_units> const& prefixes, Unit_string_type spelling) {
     Prefixes_as_written texts;
     std::size_t const size_of_unit = Format_unit(C_Meter, spelling).size();
-    for (SI_units const prefix : All_prefixes()) {
+    for (SI_units const prefix : prefixes) {
         Units const unit = {SPL_NONE, prefix, {{METER, 1}}};
         std::string text = Format_unit(unit, spelling);
         text.resize(text.size() - size_of_unit);
@@ -69,19 +71,29 @@ class Unit_candidates {
   private:
     void Offer_with_prefixes() {
         for (Unit_string_type const spelling : {STR_SYMBOL, STR_NAME}) {
-            auto const prefixes = Prefix_texts(spelling);
+            auto const usual = Texts_of(Prefixes(), spelling);
+            auto const all = Texts_of(All_prefixes(), spelling);
             for (Units const& unit : units) {
                 if (!kind || Same_kind(unit, *kind)) {
-                    Offer_with_prefixes(unit, Format_unit(unit, spelling), prefixes);
+                    std::string const text = Format_unit(unit, spelling);
+                    Offer_text_and_ascii(unit, text);
+                    Offer_with_prefixes(unit, text, Takes_all(unit) ? all : usual);
                 }
             }
         }
     }
 
-    // Binary prefixes count bits and bytes. Which others a unit takes is known by what is read.
+    static bool Takes_all(Units const& unit) {
+        auto const taken = Catalogue::Row_of(unit.tuples[0].unit).prefixes;
+        return taken == Prefixes_taken::any || taken == Prefixes_taken::chosen;
+    }
+
+    // Binary prefixes count bits and bytes.
     void Offer_with_prefixes(Units unit, std::string const& text,
                              Prefixes_as_written const& prefixes) {
-        Offer_text_and_ascii(unit, text);
+        if (Catalogue::Row_of(unit.tuples[0].unit).prefixes == Prefixes_taken::none) {
+            return;
+        }
         for (auto const& [prefix, prefix_text] : prefixes) {
             unit.si_prefix = prefix;
             if (Units_library::Get_unit_base(unit) == 10.0 || Same_kind(unit, C_Bytes)) {

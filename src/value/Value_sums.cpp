@@ -71,7 +71,8 @@ bool Are_same_units(Units const& left, Units const& right) {
         Units storage;
         Convert(right_in_unit, right.unit, left.unit, storage);
     }
-    Numbers copy = left.numbers; // as `right` is one: a bound that is not a number meets its like
+    Numbers copy =
+        left.numbers; // as `right` is one: a bound that is not a number is compared with its copy
     copy.Order();
     Numbers const sum = Sum_of_numbers(sign, Assigned_linear(copy, left.unit),
                                        Assigned_linear(right_in_unit, left.unit));

@@ -18,8 +18,21 @@ inline std::string Written(double number) {
     return std::isnan(number) ? "nan" : std::string(text, std::to_chars(text, std::end(text), number).ptr);
 }
 
+// Of a unit beyond the core's; empty for other codes.
+inline std::string Name_beyond_core(Units_list unit) {
+    switch (static_cast<int>(unit)) {
+#define VARNIX_VALUE_UNIT(code, constant, quantity, size, symbol, name, ...)                                                                         \
+    case code:                                                                                                                                       \
+        return name;
+#include <varnix/value/Engineering_units.def>
+    default:
+        return {};
+    }
+}
+
 inline std::string Name_of(Units_list unit) {
-    std::string const name = Units_library::Get_unit_str_info_map(Unit({{unit, 1}}), STR_NAME);
+    std::string const core_name = Units_library::Get_unit_str_info_map(Unit({{unit, 1}}), STR_NAME);
+    std::string const name = core_name.empty() ? Name_beyond_core(unit) : core_name;
     return unit == unknown_unit ? "#unknown" : name.empty() ? '#' + std::to_string(unit) : name;
 }
 

@@ -50,7 +50,7 @@ VARNIX_VALUE_MEASUREMENT_EXPORT Measurement Power_ratio(Measurement const& gain)
 VARNIX_VALUE_MEASUREMENT_EXPORT Measurement Field_ratio(Measurement const& gain);
 
 /// 10 log10 of a plain number, in dB: the gain of two powers in that ratio.
-/// @throws MeasurementRefused kinds_differ for what is no plain number; no_level_of_zero for a
+/// @throws MeasurementRefused kinds_differ for anything but a plain number; no_level_of_zero for a
 ///         value that is not positive, or a lower bound below zero. A lower bound of zero gives
 ///         -inf.
 VARNIX_VALUE_MEASUREMENT_EXPORT Measurement Gain_of_powers(Measurement const& ratio);

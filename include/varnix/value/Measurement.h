@@ -80,26 +80,26 @@ enum class Refusal {
     level_as_factor,             ///< 10 dBm * 2
     gain_minus_level,            ///< 3 dB - 10 dBm
     gain_is_no_quantity,         ///< a gain where a quantity is meant
-    gain_is_ambiguous,           ///< 20 dB as a plain number: 10 of voltages, 100 of powers
-    not_a_level,                 ///< a linear quantity where a level is meant
-    not_a_gain,                  ///< a quantity where a gain is meant
-    not_a_density,               ///< a quantity that is not per hertz
-    no_level_convention,         ///< decibels of ohms, metres, grams ...
-    no_level_of_zero,            ///< the level of zero or of a negative quantity
-    no_negative,                 ///< a quantity that must not be negative
-    not_passive,                 ///< a reflection above 1, a VSWR below 1
-    negative_quantity,           ///< a temperature below 0 K or a bandwidth below 0 Hz in a formula
-    division_by_zero,            ///< a divisor that may be zero
-    root_of_negative,            ///< a radicand that may be negative
-    odd_power,                   ///< the root of a unit with an odd power
-    exponent_out_of_range,       ///< a power beyond 64
-    no_electrical_relation,      ///< three units of which no law of Ohm or Joule makes sense
-    nothing_to_sum,              ///< no measurement at all
-    contradiction,               ///< an intersection of what does not meet
-    levels_disagree,             ///< a level whose number means another quantity to `Value_object`
-    difference_has_no_unit,      ///< a temperature difference for `Value_object`
-    unit_not_valid,              ///< a prefix that no measurement has
-    out_of_range,                ///< a value too large for a double
+    gain_is_ambiguous, ///< 20 dB as a plain number: a factor of 10 for voltages, of 100 for powers
+    not_a_level,       ///< a linear quantity where a level is meant
+    not_a_gain,        ///< a quantity where a gain is meant
+    not_a_density,     ///< a quantity that is not per hertz
+    no_level_convention,    ///< decibels of ohms, metres, grams ...
+    no_level_of_zero,       ///< the level of zero or of a negative quantity
+    no_negative,            ///< a quantity that must not be negative
+    not_passive,            ///< a reflection above 1, a VSWR below 1
+    negative_quantity,      ///< a temperature below 0 K or a bandwidth below 0 Hz in a formula
+    division_by_zero,       ///< a divisor that may be zero
+    root_of_negative,       ///< a radicand that may be negative
+    odd_power,              ///< the root of a unit with an odd power
+    exponent_out_of_range,  ///< a power beyond 64
+    no_electrical_relation, ///< three units of which no law of Ohm or Joule makes sense
+    nothing_to_sum,         ///< no measurement at all
+    contradiction,          ///< an intersection of what does not meet
+    levels_disagree,        ///< a level whose number means another quantity to `Value_object`
+    difference_has_no_unit, ///< a temperature difference for `Value_object`
+    unit_not_valid,         ///< a prefix that no measurement has
+    out_of_range,           ///< a value too large for a double
 };
 
 /// The name of the enumerator, "kinds_differ"; "unknown" for any other value.
@@ -238,7 +238,7 @@ class VARNIX_VALUE_MEASUREMENT_EXPORT Measurement {
     /// temperature to the first power as its unit can be one.
     bool Is_difference() const noexcept { return difference; }
 
-    /// The same number as a difference of temperatures. What is no temperature stays what it is.
+    /// The same number as a difference of temperatures. Other quantities stay as they are.
     Measurement As_difference() const;
 
     /// The same number as a point of its temperature scale.

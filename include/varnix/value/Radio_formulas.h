@@ -78,7 +78,7 @@ VARNIX_VALUE_MEASUREMENT_EXPORT Measurement Cascade_noise(Noise_stage const* sta
 
 /// k T B in watts: the noise of a matched resistor at a temperature, in a bandwidth. k is
 /// 1.380649e-23 J/K, exactly (SI, 2019).
-/// @throws MeasurementRefused kinds_differ for what is no temperature or no frequency;
+/// @throws MeasurementRefused kinds_differ for anything but a temperature and a frequency;
 ///         temperature_role for a difference in °C or °F; negative_quantity for a temperature below
 ///         0 K or a bandwidth below 0 Hz, also in part.
 VARNIX_VALUE_MEASUREMENT_EXPORT Measurement Thermal_noise(Measurement const& temperature,

@@ -114,14 +114,14 @@ TEST(Measurement, Says_what_is_in_the_way_and_the_way_out) {
     Measurement const level(10.0, C_DBmW);
     EXPECT_EQ(Refusal_of([&] { level + level; }), "cannot add 10 dBm (power) and 10 dBm (power): levels do not add; Power_sum adds the powers");
     EXPECT_EQ(Refusal_of([&] { level.Convert_to(C_Volts); }),
-              "cannot convert 10 dBm (power) to V (voltage): no factor leads from the one to the other; "
+              "cannot convert 10 dBm (power) to V (voltage): the two are related by a third quantity; "
               "convert with a resistance (Convert_to(unit, with))");
     EXPECT_EQ(Refusal_of([] { Power_sum(nullptr, 0); }), "cannot add the powers of no levels: there is nothing to add");
     EXPECT_EQ(Refusal_of([] { Cascade_noise(nullptr, 0); }), "cannot take the noise of such a chain: there is nothing to add");
     EXPECT_EQ(Refusal_of([&] {
                   Cascade_noise({{level, Measurement(1.0, C_DB)}});
               }),
-              "cannot take the noise of a chain with a gain of 10 dBm (power): that takes a gain in plain dB");
+              "cannot take the noise of a chain with a gain of 10 dBm (power): this needs a gain in dB");
     EXPECT_EQ(Refusal_of([&] { Power_sum({level, Measurement(1e300, C_DBmW, -infinity, infinity)}); }), "not refused");
     MeasurementRefused refused(Refusal::not_a_gain, "cannot");
     refused = MeasurementRefused(Refusal::odd_power, "cannot at all");

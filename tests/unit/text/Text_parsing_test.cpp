@@ -3,10 +3,14 @@
 
 #include "Case_notation.h"
 
+#include "catalogue/Prefixes.h"
+#include "catalogue/Unit_spellings.h"
+
 #include <varnix/value/text.h>
 
 #include <ctime>
 #include <fstream>
+#include <map>
 #include <random>
 #include <vector>
 
@@ -55,6 +59,11 @@ std::string Outcome(Parse_result<T> const& result) {
     return result ? Written(*result) : "refused: " + result.Get_fault().message;
 }
 
+bool Is_beyond_core(Units const& unit) {
+    return std::any_of(std::begin(unit.tuples), std::end(unit.tuples),
+                       [](Unit_tuple const& own) { return own.unit >= Value_detail::Unit_code_limit; });
+}
+
 TEST(Parsing, Reads_the_texts_written_down) {
     std::vector<Case> const cases = Cases_in("parsing.txt", " = ");
     EXPECT_GT(cases.size(), 100U);
@@ -63,12 +72,21 @@ TEST(Parsing, Reads_the_texts_written_down) {
         EXPECT_EQ(is_quantity ? Outcome(Try_parse_quantity(row.text)) : Outcome(Try_parse_unit(row.text)), row.expected)
             << row.place << ": " << row.text;
         if (!is_quantity) {
-            EXPECT_EQ(Outcome(Try_parse_quantity("2 " + row.text)), "2 " + row.expected) << row.place;
+            std::string const quantity = Outcome(Try_parse_quantity("2 " + row.text));
+            bool const measured = quantity.find("is a unit of measurements") != std::string::npos;
+            auto const unit = Try_parse_unit(row.text);
+            EXPECT_EQ(measured, unit && Is_beyond_core(*unit)) << row.place;
+            EXPECT_TRUE(measured || quantity == "2 " + row.expected) << row.place << ": " << quantity;
         }
     }
 }
 
-std::string Refusal(Text_fault const& fault, bool with_message) {
+template <typename T>
+std::string Refusal(Parse_result<T> const& result, bool with_message) {
+    if (result) {
+        return "read as " + Written(*result);
+    }
+    Text_fault const& fault = result.Get_fault();
     return std::to_string(fault.position) + (with_message ? ": " + fault.message : "") + (fault.suggestion.empty() ? "" : " -> " + fault.suggestion);
 }
 
@@ -77,10 +95,10 @@ TEST(Parsing, Refuses_the_texts_written_down) {
     EXPECT_GT(cases.size(), 100U);
     for (Case const& row : cases) {
         bool const is_unit = row.text.compare(0, 5, "unit ") == 0;
-        std::string const text = row.text.substr(is_unit ? 5 : 0);
-        Text_fault const fault = is_unit ? Try_parse_unit(text).Get_fault() : Try_parse_quantity(text).Get_fault();
         bool const with_message = row.expected.find(": ") != std::string::npos;
-        EXPECT_EQ(Refusal(fault, with_message), row.expected) << row.place << ": " << row.text;
+        std::string const refusal =
+            is_unit ? Refusal(Try_parse_unit(row.text.substr(5)), with_message) : Refusal(Try_parse_quantity(row.text), with_message);
+        EXPECT_EQ(refusal, row.expected) << row.place << ": " << row.text;
     }
 }
 
@@ -110,20 +128,125 @@ TEST(Parsing, Reads_every_named_unit_as_it_is_printed) {
     }
 }
 
-// A prefix goes with every unit, and no text has two readings but for these.
-TEST(Parsing, Reads_every_prefix_on_every_unit) {
-    std::vector<std::string> others;
-    for (SI_units const prefix : Prefixes()) {
-        for (Units const& unit : Catalogue_units()) {
-            for (std::string const& text : Printed(Unit({unit.tuples[0]}, prefix))) {
-                Parse_result<Units> const result = Try_parse_unit(text);
-                if (!result || !(*result == Unit({unit.tuples[0]}, prefix))) {
-                    others.push_back(text + " " + Outcome(result).substr(0, 7));
+// ---- The words of the catalogue
+
+struct Word {
+    std::string text;
+    bool is_symbol;
+    Catalogue::Unit_row row;
+};
+
+std::vector<Word> Words_of_catalogue() {
+    std::vector<Word> words;
+    for (std::size_t place = 0; place < Catalogue::Unit_count; ++place) {
+        Catalogue::Unit_row const& row = Catalogue::unit_rows[place];
+        Catalogue::Unit_spelling const& spelling = Catalogue::unit_spellings[place];
+        bool const core = place < Catalogue::Core_unit_count;
+        std::vector<std::string> const own = core ? Printed(Unit({{row.unit, 1}})) : std::vector<std::string>{spelling.symbol, spelling.name};
+        std::string const blank = " ";
+        for (auto const& [texts, is_symbol] :
+             {std::pair(own[0] + blank + spelling.characters + blank + spelling.symbols, true), std::pair(own[1] + blank + spelling.names, false)}) {
+            std::istringstream split(texts);
+            for (std::string text; split >> text;) {
+                words.push_back({text, is_symbol, row});
+            }
+        }
+    }
+    return words;
+}
+
+TEST(Parsing, Reads_every_word_of_the_catalogue) {
+    for (Word const& word : Words_of_catalogue()) {
+        std::string const unit = Written(Unit({{word.row.unit, 1}}));
+        EXPECT_EQ(Outcome(Try_parse_unit(word.text)), unit) << word.text;
+        std::string apart = word.text;
+        std::replace(apart.begin(), apart.end(), '_', word.text[0] == '[' ? '_' : ' ');
+        EXPECT_EQ(Outcome(Try_parse_unit(apart)), unit) << apart;
+        EXPECT_EQ(Outcome(Try_parse_unit("1/" + apart)), Written(Unit({{word.row.unit, -1}}))) << apart;
+    }
+}
+
+// What is written for a unit beyond the core's is of its kind and size.
+struct Size {
+    Catalogue::Kind kind;
+    double number = 1.0;
+};
+
+Size Size_of(Units const& unit) {
+    Size size;
+    size.number = std::pow(10.0, unit.si_prefix);
+    for (Unit_tuple const& tuple : unit.tuples) {
+        if (tuple.unit != NO_UNIT) {
+            Catalogue::Unit_row const& row = Catalogue::Row_of(tuple.unit);
+            Catalogue::Multiply(size.kind, Catalogue::As_physics_has_it(Catalogue::Row_of(row.quantity).kind), tuple.exponent);
+            size.number *= std::pow(std::strtod(row.size, nullptr), tuple.exponent);
+        }
+    }
+    return size;
+}
+
+TEST(Parsing, Says_what_to_write_in_units_of_the_core) {
+    std::size_t count = 0;
+    for (Word const& word : Words_of_catalogue()) {
+        for (char const* const form : {"#", "k#", "h#", "1/#", "V*#^2", "#/s", "m#/ms"}) {
+            std::string text = form;
+            text.replace(text.find('#'), 1, word.text);
+            auto const unit = Try_parse_unit(text);
+            if (!unit || !Is_beyond_core(*unit)) {
+                continue;
+            }
+            Text_fault const fault = Try_parse_quantity("5 " + text).Get_fault();
+            EXPECT_EQ(fault.position, 2U) << text;
+            std::size_t const way = fault.message.find("; here write ");
+            if (way != std::string::npos) {
+                auto const written = Parse_quantity("5 " + fault.message.substr(way + 13));
+                EXPECT_TRUE(Size_of(written.Get_unit()).kind == Size_of(*unit).kind) << text << ": " << fault.message;
+                EXPECT_NEAR(Size_of(written.Get_unit()).number / Size_of(*unit).number, 1.0, 1e-14) << text << ": " << fault.message;
+                ++count;
+            }
+        }
+    }
+    EXPECT_GT(count, 300U);
+}
+
+// The texts of every prefix with the words of all units that take it, and what each means.
+std::map<std::string, std::vector<Units>> Prefixed_words() {
+    using Catalogue::Prefixes_taken;
+    std::map<std::string, std::vector<Units>> meanings;
+    for (Catalogue::Prefix_row const& prefix : Catalogue::prefix_rows) {
+        for (Word const& word : Words_of_catalogue()) {
+            Prefixes_taken const taken = word.row.prefixes;
+            bool const any = taken == Prefixes_taken::any || taken == Prefixes_taken::chosen;
+            if (word.text[0] != '[' && (any || (prefix.is_of_core && taken != Prefixes_taken::none))) {
+                std::string const text = (word.is_symbol ? prefix.symbol : prefix.name) + word.text;
+                Units const unit = Unit({{word.row.unit, 1}}, prefix.prefix);
+                std::vector<Units>& own = meanings[text];
+                if (std::find(own.begin(), own.end(), unit) == own.end()) {
+                    own.push_back(unit);
                 }
             }
         }
     }
-    EXPECT_EQ(others, (std::vector<std::string>{"nmi refused", "min C_Min", "mb refused", "mB refused", "db refused", "dB C_DB", "Min refused"}));
+    return meanings;
+}
+
+// No prefix with a word means two things, and but for these each is read as what it means.
+TEST(Parsing, Reads_every_prefix_on_every_word) {
+    std::vector<std::string> others;
+    std::size_t count = 0;
+    for (auto const& [text, units] : Prefixed_words()) {
+        EXPECT_EQ(units.size(), 1U) << text;
+        std::string const outcome = Outcome(Try_parse_unit(text));
+        if (outcome != Written(units[0])) {
+            others.push_back(text + ": " + outcome.substr(0, outcome.find(": ")));
+        }
+        ++count;
+    }
+    EXPECT_GT(count, 5000U);
+    EXPECT_EQ(others, (std::vector<std::string>{
+                          "Gs: refused",   "Min: refused", "PS: metric_horsepower", "ct: carats",  "dB: C_DB",    "dBd: refused", "dBq: refused",
+                          "dBy: refused",  "db: refused",  "dbit: refused",         "kt: C_Knots", "mB: refused", "mBy: refused", "mb: refused",
+                          "mbit: refused", "min: C_Min",   "nmi: C_Nautical_mile",  "pt: pints",   "pu: refused", "qm: refused"}));
 }
 
 Units Random_compound(std::mt19937& random) {
@@ -156,9 +279,16 @@ bool Is_read_by_rule(Units unit, Units read) {
     return metre || (prefixed && unit == read);
 }
 
+bool Has_other_word(std::string const& text) {
+    std::string const linear = text.substr(text.compare(0, 2, "dB") == 0 ? 2 : 0);
+    return text.find("ohms") != std::string::npos || text.find("nmi") != std::string::npos || linear.compare(0, 2, "T/") == 0 ||
+           linear.compare(0, 2, "G/") == 0;
+}
+
 // What the core prints is refused, or read as it was meant, or as another unit that is printed alike,
 // or by the rule of powers: nothing else is misread. Only "ohms" is the name of the ohm wherever it
-// stands, and never ohms times seconds.
+// stands, and never ohms times seconds; "nmi" is the nautical mile, and the prefixes before a '/' are the
+// units of that symbol.
 TEST(Parsing, Reads_compound_units_as_they_are_printed) {
     std::mt19937 random(5); // the same in every run
     int read_back = 0;
@@ -173,7 +303,7 @@ TEST(Parsing, Reads_compound_units_as_they_are_printed) {
         } else if (result) {
             std::vector<std::string> const texts = Printed(*result);
             bool const printed_alike = std::count(texts.begin(), texts.end(), text) != 0;
-            EXPECT_TRUE(printed_alike || text.find("ohms") != std::string::npos || Is_read_by_rule(unit, *result))
+            EXPECT_TRUE(printed_alike || Has_other_word(text) || Is_read_by_rule(unit, *result))
                 << text << " is " << Written(unit) << " and not " << Written(*result);
             ++otherwise;
         }
@@ -356,36 +486,46 @@ TEST(Scpi, Reads_suffixes_in_any_case) {
         {"MABIT/S", "mega:bits,seconds^-1"},
         {"KBYTE", "C_KiloBytes"},
         {"", "C_Empty"},
+        // Beyond the core.
+        {"KN", "kilo:newtons"},
+        {"UH", "micro:henries"},
+        {"MT", "milli:teslas"},
+        {"MBAR", "milli:bars"},
+        {"MAPAL", "mega:pascals"},
+        {"MSIE", "milli:siemens"},
+        {"V/M.T", "volts,meters^-1,teslas"},
+        {"CD", "candelas"},
+        {"MNT", "arcminutes"},
+        {"SEC", "arcseconds"},
+        {"ML/MIN", "milli:minutes^-1,liters"},
+        {"KEV", "kilo:electronvolts"},
     };
     for (Row const& row : rows) {
-        EXPECT_EQ(Outcome(Try_parse_unit(row.text, Dialect::scpi)), row.unit) << row.text;
-        EXPECT_EQ(Outcome(Try_parse_quantity("+1.50E+00" + std::string(row.text), {}, Dialect::scpi)).substr(0, 4), "1.5 ") << row.text;
+        auto const unit = Try_parse_unit(row.text, Dialect::scpi);
+        EXPECT_EQ(Outcome(unit), row.unit) << row.text;
+        auto const quantity = Try_parse_quantity("+1.50E+00" + std::string(row.text), {}, Dialect::scpi);
+        EXPECT_TRUE(quantity ? Is(*quantity, 1.5, 1.5, 1.5, *unit) : Is_beyond_core(*unit)) << row.text;
     }
     for (char const* const text :
-         {"T", "DBC", "DBM/S", "KKTS", "KMMPH", "Ω", "M/", "M..S", "M^", "M-", "M0", "M2147483649", "V 5", "B", "(M)", "DB M"}) {
+         {"Q", "DBC", "DBM/S", "KKTS", "KMMPH", "Ω", "M/", "M..S", "M^", "M-", "M0", "M2147483649", "V 5", "B", "(M)", "DB M"}) {
         EXPECT_FALSE(Try_parse_unit(text, Dialect::scpi)) << text;
     }
     EXPECT_EQ(Parse_unit("km", Dialect::standard), Parse_unit("KM", Dialect::scpi));
     EXPECT_THROW((void)Parse_quantity("5 KHX", {}, Dialect::scpi), TextNotValid);
 }
 
-// What IEEE 488.2 has for units that the catalogue has not is refused, whatever else the letters could be.
+// What most people write for other units than IEEE 488.2 is refused, whatever else the letters could be.
 TEST(Scpi, Refuses_what_other_letters_would_make_of_it) {
     struct Row {
         char const* text;
         char const* message;
     };
     Row const rows[] = {
-        {"C", "'C' is not in the catalogue: coulomb (degrees Celsius are CEL); write A.S"},
-        {"F", "'F' is not in the catalogue: farad (degrees Fahrenheit are FAR); write S/OHM"},
-        {"H", "'H' is not in the catalogue: henry (hours are HR); write OHM.S"},
-        {"uh", "'uh' is not in the catalogue: henry (hours are HR); write OHM.uS"},
-        {"MAH", "'MAH' is not in the catalogue: henry (hours are HR); write OHM.MAS"},
-        {"NF", "'NF' is not in the catalogue: farad (degrees Fahrenheit are FAR); write NS/OHM"},
-        {"KN", "'KN' is not in the catalogue: newton"},
-        {"CD", "'CD' is not in the catalogue: candela"},
-        {"MNT", "'MNT' is not in the catalogue: a minute of arc (of time it is MIN); write DEG"},
-        {"SEC", "'SEC' is not in the catalogue: a second of arc (of time it is S); write DEG"},
+        {"C", "'C' is not read here: coulomb (degrees Celsius are CEL); write A.S"},
+        {"F", "'F' is not read here: farad (degrees Fahrenheit are FAR); write S/OHM"},
+        {"NF", "'NF' is not read here: farad (degrees Fahrenheit are FAR); write NS/OHM"},
+        {"AH", "'AH' is not read here: attohenry (ampere hours are A.HR); write A.HR"},
+        {"mah", "'mah' is not read here: attohenry (ampere hours are A.HR); write mA.HR"},
         {"MBIT/S", "'MBIT' would be a fraction of a bit; write MABIT for mega"},
         {"MBYTE", "'MBYTE' would be a fraction of a bit; write MABYTE for mega"},
         {"DBS", "levels have no plural; write DB"},
