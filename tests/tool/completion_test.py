@@ -37,12 +37,12 @@ TYPED = [
 
 # The words of a command line, what the last may become among others, and what it may not.
 OFFERED = [
-    ("convert --from h", {"h", "ha", "hp", "hPa", "hm", "hl", "hectopascals"}, {"hft", "hlb", "hrpm", "h%"}),
-    ("convert --from da", {"daN", "dam", "days", "decapascals"}, {"daft", "dalb"}),
+    ("convert --from h", {"h", "ha", "hp", "hPa", "hm", "hl", "hectopascals", "hours"}, {"hft", "hlb", "hrpm", "h%"}),
+    ("convert --from da", {"daN", "dam", "days"}, {"daft", "dalb"}),
     ("convert --from Ki", {"KiB", "Kib"}, {"KiPa", "Kim"}),
     ("convert --from u", {"u", "uT", "uPa", "us", "ul"}, {"ulb"}),
     ("convert 5_hPa ", {"Pa", "psi", "inHg", "mmHg", "bar"}, {"N", "hPa", "m"}),
-    ("convert 5_hPa m", {"mbar", "mPa", "mmHg", "millibars"}, {"mN", "m", "mpsi"}),
+    ("convert 5_hPa m", {"mbar", "mPa", "mmHg", "millibars"}, {"mN", "m", "mmmHg"}),
     ("convert 5_kg*m/s^2 ", {"N", "lbf", "kgf", "dyn"}, {"J", "kg"}),
     ("convert 5_gal l", {"l", "liters"}, {"lb", "lbf"}),
     ("convert 10_Δ°C ", {"K", "°C", "°F"}, {"Pa"}),
