@@ -2,11 +2,15 @@
 
 #include "Written_results.h"
 
+#include "catalogue/Prefixes.h"
+#include "catalogue/Unit_spellings.h"
+
 #include <varnix/value/Measurement.h>
+#include <varnix/value/Measurement_text.h>
 #include <varnix/value/Unit_kinds.h>
-#include <varnix/value/Units_library.h>
 
 #include <algorithm>
+#include <iterator>
 #include <optional>
 #include <vector>
 
@@ -46,36 +50,77 @@ void Write_rows(std::string const& heading, std::vector<Row> const& rows, Output
     output.Append('\n');
 }
 
-bool Is_temperature(Units const& unit) {
-    return Units_library::Get_dimension(unit.tuples[0].unit) == TEMPERATURE;
+// ---- What the catalogue knows of a unit
+
+Catalogue::Unit_row const& Row_of(Units const& unit) {
+    return Catalogue::Row_of(unit.tuples[0].unit);
 }
 
-// One of the unit in its base unit, as `convert` answers; nothing for months and years.
-std::optional<double> Factor_of(Units const& unit, Units const& base) {
-    try {
-        return Measurement(1.0, unit).Convert_to(base).Get_value();
-    } catch (MeasurementRefused const&) {
-        return std::nullopt;
+// What the sizes of a quantity's units are counted in, where that is no unit of the catalogue without
+// a prefix. Every other quantity has a unit of size 1.
+struct Coherent_unit {
+    Catalogue::Quantity quantity;
+    char const* text;
+};
+
+constexpr Coherent_unit coherent_units[] = {
+    {Catalogue::Quantity::RATIO, "1"},
+    {Catalogue::Quantity::MASS, "kg"},
+    {Catalogue::Quantity::TEMPERATURE, "K"}, // °C has the size 1 as well
+    {Catalogue::Quantity::VOLUME, "m^3"},
+    {Catalogue::Quantity::AREA, "m^2"},
+    {Catalogue::Quantity::MAGNETIC_FIELD, "A/m"},
+    {Catalogue::Quantity::LOGARITHMIC_RATIO, "dB"},
+};
+
+std::string Coherent_unit_of(Catalogue::Quantity quantity) {
+    for (Coherent_unit const& row : coherent_units) {
+        if (row.quantity == quantity) {
+            return row.text;
+        }
+    }
+    auto const* const row = std::find_if(
+        std::begin(Catalogue::unit_rows), std::end(Catalogue::unit_rows),
+        [&](auto const& candidate) {
+            return candidate.quantity == quantity && candidate.size == std::string("1");
+        });
+    return Format_unit(Units{SPL_NONE, NO_PREFIX, {{row->unit, 1}}});
+}
+
+// "= 0.3048 m", "= pi/180 rad", "= 0.01"; nothing for a unit that sizes are counted in.
+std::string Size(Units const& unit) {
+    Catalogue::Unit_row const& row = Row_of(unit);
+    std::string const coherent = Coherent_unit_of(row.quantity);
+    std::string const size = std::string("= ") + row.size;
+    return coherent == Format_unit(unit) ? "" : coherent == "1" ? size : size + ' ' + coherent;
+}
+
+char const* Prefixes_of(Units const& unit) {
+    switch (Row_of(unit).prefixes) {
+    case Catalogue::Prefixes_taken::none:
+        return "none";
+    case Catalogue::Prefixes_taken::usual:
+    case Catalogue::Prefixes_taken::chosen_usual:
+        return "common";
+    default:
+        return "all";
     }
 }
 
-// Where one of the catalogue's units leads: "0.3048 m", "by formula", or nothing for a unit that
-// stands for itself.
-std::string Equivalent(Units const& unit) {
-    Units const base = Units_library::Get_base_unit(unit);
-    if (base.tuples[0].unit == unit.tuples[0].unit) {
-        return {};
-    }
-    if (Is_temperature(unit)) {
-        return "= " + Format_unit(base) + " by formula";
-    }
-    std::optional<double> const factor = Factor_of(unit, base);
-    return factor ? "= " + Format_number(*factor) + ' ' + Format_unit(base) : "no fixed length";
+char const* Source(Units const& unit) {
+    return Catalogue::unit_spellings[Catalogue::Place_of(unit.tuples[0].unit)].source;
+}
+
+// The size as a number: one of the unit, or a difference of one, in what sizes are counted in.
+double Factor(Units const& unit) {
+    Measurement const one(1.0, unit);
+    bool const of_scale = Row_of(unit).quantity == Catalogue::Quantity::TEMPERATURE;
+    Units const coherent = Parse_measurement_unit(Coherent_unit_of(Row_of(unit).quantity)).unit;
+    return (of_scale ? one.As_difference() : one).Convert_to(coherent).Get_value();
 }
 
 std::string Scale(SI_units prefix) {
-    bool const binary = Units_library::Get_unit_base({SPL_NONE, prefix, {}}) == 2.0;
-    return (binary ? "2^" : "10^") + std::to_string(prefix);
+    return (Catalogue::Is_binary(prefix) ? "2^" : "10^") + std::to_string(prefix);
 }
 
 // ---- JSON
@@ -89,35 +134,34 @@ Json Json_unit(char const* type, Units const& unit) {
 
 Json Json_catalogue_unit(Units const& unit) {
     Json object = Json_unit("unit", unit);
-    Units const base = Units_library::Get_base_unit(unit);
-    object["base"] = Format_unit(base);
-    std::optional<double> const factor = Factor_of(unit, base);
-    if (factor && !Is_temperature(unit)) {
-        object["factor"] = *factor;
-    }
+    object["base"] = Coherent_unit_of(Row_of(unit).quantity);
+    object["size"] = Row_of(unit).size;
+    object["factor"] = Factor(unit);
+    object["prefixes"] = Prefixes_of(unit);
+    object["source"] = Source(unit);
     return object;
 }
 
-Json Json_prefix(SI_units prefix) {
-    Units const unit = {SPL_NONE, prefix, {}};
+Json Json_prefix(Catalogue::Prefix_row const& row) {
     return {{"type", "prefix"},
-            {"symbol", Units_library::Get_unit_str_si_map(unit, STR_SYMBOL)},
-            {"name", Units_library::Get_unit_str_si_map(unit, STR_NAME)},
-            {"base", static_cast<int>(Units_library::Get_unit_base(unit))},
-            {"exponent", static_cast<int>(prefix)}};
+            {"symbol", row.symbol},
+            {"name", row.name},
+            {"base", Catalogue::Is_binary(row.prefix) ? 2 : 10},
+            {"exponent", static_cast<int>(row.prefix)},
+            {"common", row.is_of_core}};
 }
 
 // ---- The list
 
 struct Listing {
     std::vector<Units> units;
-    std::vector<SI_units> prefixes;
+    std::vector<Catalogue::Prefix_row> prefixes;
     std::vector<Named_unit> named;
 };
 
 [[noreturn]] void Refuse_dimension(std::string const& dimension) {
     std::vector<std::string> kinds;
-    for (Units const& unit : Catalogue_units()) {
+    for (Units const& unit : All_units()) {
         if (std::find(kinds.begin(), kinds.end(), Kind_name(unit)) == kinds.end()) {
             kinds.push_back(Kind_name(unit));
         }
@@ -130,7 +174,9 @@ struct Listing {
 }
 
 Listing Listing_of(std::string const& dimension) {
-    Listing listing = {Catalogue_units(), Prefixes(), Named_units()};
+    Listing listing = {All_units(),
+                       {std::begin(Catalogue::prefix_rows), std::end(Catalogue::prefix_rows)},
+                       Named_units()};
     if (dimension.empty()) {
         return listing;
     }
@@ -153,7 +199,7 @@ void Write_objects(Listing const& listing, Output& output) {
     for (Units const& unit : listing.units) {
         Write(Json_catalogue_unit(unit), output);
     }
-    for (SI_units const prefix : listing.prefixes) {
+    for (Catalogue::Prefix_row const& prefix : listing.prefixes) {
         Write(Json_prefix(prefix), output);
     }
     for (Named_unit const& named : listing.named) {
@@ -166,17 +212,16 @@ void Write_objects(Listing const& listing, Output& output) {
 void Write_lists(Listing const& listing, Output& output) {
     std::vector<Row> rows;
     for (Units const& unit : listing.units) {
-        rows.push_back(
-            {Format_unit(unit), Format_unit(unit, STR_NAME), Kind_name(unit), Equivalent(unit)});
+        rows.push_back({Format_unit(unit), Format_unit(unit, STR_NAME), Kind_name(unit), Size(unit),
+                        Prefixes_of(unit), Source(unit)});
     }
-    Write_rows("Units, each with any prefix and power:", rows, output);
+    Write_rows("Units: size, prefixes, source of the size", rows, output);
     rows.clear();
-    for (SI_units const prefix : listing.prefixes) {
-        Units const unit = {SPL_NONE, prefix, {}};
-        rows.push_back({Units_library::Get_unit_str_si_map(unit, STR_SYMBOL),
-                        Units_library::Get_unit_str_si_map(unit, STR_NAME), Scale(prefix)});
+    for (Catalogue::Prefix_row const& prefix : listing.prefixes) {
+        rows.push_back(
+            {prefix.symbol, prefix.name, Scale(prefix.prefix), prefix.is_of_core ? "common" : ""});
     }
-    Write_rows("Prefixes:", rows, output);
+    Write_rows("Prefixes: all, and those that are common", rows, output);
     rows.clear();
     for (Named_unit const& named : listing.named) {
         rows.push_back({Format_unit(named.unit), Format_unit(named.unit, STR_NAME),
