@@ -86,7 +86,7 @@ typedef enum vo_status {
     VO_OPERATION_UNDEFINED = 12,       /**< a decibel operand without meaning */
     VO_UNIT_DIMENSION_NOT_PROPER = 13, /**< a unit in a dimension where it has no place */
     VO_UNIT_EXPONENT_NOT_VALID = 14,   /**< a power beyond what is supported */
-    VO_UNIT_NOT_DEFINED = 15,          /**< a unit or prefix that the catalogue does not have */
+    VO_UNIT_NOT_DEFINED = 15,          /**< a unit that there is not, or not for vo_quantity */
     VO_TOO_MANY_UNITS = 16             /**< a product of more than five units */
 } vo_status;
 
@@ -107,20 +107,27 @@ typedef struct vo_fault {
 
 /* ---- Units */
 
-/** One factor of a unit. `unit` is a code of the catalogue, 0 for an empty slot. */
+/** One factor of a unit. `unit` is a code, 0 for an empty slot. */
 typedef struct vo_factor {
-    int32_t unit;     /**< the code, as in <varnix/value/Units.h>: 1 metre, 5 second, 12 watt ... */
+    int32_t unit;     /**< the code, as in <varnix/value/Units.h> or Engineering_units.h: 1 metre,
+                           5 second, 12 watt, 1001 newton, 1005 pascal ... */
     int32_t exponent; /**< its power */
 } vo_factor;
 
-/** A unit. Make one with vo_unit_parse; {0} is that of a plain number. */
+/**
+ * A unit. {0} is that of a plain number; there are no constants for others: read those that you need
+ * with vo_unit_parse once, when the program starts.
+ *
+ * Units from 1001 on (N, hPa, lb, gal ...; docs/units.md has all) are for measurements. To a
+ * vo_quantity they are VO_UNIT_NOT_DEFINED.
+ */
 typedef struct vo_unit {
     int32_t decibels;     /**< 1 for levels and gains, whose numbers are decibels; or 0 */
     int32_t prefix;       /**< the prefix of the whole, as in <varnix/value/Units.h>; 0 for none */
     vo_factor factors[5]; /**< its factors */
 } vo_unit;
 
-/** Reads a unit: "km/h", "dBm", "mV/K". @see docs/text.md for the notation. */
+/** Reads a unit: "km/h", "dBm", "mV/K", "hPa". @see docs/text.md for the notation. */
 VO_EXPORT vo_status vo_unit_parse(char const* text, vo_unit* unit, vo_fault* fault);
 
 /** Reads a unit as instruments write it, by IEEE 488.2 and SCPI: "DBM", "MAOHM", "M/S2". */
@@ -139,7 +146,7 @@ VO_EXPORT vo_status vo_unit_parse_scpi(char const* text, vo_unit* unit, vo_fault
 VO_EXPORT vo_status vo_unit_format(vo_unit const* unit, char* buffer, size_t size, size_t* length,
                                    vo_fault* fault);
 
-/** Writes what a unit measures, "speed" or "length^3/time", as vo_unit_format. */
+/** Writes what a unit measures, "pressure" or "length^3/time", as vo_unit_format. */
 VO_EXPORT vo_status vo_unit_kind(vo_unit const* unit, char* buffer, size_t size, size_t* length,
                                  vo_fault* fault);
 
@@ -148,13 +155,14 @@ VO_EXPORT vo_status vo_unit_same_kind(vo_unit const* first, vo_unit const* secon
                                       vo_fault* fault);
 
 /**
- * The unit that vo_quantity_multiply gives to a product of quantities in these units. The number has
- * its own part in it: 1 km times 1 km are 1000000 m^2.
+ * The unit that vo_quantity_multiply gives to a product of quantities in these units, or where one of
+ * them has a code from 1001 on vo_measurement_multiply. The number has its own part in it: 1 km times
+ * 1 km are 1000000 m^2.
  */
 VO_EXPORT vo_status vo_unit_multiply(vo_unit const* first, vo_unit const* second, vo_unit* product,
                                      vo_fault* fault);
 
-/** The unit that vo_quantity_divide gives to a quotient, as vo_unit_multiply. */
+/** The unit of a quotient, as vo_unit_multiply. */
 VO_EXPORT vo_status vo_unit_divide(vo_unit const* first, vo_unit const* second, vo_unit* quotient,
                                    vo_fault* fault);
 
@@ -218,11 +226,18 @@ VO_EXPORT vo_status vo_measurement_convert(vo_measurement const* x, vo_unit cons
 
 /**
  * Volts, amperes, watts and ohms by the laws of Ohm and Joule, and their levels: dBµV across 50 ohm
- * in dBm. Refused: units without such a law.
+ * in dBm. Field strengths (V/m, A/m, W/m^2 and ohm) likewise. Refused: units without such a law.
  */
 VO_EXPORT vo_status vo_measurement_convert_with(vo_measurement const* x, vo_unit const* target,
                                                 vo_measurement const* with,
                                                 vo_measurement* converted, vo_fault* fault);
+
+/**
+ * The measurement in the unit of SI that has a name: 686.7 kg*m/s^2 is 686.7 N. Where there is none, as
+ * for km/h, and in decibels, it stays as it is.
+ */
+VO_EXPORT vo_status vo_measurement_simplify(vo_measurement const* x, vo_measurement* simplified,
+                                            vo_fault* fault);
 
 /** The sum in the unit of `x`. Refused: kinds that differ, levels that have no sum. */
 VO_EXPORT vo_status vo_measurement_add(vo_measurement const* x, vo_measurement const* y,
@@ -232,7 +247,10 @@ VO_EXPORT vo_status vo_measurement_add(vo_measurement const* x, vo_measurement c
 VO_EXPORT vo_status vo_measurement_subtract(vo_measurement const* x, vo_measurement const* y,
                                             vo_measurement* difference, vo_fault* fault);
 
-/** The product. Refused: levels, points of temperature, more than five units. */
+/**
+ * The product. Prefixes are kept where the result has one: 2500 kg/h times 3.5 h are 8750 kg. Refused:
+ * levels, points of temperature, more than five units.
+ */
 VO_EXPORT vo_status vo_measurement_multiply(vo_measurement const* x, vo_measurement const* y,
                                             vo_measurement* product, vo_fault* fault);
 

@@ -12,12 +12,14 @@ diff -u - <(
     ask "SELECT value_convert(1000, 'ft', 'm'), value_convert(-40, 'degC', 'degF'), value_convert(NULL, 'ft', 'm');"
     ask "WITH RECURSIVE counted(n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM counted WHERE n < 1000000)
          SELECT sum(value_convert(n, 'ft', 'm')) / 0.3048 FROM counted;"
+    ask "SELECT round(value_convert(1013.25, 'hPa', 'inHg'), 4), round(value_convert(30, 'psi', 'bar'), 4);"
     ask "WITH units(u) AS (VALUES ('mm'), ('km')) SELECT value_convert(5, u, 'm') FROM units;"
     ask "SELECT value_convert(5, 'ft', 's');"
     ask "SELECT value_convert('five', 'ft', 'm');"
 ) << 'EOF'
 304.8|-40.0|
 500000500000.0
+29.9213|2.0684
 0.005
 5000.0
 cannot convert ft (length) to s (time): the kinds differ

@@ -32,4 +32,5 @@ end
 
 print(convert('30 dBm [29, 31]', 'W'))
 print(convert('-40 degC', 'degF'))
+print(convert('1013.2 ± 0.5 hPa', 'inHg'))
 print(select(2, pcall(convert, '5 m', 'm/s')))

@@ -88,34 +88,20 @@ namespace {
                          py::repr(argument.get_type()).cast<std::string>());
 }
 
-// "Δ°C" and its kin are no units of the catalogue, but are read with a number.
-bool Is_difference_unit(std::string_view text, Units& unit) {
-    auto const zero = Try_parse_measurement("0 " + std::string(text));
-    if (!zero || !zero->Is_difference()) {
-        return false;
-    }
-    unit = zero->Get_unit();
-    return true;
-}
-
-Unit_argument Read_unit(std::string_view text) {
-    auto const unit = Try_parse_unit(text);
-    if (unit) {
-        return {*unit, false};
-    }
-    Units difference = {};
-    if (!text.empty() && Is_difference_unit(text, difference)) {
-        return {difference, true};
-    }
+Measurement_unit Read_unit(std::string_view text) {
     if (text.empty()) {
-        return {C_Empty, false};
+        return {};
     }
-    Raise_text_not_valid(unit.Get_fault(), text);
+    auto const unit = Try_parse_measurement_unit(text);
+    if (!unit) {
+        Raise_text_not_valid(unit.Get_fault(), text);
+    }
+    return *unit;
 }
 
 } // namespace
 
-Unit_argument Unit_of(py::handle argument) {
+Measurement_unit Unit_of(py::handle argument) {
     if (PyUnicode_Check(argument.ptr())) {
         return Read_unit(Text_of(argument));
     }
@@ -126,7 +112,7 @@ Unit_argument Unit_of(py::handle argument) {
 }
 
 Units Plain_unit_of(py::handle argument) {
-    Unit_argument const unit = Unit_of(argument);
+    Measurement_unit const unit = Unit_of(argument);
     if (unit.is_difference) {
         Raise("TextNotValid",
               py::make_tuple("differences of temperatures have no unit of their own; "
@@ -204,8 +190,7 @@ Units Unit_from_state(py::tuple const& state) {
                               state[3 + 2 * k].cast<int>()};
         }
     });
-    // Whether there is such a unit: as the constructor of a quantity asks.
-    return Value_object<double>(0.0, unit, 0.0, 0.0).Get_unit();
+    return Arranged(unit); // which throws where there is no such unit
 }
 
 } // namespace Varnix::Value::Python

@@ -44,14 +44,8 @@ bool Is_number(py::handle argument, double& number);
 // The number; TypeError where the argument is none.
 double Number_of(py::handle argument);
 
-// A unit, and whether it is meant for differences of temperatures ("Δ°C").
-struct Unit_argument {
-    Units unit;
-    bool is_difference;
-};
-
 // A Unit or its text.
-Unit_argument Unit_of(py::handle argument);
+Measurement_unit Unit_of(py::handle argument);
 
 // The same where no difference can be meant.
 Units Plain_unit_of(py::handle argument);

@@ -15,7 +15,7 @@ namespace {
 
 // ---- Making one
 
-Measurement Made(double value, Unit_argument const& unit, double lower, double upper) {
+Measurement Made(double value, Measurement_unit const& unit, double lower, double upper) {
     return unit.is_difference ? Measurement::Difference(value, unit.unit, lower, upper)
                               : Measurement(value, unit.unit, lower, upper);
 }
@@ -27,7 +27,7 @@ Measurement Make(py::object const& value, py::object const& unit, py::object con
         Measurement const read = Read_quantity(Text_of(value));
         return as_difference ? read.As_difference() : read;
     }
-    Unit_argument read = Unit_of(unit);
+    Measurement_unit read = Unit_of(unit);
     read.is_difference = read.is_difference || as_difference;
     double const number = Number_of(value);
     return Made(number, read, lower.is_none() ? number : Number_of(lower),
@@ -51,7 +51,7 @@ Measurement Make_difference(py::object const& value, py::object const& unit,
 }
 
 Measurement Make_between(py::object const& lower, py::object const& upper, py::object const& unit) {
-    Unit_argument const read = Unit_of(unit);
+    Measurement_unit const read = Unit_of(unit);
     double const least = Number_of(lower);
     double const greatest = Number_of(upper);
     if (!read.is_difference) {
@@ -101,7 +101,7 @@ std::string Formatted(Measurement const& x, std::string const& format) {
 // ---- Conversion
 
 Measurement Convert(Measurement const& x, py::object const& unit, py::object const& with) {
-    Unit_argument const target = Unit_of(unit);
+    Measurement_unit const target = Unit_of(unit);
     Measurement const converted =
         with.is_none() ? x.Convert_to(target.unit) : x.Convert_to(target.unit, Quantity_of(with));
     if (target.is_difference && !converted.Is_difference()) {
@@ -264,6 +264,14 @@ void Define_conversions(py::class_<Measurement>& quantity) {
 
 `with_` is the second quantity of an electrical relation: of volts, amperes, watts and ohms any two
 give any third. Raises MeasurementRefused where the kinds differ.
+)")
+        .def("simplified", &Simplified, R"(The same quantity in the unit of SI that has a name.
+
+>>> force = Quantity("70 kg") * Quantity("9.81 m/s^2")
+>>> print(force, "is", force.simplified())
+686.7 kg*m/s^2 is 686.7 N
+
+Where there is none, as for km/h, it is returned as it is, and so are levels and temperatures.
 )");
 }
 

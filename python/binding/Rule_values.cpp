@@ -2,6 +2,7 @@
 
 #include "Binding.h"
 
+#include <varnix/value/Engineering_units.h>
 #include <varnix/value/Text_formatting.h>
 #include <varnix/value/Value_object.h>
 
@@ -27,6 +28,18 @@ Rule_value Rule_value_of(py::object const& argument) {
                                                 : Read(Text_of(argument));
 }
 
+// A unit of the core, or its text.
+Units Core_unit_of(py::object const& argument) {
+    Units const unit = Plain_unit_of(argument);
+    for (Unit_tuple const& tuple : unit.tuples) {
+        if (tuple.unit >= NEWTON) {
+            Raise("UnitNotDefined", py::make_tuple("rule values do not have the unit " +
+                                                   Format_unit(unit) + "; a Quantity has"));
+        }
+    }
+    return unit;
+}
+
 // A text, or a number with its unit and perhaps both bounds.
 Rule_value Make_rule_value(py::object const& value, py::object const& unit, py::object const& lower,
                            py::object const& upper) {
@@ -34,12 +47,12 @@ Rule_value Make_rule_value(py::object const& value, py::object const& unit, py::
         return Read(Text_of(value));
     }
     double const number = Number_of(value);
-    return {number, Plain_unit_of(unit), lower.is_none() ? number : Number_of(lower),
+    return {number, Core_unit_of(unit), lower.is_none() ? number : Number_of(lower),
             upper.is_none() ? number : Number_of(upper)};
 }
 
 Rule_value Convert(Rule_value const& x, py::object const& unit, py::object const& with) {
-    Units const target = Plain_unit_of(unit);
+    Units const target = Core_unit_of(unit);
     return with.is_none() ? x.Convert_to(target)
                           : x.Convert_to_with_value(target, Rule_value_of(with));
 }

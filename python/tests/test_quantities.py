@@ -33,6 +33,13 @@ UNCOMMON = [
     Difference(100, 'K').to('dBK'),
     Quantity('2 Δ°F'),
     Quantity('-174 dBm/Hz'),
+    Quantity('1013.25 hPa [1013, 1013.5]'),
+    Quantity(30.1, 'lb/gal'),
+    Quantity('5 kN*m'),
+    Quantity('3 qmol*rad/T'),
+    Quantity('2 hm'),
+    Quantity('50 dB(1/m)'),
+    Quantity('0.5 Np'),
 ]
 
 
@@ -50,9 +57,20 @@ def test_repr_pickle_and_copies_give_back_the_same(q):
 def test_objects_without_their_constructor_have_no_leftovers():
     for made in (Quantity.__new__(Quantity), RuleValue.__new__(RuleValue)):
         assert (made.value, made.lower, made.upper, str(made.unit)) == (0.0, 0.0, 0.0, '')
-    for state in [(0, 2**40, *[0] * 10), (0, 'k', *[0] * 10), (0,)]:
+    nothing = [0] * 6
+    for state in [(0, 2**40, *[0] * 10), (0, 'k', *[0] * 10), (0,), (0, 0, 2**40, 1, 0, 0, 0, 0, *nothing[2:])]:
         with pytest.raises(ValueError, match='not the state'):
             Unit.__new__(Unit).__setstate__(state)
+    for state, failure in [
+        ((0, 0, 1000, 1, 0, 0, *nothing), vv.UnitNotDefined),
+        ((0, 0, 1005, 1, 1999, 1, *nothing), vv.UnitNotDefined),
+        ((0, 0, 1005, 1, 1006, 1, *nothing), vv.UnitDimensionNotProper),  # pascal and bar
+    ]:
+        with pytest.raises(failure):
+            Unit.__new__(Unit).__setstate__(state)
+    made = Unit.__new__(Unit)
+    made.__setstate__((0, 2, 1005, 1, 0, 0, *nothing))
+    assert made == Unit('hPa')
 
 
 def test_rule_values_are_compared_by_their_rules():
@@ -129,7 +147,7 @@ FAILURES = [
     ("RuleValue('1 V').to('W', 5)", TypeError, TypeError, 'expected a text'),
     ("RuleValue('1 V') * np.ones(2)", TypeError, TypeError, ''),
     ("RuleValue('1 V') == RuleValue('1 m')", vv.UnitDimensionNotSame, TypeError, ''),
-    ("Unit('foot pounds')", vv.TextNotValid, ValueError, ''),
+    ("Unit('foot pounds2')", vv.TextNotValid, ValueError, ''),
     ('vv.power_sum([])', vv.RefusedValue, ValueError, 'nothing to add'),
     ("vv.power_sum(['10 dBm', None])", TypeError, TypeError, 'expected a Quantity'),
     ("vv.power_sum('10 dBm')", TypeError, TypeError, "expected several levels, as in a list, found <class 'str'>"),
@@ -147,6 +165,13 @@ FAILURES = [
     ("setattr(Unit('V'), '__class__', type('Slim', (Quantity,), {'__slots__': ()}))", TypeError, TypeError, '__class__'),
     ("setattr(type('Slim', (Unit,), {})('V'), '__class__', type('Slim', (Quantity,), {}))", TypeError, TypeError, '__class__'),
     ("setattr(Unit('V'), '__class__', type('Slim', (Unit.__base__,), {'__slots__': ()}))", TypeError, TypeError, '__class__'),
+    ("RuleValue(5, 'hPa')", vv.UnitNotDefined, ValueError, 'do not have the unit hPa; a Quantity has'),
+    ("RuleValue('5 m').to(Unit('mil'))", vv.UnitNotDefined, ValueError, 'do not have the unit mil; a Quantity has'),
+    ("RuleValue('5 hPa')", vv.TextNotValid, ValueError, 'position 2'),
+    ("Quantity('5 hPa').to('N')", vv.RefusedKind, TypeError, '(pressure) to N (force): the kinds differ'),
+    ("Quantity(5, 'dBPa')", vv.MeasurementRefused, TypeError, 'dBPa'),
+    ("Quantity('0.2 dB/m')", vv.TextNotValid, ValueError, 'write dB(1/m)'),
+    ("Unit('hft')", vv.TextNotValid, ValueError, ''),
     ("RuleValue('5 m').to('W')", vv.UnitDimensionNotSame, TypeError, 'Dimension is not the same'),
     ("RuleValue('1 V').to('W', RuleValue('1 m'))", vv.NoRuleToConvert, TypeError, 'No rule'),
     ("RuleValue('1 m') / 0", vv.OutOfRange, ArithmeticError, 'out of range'),
@@ -197,6 +222,16 @@ ANSWERS = [
     ("2 * RuleValue('2 W')", '4 W'),
     ("RuleValue('10 V').to('W', '5 ohm')", '20 W'),
     ("Quantity('2 m') ** np.int64(2)", '4 m^2'),
+    ("Quantity(1013.25, 'hPa').to(Unit('Pa'))", '101325 Pa'),
+    ("Quantity.between(1, 2, 'bar').to('kPa')", '150 kPa [100, 200]'),
+    ("Quantity('2500 kg/h') * Quantity('3.5 h')", '8750 kg'),
+    ("(Quantity('70 kg') * Quantity('9.81 m/s^2')).simplified()", '686.7 N'),
+    ("Quantity('60 km/h').simplified(), Quantity('20 °C').simplified()", "(Quantity('60 km/h'), Quantity('20 °C'))"),
+    ("Unit('hPa').kind, Unit('hPa').name, repr(Unit('hectopascals'))", "('pressure', 'hectopascals', \"Unit('hPa')\")"),
+    ("Unit('lb/gal').kind, str(Unit('1')), str(Unit(''))", "('mass/volume', '', '')"),
+    ("[vv.same_kind('N', x) for x in ('kg*m/s^2', 'lbf', 'Pa')]", '[True, True, False]'),
+    ("vv.convert([1, 10], 'bar', 'kPa').tolist()", '[100.0, 1000.0]'),
+    ("str(pickle.loads(pickle.dumps(vv.Converter('lb/gal', 'kg/l'))))", "<ufunc 'lb/gal to kg/l'>"),
 ]
 
 

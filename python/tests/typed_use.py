@@ -19,6 +19,10 @@ def is_louder(x: Quantity, y: Quantity) -> bool:
     return compare(x, y) is Order.GREATER
 
 
+def in_newtons(mass: Quantity) -> Quantity:
+    return (mass * Quantity(9.81, Unit('m/s^2'))).simplified()
+
+
 convert([1.0], 'ft', 'm')
 Quantity(np.float32(1), 'V') * np.int64(2)
 Quantity('1 V') * np.ones(3)  # type: ignore[operator]

@@ -69,6 +69,11 @@ vo_status vo_measurement_convert_with(vo_measurement const* x, vo_unit const* ta
     });
 }
 
+vo_status vo_measurement_simplify(vo_measurement const* x, vo_measurement* simplified,
+                                  vo_fault* fault) {
+    return Guarded(fault, [&] { Store(Simplified(Measurement_at(x)), simplified); });
+}
+
 vo_status vo_measurement_add(vo_measurement const* x, vo_measurement const* y, vo_measurement* sum,
                              vo_fault* fault) {
     return Guarded(fault, [&] { Store(Measurement_at(x) + Measurement_at(y), sum); });

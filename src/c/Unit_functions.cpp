@@ -5,21 +5,43 @@
 
 #include <value_object.h>
 
+#include <varnix/value/Engineering_units.h>
+#include <varnix/value/Measurement.h>
 #include <varnix/value/Text_parsing.h>
 #include <varnix/value/Unit_kinds.h>
+
+#include <algorithm>
+#include <iterator>
 
 using namespace Varnix::Value;
 using namespace Varnix::Value::C;
 
 namespace {
 
-// As a quantity is given its unit: checked, and in canonical order.
+// Checked, and in canonical order.
 Units Checked_unit_at(vo_unit const* unit) {
-    return Value_object<double>(0.0, Unit_at(unit), 0.0, 0.0).Get_unit();
+    return Arranged(Unit_at(unit));
 }
 
-Value_object<double> One_at(vo_unit const* unit) {
-    return {1.0, Unit_at(unit), 1.0, 1.0};
+bool Is_beyond_core(Units const& unit) {
+    return std::any_of(std::begin(unit.tuples), std::end(unit.tuples),
+                       [](Unit_tuple const& tuple) { return tuple.unit >= NEWTON; });
+}
+
+// What `operation` makes of one of each: by the rules of the core where it has both units, and by
+// measurements elsewhere.
+template <typename Operation>
+Units Combined(vo_unit const* first, vo_unit const* second, Operation const& operation) {
+    Units const left = Unit_at(first);
+    Units const right = Unit_at(second);
+    if (Is_beyond_core(left) || Is_beyond_core(right)) {
+        Measurement one(1.0, left);
+        operation(one, Measurement(1.0, right));
+        return one.Get_unit();
+    }
+    Value_object<double> one(1.0, left, 1.0, 1.0);
+    operation(one, Value_object<double>(1.0, right, 1.0, 1.0));
+    return one.Get_unit();
 }
 
 } // namespace
@@ -59,17 +81,13 @@ vo_status vo_unit_same_kind(vo_unit const* first, vo_unit const* second, int* sa
 vo_status vo_unit_multiply(vo_unit const* first, vo_unit const* second, vo_unit* product,
                            vo_fault* fault) {
     return Guarded(fault, [&] {
-        Value_object<double> one = One_at(first);
-        one *= One_at(second);
-        Store(one.Get_unit(), product);
+        Store(Combined(first, second, [](auto& x, auto const& y) { x *= y; }), product);
     });
 }
 
 vo_status vo_unit_divide(vo_unit const* first, vo_unit const* second, vo_unit* quotient,
                          vo_fault* fault) {
     return Guarded(fault, [&] {
-        Value_object<double> one = One_at(first);
-        one /= One_at(second);
-        Store(one.Get_unit(), quotient);
+        Store(Combined(first, second, [](auto& x, auto const& y) { x /= y; }), quotient);
     });
 }

@@ -141,11 +141,6 @@ Units Arranged_beyond_core(Units const& unit) {
     return arranged;
 }
 
-Units Arranged(Units const& unit) {
-    return Has_core_codes(unit) ? Value_object<double>(0.0, unit, 0.0, 0.0).Get_unit()
-                                : Arranged_beyond_core(unit);
-}
-
 } // namespace
 
 Units Valid_unit(Units const& unit, bool is_difference) {
@@ -169,3 +164,8 @@ Units Valid_unit(Units const& unit, bool is_difference) {
 }
 
 } // namespace Varnix::Value::Physics
+
+Varnix::Value::Units Varnix::Value::Arranged(Units const& unit) {
+    return Physics::Has_core_codes(unit) ? Value_object<double>(0.0, unit, 0.0, 0.0).Get_unit()
+                                         : Physics::Arranged_beyond_core(unit);
+}

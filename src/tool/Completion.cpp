@@ -2,7 +2,9 @@
 
 #include "Command_line.h"
 #include "Written_results.h"
+#include "catalogue/Unit_rows.h"
 
+#include <varnix/value/Measurement_text.h>
 #include <varnix/value/Unit_kinds.h>
 #include <varnix/value/Units_library.h>
 
@@ -29,6 +31,23 @@ bool Starts_with(std::string_view text, std::string_view start) {
 
 // ---- Units
 
+using Catalogue::Prefixes_taken;
+using Prefixes_as_written = std::vector<std::pair<SI_units, std::string>>;
+
+// The prefixes as they stand before a unit. To have each unit with each prefix written by `Format_unit`
+// takes ten times as long as to put them together.
+Prefixes_as_written Texts_of(std::vector<SI_units> const& prefixes, Unit_string_type spelling) {
+    Prefixes_as_written texts;
+    std::size_t const size_of_unit = Format_unit(C_Meter, spelling).size();
+    for (SI_units const prefix : prefixes) {
+        Units const unit = {SPL_NONE, prefix, {{METER, 1}}};
+        std::string text = Format_unit(unit, spelling);
+        text.resize(text.size() - size_of_unit);
+        texts.emplace_back(prefix, text);
+    }
+    return texts;
+}
+
 // The units of a kind, or all of them, that begin with `start`: symbols first; with prefixes and by
 // name only once something has been typed, since they are many.
 class Unit_candidates {
@@ -37,11 +56,11 @@ class Unit_candidates {
         : start(start_), kind(kind_) {}
 
     Candidates Find() {
-        for (Units const& unit : Catalogue_units()) {
-            Offer(unit, STR_SYMBOL);
+        for (Units const& unit : units) {
+            Offer(unit);
         }
         for (Named_unit const& named : Named_units()) {
-            Offer(named.unit, STR_SYMBOL);
+            Offer(named.unit);
         }
         if (!start.empty()) {
             Offer_with_prefixes();
@@ -51,26 +70,42 @@ class Unit_candidates {
 
   private:
     void Offer_with_prefixes() {
-        for (Units const& unit : Catalogue_units()) {
-            Offer(unit, STR_NAME);
-            for (SI_units const prefix : Prefixes()) {
-                Offer_with_prefix(unit, prefix);
+        for (Unit_string_type const spelling : {STR_SYMBOL, STR_NAME}) {
+            auto const usual = Texts_of(Prefixes(), spelling);
+            auto const all = Texts_of(All_prefixes(), spelling);
+            for (Units const& unit : units) {
+                if (!kind || Same_kind(unit, *kind)) {
+                    std::string const text = Format_unit(unit, spelling);
+                    Offer_text_and_ascii(unit, text);
+                    Offer_with_prefixes(unit, text, Takes_all(unit) ? all : usual);
+                }
             }
         }
     }
 
+    static bool Takes_all(Units const& unit) {
+        auto const taken = Catalogue::Row_of(unit.tuples[0].unit).prefixes;
+        return taken == Prefixes_taken::any || taken == Prefixes_taken::chosen;
+    }
+
     // Binary prefixes count bits and bytes.
-    void Offer_with_prefix(Units unit, SI_units prefix) {
-        unit.si_prefix = prefix;
-        if (Units_library::Get_unit_base(unit) == 10.0 || Same_kind(unit, C_Bytes)) {
-            Offer(unit, STR_SYMBOL);
-            Offer(unit, STR_NAME);
+    void Offer_with_prefixes(Units unit, std::string const& text,
+                             Prefixes_as_written const& prefixes) {
+        if (Catalogue::Row_of(unit.tuples[0].unit).prefixes == Prefixes_taken::none) {
+            return;
+        }
+        for (auto const& [prefix, prefix_text] : prefixes) {
+            unit.si_prefix = prefix;
+            if (Units_library::Get_unit_base(unit) == 10.0 || Same_kind(unit, C_Bytes)) {
+                Offer_text_and_ascii(unit, prefix_text + text);
+            }
         }
     }
 
+    void Offer(Units const& unit) { Offer_text_and_ascii(unit, Format_unit(unit)); }
+
     // As it is printed, and, once something has been typed, as keyboards without ° and µ have it.
-    void Offer(Units const& unit, Unit_string_type spelling) {
-        std::string const text = Format_unit(unit, spelling);
+    void Offer_text_and_ascii(Units const& unit, std::string const& text) {
         Offer_text(unit, text);
         if (!start.empty()) {
             Offer_text(unit, In_ascii(text));
@@ -79,10 +114,12 @@ class Unit_candidates {
 
     // What is offered can be read, and is the unit that it is offered for.
     void Offer_text(Units const& unit, std::string const& text) {
-        bool const wanted = Starts_with(text, start) && (!kind || Same_kind(unit, *kind));
+        if (!Starts_with(text, start) || (kind && !Same_kind(unit, *kind))) {
+            return;
+        }
         bool const known = std::any_of(found.begin(), found.end(),
                                        [&](Candidate const& other) { return other.text == text; });
-        if (wanted && !known && Reads_back(text, unit)) {
+        if (!known && Reads_back(text, unit)) {
             found.push_back({text, Kind_name(unit)});
         }
     }
@@ -103,6 +140,7 @@ class Unit_candidates {
         return read && *read == unit && text.find_first_of("( ") == text.npos;
     }
 
+    std::vector<Units> const units = All_units();
     std::string_view start;
     std::optional<Units> kind;
     Candidates found;
@@ -110,13 +148,19 @@ class Unit_candidates {
 
 Candidates Kinds_starting_with(std::string_view start) {
     Candidates kinds;
-    for (Named_unit const& named : Named_units()) {
-        std::string const kind = Kind_name(named.unit);
+    auto const offer = [&](Units const& unit) {
+        std::string const kind = Kind_name(unit);
         bool const known = std::any_of(kinds.begin(), kinds.end(),
                                        [&](Candidate const& other) { return other.text == kind; });
         if (!known && Starts_with(kind, start)) {
-            kinds.push_back({kind, Format_unit(named.unit)});
+            kinds.push_back({kind, Format_unit(unit)});
         }
+    };
+    for (Named_unit const& named : Named_units()) {
+        offer(named.unit);
+    }
+    for (Units const& unit : All_units()) {
+        offer(unit);
     }
     return kinds;
 }
@@ -135,7 +179,7 @@ std::optional<Units> Source_unit(Words const& words) {
         return Unit_of(*std::next(from));
     }
     for (std::string const& word : words) {
-        if (auto const quantity = Try_parse_quantity(word)) {
+        if (auto const quantity = Try_parse_measurement(word)) {
             return quantity->Get_unit();
         }
     }

@@ -70,7 +70,7 @@ static void Expect_number(char const* expected, vo_measurement const* found) {
 
 /* ---- Answers */
 
-/* Operations on measurements and quantities: `second` is a unit for those of one operand. */
+/* Operations on measurements and quantities: `second` is a unit for those of one operand; 's' is a simplified product. */
 typedef struct operation {
     char const* first;
     char operator;
@@ -92,6 +92,14 @@ static operation const operations[] = {
     {"12 V [11, 13]", '/', "6 ohm [5, 7]", "2.00 A [1.57, 2.61]", "2.00 V/ohm [1.86, 2.20]"},
     {"7 dBm [6, 8]", 'a', "3 dB", "10.0 dBm [9.0, 11.0]", NULL},
     {"7 dBm [6, 8]", 'p', "7 dBm [6, 8]", "10.0 dBm [9.0, 11.1]", NULL},
+    {"1013.25 hPa", '>', "inHg", "29.9212555797484754 inHg", "VO_TEXT_NOT_VALID "},
+    {"30 psi [29, 31]", '>', "bar", "2.068 bar [1.999, 2.138]", "VO_TEXT_NOT_VALID "},
+    {"2500 kg/h", '*', "3.5 h", "8750 kg", "8750000 g"},
+    {"70 kg [69, 71]", 's', "9.81 m/s^2", "686.7 N [676.8, 696.6]", NULL},
+    {"60 km", 's', "1 h^-1", "60 km/h", NULL},
+    {"1 N", '+', "1 kg*m/s^2", "2 N", "VO_TEXT_NOT_VALID "},
+    {"1 N", '>', "Pa", "VO_REFUSED kinds_differ", "VO_TEXT_NOT_VALID "},
+    {"1 dBPa", '>', "Pa", "VO_REFUSED no_level_convention", "VO_TEXT_NOT_VALID "},
 };
 
 static void Describe(vo_status status, vo_fault const* fault, char* text, size_t size) {
@@ -132,6 +140,9 @@ static vo_status Measure(operation const* row, vo_measurement* x, vo_fault* faul
         return vo_measurement_subtract(x, &y, x, fault);
     case '*':
         return vo_measurement_multiply(x, &y, x, fault);
+    case 's':
+        status = vo_measurement_multiply(x, &y, x, fault);
+        return status == VO_OK ? vo_measurement_simplify(x, x, fault) : status;
     case '/':
         return vo_measurement_divide(x, &y, x, fault);
     case 'a':
@@ -276,6 +287,76 @@ static void Check_other_answers(void) {
     CHECK(vo_unit_format(&product, text, sizeof text, NULL, NULL) == VO_OK);
     Expect("MHz", text);
     CHECK(vo_version() == VALUE_OBJECT_VERSION_NUMBER);
+}
+
+/* ---- Units beyond the core's, which are for measurements */
+
+typedef struct engineering_unit {
+    char const* text;
+    char const* kind;
+    char const* like; /* a unit of the same kind */
+    char const* unlike;
+    char const* times_metre;
+    char const* per_second;
+} engineering_unit;
+
+static engineering_unit const engineering_units[] = {
+    {"hPa", "pressure", "inHg", "N", "Pa*m", "Pa/s"},
+    {"N", "force", "kg*m/s^2", "Pa", "N*m", "N/s"},
+    {"N*m", "force*length", "J", "N", "N*m^2", "N*m/s"},
+    {"lb/gal", "mass/volume", "kg/l", "kg/l^2", "lb*m/gal", "lb/(gal*s)"},
+    {"mrad/s", "angle/time", "rpm", "Hz", "radm/s", "rad/s^2"},
+    {"dBm", "power", "hp", "kWh", NULL, NULL},
+};
+
+static void Expect_unit(char const* expected, vo_unit const* unit) {
+    char text[100];
+    CHECK(vo_unit_format(unit, text, sizeof text, NULL, NULL) == VO_OK);
+    Expect(expected, text);
+}
+
+static void Check_engineering_units(void) {
+    vo_unit const metre = Unit("m");
+    vo_unit const second = Unit("s");
+    vo_unit twice = {0, 0, {{1005, 1}, {1006, 1}}}; /* pascal and bar */
+    vo_unit const unknown = {0, 0, {{1005, 1}, {1999, 1}}};
+    vo_unit hectopascal = Unit("hPa");
+    vo_unit const inch_of_mercury = Unit("inHg");
+    vo_quantity q;
+    vo_converter* converter = NULL;
+    double numbers[2] = {1013.25, 0.0};
+    char text[100];
+    int same;
+    for (size_t k = 0; k < sizeof engineering_units / sizeof *engineering_units; ++k) {
+        engineering_unit const* const row = &engineering_units[k];
+        vo_unit const unit = Unit(row->text);
+        vo_unit const like = Unit(row->like);
+        vo_unit const unlike = Unit(row->unlike);
+        vo_unit result;
+        Expect_unit(row->text, &unit);
+        CHECK(vo_unit_kind(&unit, text, sizeof text, NULL, NULL) == VO_OK);
+        Expect(row->kind, text);
+        CHECK(vo_unit_same_kind(&unit, &like, &same, NULL) == VO_OK && same == 1);
+        CHECK(vo_unit_same_kind(&unlike, &unit, &same, NULL) == VO_OK && same == 0);
+        if (row->times_metre != NULL) {
+            CHECK(vo_unit_multiply(&unit, &metre, &result, NULL) == VO_OK);
+            Expect_unit(row->times_metre, &result);
+            CHECK(vo_unit_divide(&unit, &second, &result, NULL) == VO_OK);
+            Expect_unit(row->per_second, &result);
+        }
+    }
+    CHECK(vo_unit_format(&twice, text, sizeof text, NULL, NULL) == VO_UNIT_DIMENSION_NOT_PROPER);
+    CHECK(vo_unit_kind(&unknown, text, sizeof text, NULL, NULL) == VO_UNIT_NOT_DEFINED);
+    CHECK(vo_unit_multiply(&unknown, &metre, &twice, NULL) == VO_UNIT_NOT_DEFINED);
+    hectopascal.prefix = INT32_MIN; /* is written, and not read */
+    CHECK(vo_unit_format(&hectopascal, text, sizeof text, NULL, NULL) == VO_OK && vo_unit_parse(text, &twice, NULL) == VO_TEXT_NOT_VALID);
+
+    hectopascal = Unit("hPa");
+    CHECK(vo_quantity_make(1.0, 1.0, 1.0, &hectopascal, &q, NULL) == VO_UNIT_NOT_DEFINED);
+    CHECK(vo_converter_create(&hectopascal, &inch_of_mercury, VO_QUANTITIES, &converter, NULL) == VO_UNIT_NOT_DEFINED && converter == NULL);
+    CHECK(vo_converter_create(&hectopascal, &inch_of_mercury, VO_MEASUREMENTS, &converter, NULL) == VO_OK);
+    CHECK(vo_converter_apply(converter, numbers, numbers, 2, NULL) == VO_OK && fabs(numbers[0] - 29.921255579748476) < 1e-14 && numbers[1] == 0.0);
+    vo_converter_destroy(converter);
 }
 
 /* ---- Converters */
@@ -457,6 +538,7 @@ static malformed_unit const malformed_units[] = {
     {{0, 0, {{1, 1}, {3, 1}}}, VO_UNIT_DIMENSION_NOT_PROPER}, /* metre and foot */
     {{0, 0, {{0, 0}, {1, 1}}}, VO_OPERATION_NOT_VALID},       /* nothing, then a metre */
     {{0, 0, {{77, 1}}}, VO_UNIT_NOT_DEFINED},
+    {{0, 0, {{1, 1}, {1000, 1}}}, VO_UNIT_NOT_DEFINED},
 };
 
 static void Check_statuses(void) {
@@ -530,6 +612,8 @@ static void Check_null_arguments(void) {
     REFUSES(vo_measurement_format(&x, NULL, text, sizeof text, NULL, &fault));
     REFUSES(vo_measurement_convert(&x, NULL, &x, &fault));
     REFUSES(vo_measurement_convert_with(&x, &unit, NULL, &x, &fault));
+    REFUSES(vo_measurement_simplify(NULL, &x, &fault));
+    REFUSES(vo_measurement_simplify(&x, NULL, &fault));
     REFUSES(vo_measurement_add(&x, NULL, &x, &fault));
     REFUSES(vo_measurement_subtract(NULL, &x, &x, &fault));
     REFUSES(vo_measurement_multiply(&x, &x, NULL, &fault));
@@ -558,7 +642,7 @@ static int32_t Random_code(void) {
     case 1:
         return (int32_t)(state >> 8) % 5 - 2;
     case 2:
-        return (int32_t)(state >> 8) % 40 - 2;
+        return (int32_t)(state >> 8) % 40 - 2 + (int32_t)(state >> 20) % 2 * 1000;
     default:
         return (int32_t)(state * 2654435761U);
     }
@@ -572,9 +656,10 @@ static double Random_number(void) {
 
 /* Every other one is a unit that people use. */
 static void Fill(vo_unit* unit) {
-    static char const* const used[] = {"W", "dBm", "V", "dBuV", "ohm", "A", "K", "degC", "km/h", "m", "Hz", "dB"};
+    static char const* const used[] = {"W", "dBm", "V", "dBuV", "ohm", "A", "K", "degC", "km/h", "m", "Hz", "dB",
+                                       "hPa", "N", "kg*m/s^2", "lb/gal"};
     if (Random_code() % 2 == 0) {
-        *unit = Unit(used[(state >> 8) % 12]);
+        *unit = Unit(used[(state >> 8) % 16]);
         return;
     }
     unit->decibels = Random_code() % 3;
@@ -635,6 +720,7 @@ static void Check_hostile_structs(void) {
         SOUND(vo_measurement_add(&x[0], &x[1], &result, NULL));
         SOUND(vo_measurement_multiply(&x[0], &x[1], &result, NULL));
         SOUND(vo_measurement_divide(&x[0], &x[1], &result, NULL));
+        SOUND(vo_measurement_simplify(&x[0], &result, NULL));
         SOUND(vo_measurement_power_sum(&x[0], &x[1], &result, NULL));
         SOUND(vo_measurement_amplify(&x[0], &x[1], &result, NULL));
         CHECK(vo_measurement_compare(&x[0], &x[1], &order, NULL) != VO_INTERNAL_ERROR);
@@ -672,6 +758,7 @@ static void Check_memory(void) {
     vo_unit const second = Unit("s");
     vo_measurement level = Read("30 dBm [29, 31]");
     vo_measurement power;
+    vo_measurement force;
     vo_quantity quantity;
     vo_order order;
     long const before = allocations;
@@ -679,6 +766,10 @@ static void Check_memory(void) {
     CHECK(vo_measurement_convert(&level, &watt, &power, NULL) == VO_OK);
     CHECK(vo_measurement_multiply(&power, &power, &power, NULL) == VO_OK);
     CHECK(vo_measurement_compare(&level, &level, &order, NULL) == VO_OK);
+    CHECK(vo_measurement_parse("9 kN [8, 10]", &force, NULL) == VO_OK);
+    CHECK(vo_measurement_divide(&force, &force, &force, NULL) == VO_OK);
+    CHECK(vo_measurement_simplify(&force, &force, NULL) == VO_OK);
+    CHECK(vo_unit_multiply(&force.unit, &watt, &force.unit, NULL) == VO_OK);
     CHECK(vo_measurement_power_sum(&level, &level, &level, NULL) == VO_OK);
     CHECK(vo_quantity_parse("30 dBm [29, 31]", &quantity, NULL) == VO_OK);
     CHECK(vo_quantity_convert(&quantity, &watt, &quantity, NULL) == VO_OK);
@@ -711,6 +802,7 @@ static void Check_memory(void) {
 int main(void) {
     Check_answers();
     Check_other_answers();
+    Check_engineering_units();
     Check_converters();
     Check_failures();
     Check_ways_out();

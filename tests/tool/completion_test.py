@@ -25,11 +25,28 @@ TYPED = [
     ("value-object convert --from kilomet", "kilometers "),
     ("value-object convert --from=kilomet", "--from=kilometers "),
     ("value-object convert '5 ft' yar", "yard "),
+    ("value-object convert '5 hPa' inch", "inches_of_mercury "),
+    ("value-object convert --from hectop", "hectopascals "),
     ("value-object convert --csv --column dist=kilomet", "dist=kilometers:"),
     ("value-object convert --csv --column dist=ft:kilomet", "dist=ft:kilometers "),
     ("value-object convert --csv --column dist=ft:km rows-of", "rows-of-numbers.csv "),
     ("value-object units --dimension volt", "voltage "),
+    ("value-object units --dimension capac", "capacitance "),
     ("value-object units --dimension data", "data\\ size "),
+]
+
+# The words of a command line, what the last may become among others, and what it may not.
+OFFERED = [
+    ("convert --from h", {"h", "ha", "hp", "hPa", "hm", "hl", "hectopascals", "hours"}, {"hft", "hlb", "hrpm", "h%"}),
+    ("convert --from da", {"daN", "dam", "days"}, {"daft", "dalb"}),
+    ("convert --from Ki", {"KiB", "Kib"}, {"KiPa", "Kim"}),
+    ("convert --from u", {"u", "uT", "uPa", "us", "ul"}, {"ulb"}),
+    ("convert 5_hPa ", {"Pa", "psi", "inHg", "mmHg", "bar"}, {"N", "hPa", "m"}),
+    ("convert 5_hPa m", {"mbar", "mPa", "mmHg", "millibars"}, {"mN", "m", "mmmHg"}),
+    ("convert 5_kg*m/s^2 ", {"N", "lbf", "kgf", "dyn"}, {"J", "kg"}),
+    ("convert 5_gal l", {"l", "liters"}, {"lb", "lbf"}),
+    ("convert 10_Δ°C ", {"K", "°C", "°F"}, {"Pa"}),
+    ("convert --csv --column p=hPa:in", {"p=hPa:inHg"}, {"p=hPa:in"}),
 ]
 
 
@@ -53,6 +70,16 @@ def setUpModule():
 
 def tearDownModule():
     shutil.rmtree(FOLDER)
+
+
+class Offers(unittest.TestCase):
+    def test_offers(self):
+        for line, among, not_among in OFFERED:
+            with self.subTest(line):
+                words = [word.replace("_", " ") for word in line.split(" ")]
+                done = subprocess.run([os.path.join(BUILD, "value-object"), "complete", *words], capture_output=True, text=True, check=True)
+                offered = {row.split("\t")[0] for row in done.stdout.splitlines()}
+                self.assertEqual((among - offered, not_among & offered), (set(), set()))
 
 
 class Completion(unittest.TestCase):

@@ -294,6 +294,11 @@ static_assert(sizeof(Measurement) == 80, "measurements have a fixed size");
 /// or whether they are equal whatever their units, `Compare` says. Never throws.
 VARNIX_VALUE_MEASUREMENT_EXPORT bool Is_same(Measurement const& x, Measurement const& y) noexcept;
 
+/// The unit in canonical order, of the core or beyond it. Only its codes are checked; whether something can be
+/// measured in it the constructor of a measurement says.
+/// @throws what the constructor of `Value_object` throws for a malformed descriptor.
+VARNIX_VALUE_MEASUREMENT_EXPORT Units Arranged(Units const& unit);
+
 // ---- Arithmetic on linear quantities, and on levels and gains where it has one meaning only
 
 /// The sum, in the unit of `x`. Bounds: lower with lower, upper with upper. A level plus a gain is
