@@ -120,13 +120,14 @@ std::string Explicit_units(Units const& unit, Unit_string_type spelling,
 // ---- Linear units
 
 // "(km)^2": one unit with a power, where the prefix is a power of another one.
-std::string Power_of_prefixed(Units const& unit, Unit_string_type spelling) {
+std::string Power_of_prefixed(Units const& unit, Unit_string_type spelling,
+                              Prefix_writer prefix_text) {
     Unit_tuple const& tuple = unit.tuples[0];
     bool const alone = tuple.unit != NO_UNIT && unit.tuples[1].unit == NO_UNIT;
     if (!alone || tuple.exponent < 2 || unit.si_prefix % tuple.exponent != 0) {
         return {};
     }
-    std::string const prefix = Prefix_text_of_core(unit.si_prefix / tuple.exponent, spelling);
+    std::string const prefix = prefix_text(unit.si_prefix / tuple.exponent, spelling);
     return prefix.empty() ? std::string()
                           : '(' + prefix + Power_of_unit_text({tuple.unit, 1}, spelling) + ")^" +
                                 std::to_string(tuple.exponent);
@@ -268,7 +269,7 @@ std::vector<std::string> Spellings_of_core(Units const& unit, Unit_string_type s
     }
     char const* const better = Better_than_special_name(unit, spelling);
     texts.push_back(better != nullptr ? better : Spelled(unit, spelling));
-    texts.push_back(Power_of_prefixed(unit, spelling));
+    texts.push_back(Power_of_prefixed(unit, spelling, Prefix_text_of_core));
     if (unit.si_prefix == NO_PREFIX || (!prefix.empty() && !is_hundreds)) {
         texts.push_back(prefix + units);
     }
@@ -313,6 +314,7 @@ std::vector<std::string> Spellings_beyond_core(Units const& unit, Unit_string_ty
     if (unit.si_prefix % 3 != 0) {
         texts.push_back(Prefixes_at_two_units(unit, spelling));
     }
+    texts.push_back(Power_of_prefixed(unit, spelling, Prefix_text));
     if (!prefix.empty() || unit.si_prefix == NO_PREFIX) {
         texts.push_back(prefix + units);
     }
