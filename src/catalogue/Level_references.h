@@ -3,7 +3,7 @@
 #ifndef VARNIX_VALUE_CATALOGUE_LEVEL_REFERENCES_H
 #define VARNIX_VALUE_CATALOGUE_LEVEL_REFERENCES_H
 
-#include <varnix/value/Units.h>
+#include <varnix/value/Engineering_units.h>
 
 namespace Varnix::Value::Catalogue {
 
