@@ -147,7 +147,7 @@ FAILURES = [
     ("RuleValue('1 V').to('W', 5)", TypeError, TypeError, 'expected a text'),
     ("RuleValue('1 V') * np.ones(2)", TypeError, TypeError, ''),
     ("RuleValue('1 V') == RuleValue('1 m')", vv.UnitDimensionNotSame, TypeError, ''),
-    ("Unit('foot pounds2')", vv.TextNotValid, ValueError, ''),
+    ("Unit('foot dogs')", vv.TextNotValid, ValueError, ''),
     ('vv.power_sum([])', vv.RefusedValue, ValueError, 'nothing to add'),
     ("vv.power_sum(['10 dBm', None])", TypeError, TypeError, 'expected a Quantity'),
     ("vv.power_sum('10 dBm')", TypeError, TypeError, "expected several levels, as in a list, found <class 'str'>"),
