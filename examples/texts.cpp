@@ -12,7 +12,7 @@ using namespace Varnix::Value;
 int main() try {
     Value_object<double> const level = Parse_quantity("30 dBm [29, 31]"); // throws TextNotValid
     std::cout << level.Convert_to(Parse_unit("mW")) << '\n';
-    for (char const* const text : {"km/h", "degC", "pinch", "rpm"}) {
+    for (char const* const text : {"km/h", "degC", "pinch", "ton"}) {
         if (auto const unit = Try_parse_unit(text)) {
             std::cout << text << ": " << Format_unit(*unit, STR_NAME) << '\n';
         } else {

@@ -167,7 +167,7 @@ FAILURES = [
     ("setattr(Unit('V'), '__class__', type('Slim', (Unit.__base__,), {'__slots__': ()}))", TypeError, TypeError, '__class__'),
     ("RuleValue(5, 'hPa')", vv.UnitNotDefined, ValueError, 'do not have the unit hPa; a Quantity has'),
     ("RuleValue('5 m').to(Unit('mil'))", vv.UnitNotDefined, ValueError, 'do not have the unit mil; a Quantity has'),
-    ("RuleValue('5 hPa')", vv.TextNotValid, ValueError, 'position 2'),
+    ("RuleValue('5 hPa')", vv.TextNotValid, ValueError, "'Pa' is a unit that measurements alone have; here write"),
     ("Quantity('5 hPa').to('N')", vv.RefusedKind, TypeError, '(pressure) to N (force): the kinds differ'),
     ("Quantity(5, 'dBPa')", vv.MeasurementRefused, TypeError, 'dBPa'),
     ("Quantity('0.2 dB/m')", vv.TextNotValid, ValueError, 'write dB(1/m)'),

@@ -22,7 +22,7 @@ bool Turns_lines(std::uint32_t code) {
 }
 
 // clang-format off
-Character Kind_of(Utf8_character const& character) {
+Character Character_of(Utf8_character const& character) {
     auto const [code, size] = character;
     if (size == 0) {
         return {Character_kind::invalid, 1, 0};
@@ -85,7 +85,7 @@ constexpr std::array<Character_kind, 128> Make_ascii_kinds() {
 std::array<Character_kind, 128> const ascii_kinds = Make_ascii_kinds();
 
 Character Beyond_ascii(std::string_view text) {
-    return Kind_of(First_character(text));
+    return Character_of(First_character(text));
 }
 
 namespace {

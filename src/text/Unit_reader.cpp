@@ -1,12 +1,13 @@
 // The grammar, blanks around signs left out:
 //
 //     unit     = nothing | "1" | "dB" | "dB" product | "dB(" inside ")" | product
-//              | "dBm/" factor ... | "dB-Hz" | "dBsm" | "dB/K"
+//              | "dBm/" factor ... | a level by name        see src/catalogue/Level_references.h
 //     product  = ["1"] "/" factor ... | factor { sign factor }
 //     sign     = "*" | "." | "·" | blanks | "/"           no product sign once a '/' came before
-//     factor   = group | [prefix] "(" inside ")" [power]
+//     factor   = group | words | [prefix] "(" inside ")" [power]
 //     inside   = ["10" power [sign]] product              the scale of the whole
 //     group    = units run together, each with its power   see Unit_readings.h
+//     words    = one unit with blanks in it: "imp gal", "square meter"
 //
 // A power belongs to what it stands behind, prefix included (ISO 80000-1): km^2 is (km)^2 and
 // cm^-1 is 1/cm. The scale that all prefixes make together becomes the prefix of the descriptor,

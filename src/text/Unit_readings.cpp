@@ -265,8 +265,9 @@ Parse_result<Reading> Read_group(std::string_view text, Group_place const& place
     Reading reading;
     std::optional<Text_fault> fault = Read_letters(text, place, reading);
     if (text[place.position] == 'd' && !Is_decibar(reading)) {
-        std::optional<Text_fault> decibels = Decibel_fault(text, place.position);
-        fault = decibels ? std::move(decibels) : std::move(fault);
+        if (std::optional<Text_fault> decibels = Decibel_fault(text, place.position)) {
+            fault = std::move(decibels);
+        }
     }
     if (reading.prefix != NO_PREFIX || reading.count > 1) {
         // The table knows better than a rule.

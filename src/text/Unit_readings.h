@@ -3,8 +3,9 @@
 // Such a group has up to four kinds of readings. The first kind that fits is taken:
 //   1. one unit:                     "min" is a minute, not a thousandth of an inch
 //   2. a prefix and one unit:        "ms" is a millisecond, not metre times second
-//   3. several units, run together in the core's order, with or without a prefix: "VA", "kWh"
-//   4. below a '/' several units in another order: "m/sK"
+//   3. several units of the core, run together in its order, with or without one of its prefixes: "VA", "kWh"
+//   4. below a '/' several units of the core in another order: "m/sK"
+// Units beyond the core stand alone or behind a prefix.
 // A power belongs to the unit that it stands behind, and to the prefix of that unit: "km^2" is
 // (km)^2. Two different readings of the kind that is taken are refused, and so are some texts that
 // people write for something else; the messages name the ways to write each meaning.

@@ -113,8 +113,9 @@ struct Number_forms {
     bool not_finite = false;  ///< "inf", "infinity", "nan", in upper or lower case, with a sign
 };
 
-/// The unit that `text` names: "km/h", "V^2/ohm", "dBm", "milli(inches)". In canonical order. The
-/// scale of all prefixes becomes the prefix of the descriptor, a power of ten from 10^-40 to 10^40,
+/// The unit that `text` names: "km/h", "V^2/ohm", "dBm", "milli(inches)", "hPa". Units beyond those of
+/// <varnix/value/Units.h> are read as well (<varnix/value/Engineering_units.h>), which measurements
+/// have. In canonical order. The scale of all prefixes becomes the prefix of the descriptor, a power of ten from 10^-40 to 10^40,
 /// with a name or not, whose code is not that of a binary prefix: 10^-4 for "cm^2". Nothing and "1"
 /// are C_Empty, the unit of plain numbers.
 /// @throws TextNotValid for any text that is not a unit.
@@ -124,7 +125,8 @@ VARNIX_VALUE_TEXT_EXPORT Units Parse_unit(std::string_view text);
 /// "5.0 +0.2/-0.1 V", "5.00(3) V". Without unit it is in C_Empty; without bounds both equal the
 /// value. Bounds in brackets are numbers in the unit of the value and come out as they stand; a
 /// deviation is subtracted and added in double arithmetic.
-/// @throws TextNotValid for any other text; for numbers beyond the range of double, or that would
+/// @throws TextNotValid for any other text; for a unit that `Value_object` does not have, with what to
+///         write instead where that is the same; for numbers beyond the range of double, or that would
 ///         become zero; for a lower bound above the upper one.
 VARNIX_VALUE_TEXT_EXPORT Value_object<double> Parse_quantity(std::string_view text,
                                                              Number_forms forms = {});
@@ -140,9 +142,9 @@ enum class Dialect : std::uint8_t {
 
 /// As `Parse_unit` without dialect, in the words of `dialect`. What `Get_unit_string` prints with
 /// STR_UPPER_CASE is read back in `Dialect::scpi`, but for units of data, whose letters mean others
-/// there (bits and bytes are BIT and BYTE); hours and degrees Celsius and Fahrenheit, whose H, C and
-/// F are henry, coulomb and farad there and refused (write HR, CEL, FAR); units run together ("VA");
-/// a prefix alone before a '/'; and milliohms and millihertz, which are mega there.
+/// there (bits and bytes are BIT and BYTE); hours and degrees Celsius and Fahrenheit, whose H is henry
+/// and whose C and F are refused there (write HR, CEL, FAR); units run together ("VA"); a prefix alone
+/// before a '/'; and milliohms and millihertz, which are mega there.
 /// @throws TextNotValid for any text that is not a unit in that dialect.
 VARNIX_VALUE_TEXT_EXPORT Units Parse_unit(std::string_view text, Dialect dialect);
 

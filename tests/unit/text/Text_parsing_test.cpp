@@ -249,6 +249,50 @@ TEST(Parsing, Reads_every_prefix_on_every_word) {
                           "mbit: refused", "min: C_Min",   "nmi: C_Nautical_mile",  "pt: pints",   "pu: refused", "qm: refused"}));
 }
 
+// A product of units of the catalogue and its text, "kilo(Pa*l/s^2)".
+struct Written_product {
+    std::string text;
+    Units unit;
+};
+
+bool Precedes(Unit_tuple const& left, Unit_tuple const& right) {
+    return Catalogue::Dimension_of(left.unit) < Catalogue::Dimension_of(right.unit);
+}
+
+Written_product Random_product(std::vector<Word> const& words, std::mt19937& random) {
+    std::vector<Unit_tuple> tuples;
+    std::string above;
+    std::string below;
+    for (std::size_t count = 0; count < 1 + random() % Value_detail::Tuple_count; ++count) {
+        Word const& word = words[random() % words.size()];
+        Unit_tuple const tuple = {word.row.unit, static_cast<int>(random() % 6) - 3};
+        bool const same =
+            std::any_of(tuples.begin(), tuples.end(), [&](Unit_tuple const& own) { return !Precedes(own, tuple) && !Precedes(tuple, own); });
+        if (same || tuple.exponent == 0) {
+            continue;
+        }
+        tuples.push_back(tuple);
+        std::string const text = word.text + '^' + std::to_string(std::abs(tuple.exponent));
+        tuple.exponent > 0 ? above += (above.empty() ? "" : "*") + text : below += '/' + text;
+    }
+    Catalogue::Prefix_row const& prefix = Catalogue::prefix_rows[random() % std::size(Catalogue::prefix_rows)];
+    std::sort(tuples.begin(), tuples.end(), Precedes);
+    Units unit = {SPL_NONE, prefix.prefix, {}};
+    std::copy(tuples.begin(), tuples.end(), unit.tuples);
+    return {std::string(prefix.name) + '(' + (above.empty() ? "1" : above) + below + ')', unit};
+}
+
+TEST(Parsing, Reads_products_of_all_units) {
+    std::vector<Word> const words = Words_of_catalogue();
+    std::mt19937 random(7);
+    for (int k = 0; k < 20000; ++k) {
+        auto const [text, unit] = Random_product(words, random);
+        if (unit.tuples[0].unit != NO_UNIT) {
+            EXPECT_EQ(Outcome(Try_parse_unit(text)), Written(unit)) << text;
+        }
+    }
+}
+
 Units Random_compound(std::mt19937& random) {
     std::vector<Units> const catalogue = Catalogue_units();
     std::vector<SI_units> prefixes = Prefixes();
