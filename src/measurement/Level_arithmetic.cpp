@@ -83,15 +83,15 @@ Measurement Level_of_product(Measurement const& x, int sign, Measurement const& 
 // A level, or a gain, and a gain, which counts in the decibels or nepers of the first.
 Measurement Shifted(Measurement const& level, int sign, Measurement const& gain) {
     Units const unit = level.Get_unit();
-    bool const in_one_unit = Is_decibel(unit) == Is_decibel(gain.Get_unit());
-    if (in_one_unit && Keep_decimals(level, gain)) {
-        Maybe_decimals const sum = Sum(Decimals_of(level), sign, Decimals_of(gain));
+    Units const counted_in = Is_decibel(unit) ? C_DB : unit;
+    if (Keep_decimals(level, gain)) {
+        Maybe_decimals const sum =
+            Sum(Decimals_of(level), sign, Decimals_in(gain, false, counted_in));
         if (auto const decimals = Made_of_decimals(sum, unit)) {
             return *decimals;
         }
     }
-    Band const shift =
-        in_one_unit ? Band_of(gain) : Converted(gain, Is_decibel(unit) ? C_DB : unit);
+    Band const shift = gain.Get_unit() == counted_in ? Band_of(gain) : Converted(gain, counted_in);
     return Rounded(Band_of(level) + (sign > 0 ? shift : -shift), unit);
 }
 

@@ -31,6 +31,10 @@ bool Is_point_in(Units const& unit) {
     return Form_of(unit, false) == Form::scale_point;
 }
 
+bool Is_level_in(Units const& unit) {
+    return Form_of(unit, false) == Form::level;
+}
+
 // What a number becomes, as factor and offset.
 struct Linear_rule {
     Enclosed factor = {1.0, 0.0, 0.0, 0};
@@ -43,7 +47,7 @@ Linear_rule Rule_between(Units const& from, Units const& to) {
         Scale_formula const formula = Formula_between_scales(from, to);
         return {formula.factor / formula.divisor, formula.offset / formula.divisor};
     }
-    if (Form_of(from, false) == Form::level && Is_decibel(to)) {
+    if (Is_level_in(from) && Is_level_in(to)) {
         return {{1.0, 0.0, 0.0, 0}, Enclose(Level_factor(from)) * Logarithm(ratio)};
     }
     return {Enclose(1.0) * ratio, {}};
@@ -68,13 +72,15 @@ Measurement_converter::Measurement_converter(Units const& from, Units const& to)
     if (source == target) {
         return;
     }
-    bool const crosses = Is_decibel(source) != Is_decibel(target);
+    bool const crosses = Is_level_in(source) != Is_level_in(target);
     if (crosses && (Is_point_in(source) || Is_point_in(target))) {
         way = Way::by_kelvins;
         return;
     }
-    way = !crosses ? Way::linear : Is_decibel(source) ? Way::level_to_linear : Way::linear_to_level;
-    step = Level_factor(source);
+    way = !crosses              ? Way::linear
+          : Is_level_in(source) ? Way::level_to_linear
+                                : Way::linear_to_level;
+    step = Level_factor(Is_level_in(source) ? source : target);
     Linear_rule const rule = Rule_between(source, target);
     Exact_pair const factor = Two_parts(rule.factor);
     Exact_pair const offset = Two_parts(rule.offset);
@@ -91,7 +97,7 @@ Measurement_converter::Measurement_converter(Units const& from, Units const& to)
 void Measurement_converter::Prepare_measurements() noexcept {
     Exact_factor const ratio = Size_of(source) / Size_of(target);
     bool const by_factor =
-        way == Way::linear && !Is_decibel(source) && !Is_point_in(source) && !Is_point_in(target);
+        way == Way::linear && !Is_level_in(source) && !Is_point_in(source) && !Is_point_in(target);
     bool const by_power = way == Way::level_to_linear && ratio == Powers_of_ten(Tens_in(ratio));
     if (!by_factor && !by_power) {
         return;

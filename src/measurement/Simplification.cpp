@@ -18,7 +18,8 @@ constexpr Units One_of(Units_list unit) {
     return {SPL_NONE, NO_PREFIX, {{unit, 1}}};
 }
 
-// One unit a kind: becquerels are hertz to physics, and grays and sieverts are squares of speeds.
+// One unit a kind. A becquerel is of the kind of the hertz, and keeps its name; grays and sieverts are squares of
+// speeds.
 constexpr Units named_units[] = {
     One_of(METER),
     One_of(SECOND),
@@ -52,7 +53,9 @@ Units Without_prefix(Units unit) {
 
 // Whether the unit is the named one already, with whatever prefix; of masses the kilogram alone is.
 bool Is_simple(Units const& unit, Units const& named) {
-    return unit == named || (named.si_prefix == NO_PREFIX && Without_prefix(unit) == named);
+    Units const one = Without_prefix(unit);
+    return unit == named || one == One_of(BECQUEREL) ||
+           (named.si_prefix == NO_PREFIX && one == named);
 }
 
 Units const* Named_unit_like(Units const& unit) {

@@ -123,12 +123,23 @@ std::string Product_text(Dimension_powers& powers, int sign, Units const& unit, 
 
 } // namespace
 
+namespace {
+
+// Decibels without a unit are a gain, as nepers are.
+Catalogue::Wide_kind Physical_kind_of(Units const& unit) {
+    bool const is_gain = unit.spl_conv == SPL_DB && unit.tuples[0].unit == NO_UNIT;
+    Catalogue::Wide_kind kind = Catalogue::As_physics_has_it(Kind_of(unit));
+    kind[Catalogue::Base::gain] += is_gain ? 1 : 0;
+    return kind;
+}
+
+} // namespace
+
 bool Same_kind(Units const& first, Units const& second) {
-    Catalogue::Wide_kind const left = Kind_of(first);
-    Catalogue::Wide_kind const right = Kind_of(second);
     return Is_of_core(first) && Is_of_core(second)
-               ? Catalogue::As_the_core_has_it(left) == Catalogue::As_the_core_has_it(right)
-               : Catalogue::As_physics_has_it(left) == Catalogue::As_physics_has_it(right);
+               ? Catalogue::As_the_core_has_it(Kind_of(first)) ==
+                     Catalogue::As_the_core_has_it(Kind_of(second))
+               : Physical_kind_of(first) == Physical_kind_of(second);
 }
 
 std::string Kind_name(Units const& unit) {

@@ -9,6 +9,7 @@
 
 #include "Spellings.h"
 
+#include "catalogue/Level_references.h"
 #include "catalogue/Prefixes.h"
 #include "catalogue/Unit_rows.h"
 
@@ -357,17 +358,16 @@ std::string Density_text(Units const& unit, Unit_string_type spelling) {
     return {};
 }
 
-// Levels that have a notation of their own: "dB-Hz", "dBsm", "dB/K".
+// Levels that have a notation of their own: "dBsm", "dB/K", and "dB-kHz" as well as "dB-Hz".
 std::string Conventional_level_text(Units const& unit) {
+    for (Catalogue::Level_reference const& level : Catalogue::level_references) {
+        if (level.is_written && level.unit == unit) {
+            return level.text;
+        }
+    }
     Units linear = unit;
     linear.spl_conv = SPL_NONE;
-    if (Is_hertz(linear)) {
-        return "dB-" + Format_unit(linear, STR_SYMBOL);
-    }
-    if (linear == Units{SPL_NONE, NO_PREFIX, {{METER, 2}}}) {
-        return "dBsm";
-    }
-    return linear == Units{SPL_NONE, NO_PREFIX, {{KELVIN, -1}}} ? "dB/K" : "";
+    return Is_hertz(linear) ? "dB-" + Format_unit(linear, STR_SYMBOL) : "";
 }
 
 std::vector<std::string> Level_spellings(Units const& unit, Unit_string_type spelling) {

@@ -47,13 +47,14 @@ class Input {
         return items[Take<std::uint8_t>() % count];
     }
 
-    // A named unit, one of small codes and powers, or any 48 bytes.
+    // A named unit, one of small codes and powers, one with codes beyond the core, or any 48 bytes.
     Units Take_unit() {
         std::size_t const kind = Take<std::uint8_t>();
         if (kind < std::size(named_constants)) {
             return *named_constants[kind].unit;
         }
-        return kind < 240 ? Take_small_unit(kind % (Value_detail::Tuple_count + 1)) : Take<Units>();
+        std::size_t const count = kind % (Value_detail::Tuple_count + 1);
+        return kind < 240 ? Take_small_unit(count, false) : kind < 248 ? Take<Units>() : Take_small_unit(count, true);
     }
 
     double Take_number() {
@@ -78,12 +79,13 @@ class Input {
     }
 
   private:
-    Units Take_small_unit(std::size_t count) {
+    Units Take_small_unit(std::size_t count, bool beyond_core) {
         auto const marker = static_cast<Special_conversion>(Take<std::uint8_t>() % 3);
         Units unit = {marker, static_cast<SI_units>(Take_small_number()), {}};
         for (std::size_t k = 0; k < count; ++k) {
-            auto const code = static_cast<Units_list>(Take<std::uint8_t>() % (Value_detail::Unit_code_limit + 1));
-            unit.tuples[k] = {code, Take_small_number()};
+            int const taken = Take<std::uint8_t>();
+            int const code = beyond_core && taken >= 128 ? 1001 + taken - 128 : taken % (Value_detail::Unit_code_limit + 1);
+            unit.tuples[k] = {static_cast<Units_list>(code), Take_small_number()};
         }
         return unit;
     }

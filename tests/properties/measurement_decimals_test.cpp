@@ -137,6 +137,10 @@ Operation const operations[] = {
     {"scales",          [](auto const& x, auto const& y) { return x + y; }, [](mpq_class const& x, mpq_class const& y) { return mpq_class(x + y * mpq_class(18, 10)); }, "°F", "Δ°C"},
     {"product",         [](auto const& x, auto const& y) { return x * y; }, [](mpq_class const& x, mpq_class const& y) { return mpq_class(x * y); },                "V",    "A"},
     {"counted",         [](auto const& x, auto const& y) { return x * y; }, [](mpq_class const& x, mpq_class const& y) { return mpq_class(x * y / 100); },          "V",    "%"},
+    {"pressures apart", [](auto const& x, auto const& y) { return x - y; }, [](mpq_class const& x, mpq_class const& y) { return mpq_class(x - y * 10); },           "hPa",  "kPa"},
+    {"torque",          [](auto const& x, auto const& y) { return x * y; }, [](mpq_class const& x, mpq_class const& y) { return mpq_class(x * y); },                "kN",   "mm"},
+    {"mass flow",       [](auto const& x, auto const& y) { return x * y; }, [](mpq_class const& x, mpq_class const& y) { return mpq_class(x * y * 60); },           "kg/min", "h"},
+    {"nepers",          [](auto const& x, auto const& y) { return x + y; }, [](mpq_class const& x, mpq_class const& y) { return mpq_class(x + y); },                "Np",   "Np"},
 };
 // clang-format on
 
@@ -175,6 +179,14 @@ TEST(Decimals, Are_compared_exactly_through_rational_factors) {
         {"mi", "km", mpq_class(1609344, 1000000), 0},
         {"km/h", "m/s", mpq_class(10, 36), 0},
         {"n.mi", "mi", mpq_class(1852000, 1609344), 0},
+        {"Torr", "kPa", mpq_class(101325, 760000), 0},
+        {"Pa", "Torr", mpq_class(760, 101325), 0},
+        {"psi", "kPa", mpq_class("44482216152605/6451600000000"), 0},
+        {"lb", "oz", 16, 0},
+        {"gal", "l", mpq_class("3785411784/1000000000"), 0},
+        {"kcal", "Wh", mpq_class(4184, 3600), 0},
+        {"N*m", "J", 1, 0},
+        {"kg*m/s^2", "dyn", 100000, 0},
         {"dBW", "dBm", 1, 30},
         {"°C", "K", 1, mpq_class(27315, 100)},
         {"°C", "°F", mpq_class(18, 10), 32},

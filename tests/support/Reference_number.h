@@ -3,7 +3,8 @@
 #ifndef VARNIX_VALUE_TESTS_REFERENCE_NUMBER_H
 #define VARNIX_VALUE_TESTS_REFERENCE_NUMBER_H
 
-#include <mpfr.h>
+#include <gmpxx.h>
+#include <mpfr.h> // behind GMP, which it then knows
 
 #include <utility>
 
@@ -16,6 +17,7 @@ class Real {
         mpfr_init2(real, 4500);
         mpfr_set_d(real, number, MPFR_RNDN);
     }
+    explicit Real(mpq_class const& number) : Real() { mpfr_set_q(real, number.get_mpq_t(), MPFR_RNDN); }
     Real(Real const& other) : Real() { mpfr_set(real, other.real, MPFR_RNDN); }
     Real& operator=(Real const& other) {
         mpfr_set(real, other.real, MPFR_RNDN);
@@ -51,6 +53,11 @@ class Real {
         Real pi;
         mpfr_const_pi(pi.real, MPFR_RNDN);
         return pi;
+    }
+    static Real Ln_ten() {
+        Real ten(10.0);
+        mpfr_log(ten.real, ten.real, MPFR_RNDN);
+        return ten;
     }
 
   private:

@@ -87,6 +87,7 @@ std::string Called(std::string const& name, Operands const& x) {
         {"Reflection_of_return_loss", [](Operands const& o) { return Text(Reflection_of_return_loss(o[0])); }},
         {"Reflection_of_vswr", [](Operands const& o) { return Text(Reflection_of_vswr(o[0])); }},
         {"Return_loss", [](Operands const& o) { return Text(Return_loss(o[0])); }},
+        {"Simplified", [](Operands const& o) { return Text(Simplified(o[0])); }},
         {"Sqrt", [](Operands const& o) { return Text(Sqrt(o[0])); }},
         {"Thermal_noise", [](Operands const& o) { return Text(Thermal_noise(o[0], o[1])); }},
         {"Total_power", [](Operands const& o) { return Text(Total_power(o[0], o[1])); }},

@@ -156,6 +156,7 @@ TEST(Measurement, Says_where_a_text_is_none) {
     EXPECT_EQ(Try_parse_measurement("5 V [6, 7]").Get_fault().position, 4U);
     EXPECT_EQ(Try_parse_measurement("5 dBohm").Get_fault().position, 2U);
     EXPECT_EQ(Try_parse_measurement("5 x").Get_fault().position, 2U);
+    EXPECT_EQ(Try_parse_measurement("5 q").Get_fault().position, 3U); // a prefix without unit
     EXPECT_EQ(Try_parse_measurement("q").Get_fault().position, 0U);
     EXPECT_THROW(Parse_measurement("5 q"), TextNotValid);
     EXPECT_THROW(Parse_measurement("5 dBohm"), MeasurementRefused);

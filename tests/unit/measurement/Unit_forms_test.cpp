@@ -1,6 +1,7 @@
 // Every pair of the forms that a unit may have, through conversion, converters, order and sums, against a
 // model of its own: what each unit measures as plain doubles, and the rules written down a second time.
 
+#include <varnix/value/Engineering_units.h>
 #include <varnix/value/Measurement.h>
 #include <varnix/value/Measurement_converter.h>
 #include <varnix/value/Measurement_text.h>
@@ -33,6 +34,10 @@ char const* const forms[] = {
     // products and quotients
     "m/s", "km/h", "kn", "ft/s", "m^2", "cm^2", "ft^2", "1/m", "1/cm", "Hz", "kHz", "1/min", "1/mo", "rad/s", "deg/min", "sym/s", "Mb/s", "B/min",
     "VA", "V*mA", "V^2/ohm", "A^2*ohm", "W*s", "kWh", "V^2", "A^2", "1/V", "1/ohm", "V/m", "A/m", "W/m^2", "W/Hz", "mW/kHz", "V*s", "g*m/s^2",
+    // beyond the core: alone, with prefixes, in products
+    "N", "kN", "lbf", "Pa", "hPa", "psi", "J", "kJ", "cal", "hp", "C", "F", "µF", "H", "S", "Wb", "T", "nT", "G", "Oe", "cd", "lm", "lx", "mol", "kat",
+    "Bq", "mSv", "l", "ml", "gal", "ha", "lb", "t", "au", "rev", "arcmin", "sr", "‰", "Bd", "N*m", "N*m*rad", "N*m*rev/min", "kg*m/s^2", "rpm", "Pa*s",
+    "J/kg", "mol/l", "V*s/m^2", "A*s/V", "cd*sr", "N/A",
     // products with ratios
     "%*V", "ppm*V", "ppb*m", "%*W", "%*m/s",
     // temperatures: scales, products that are none, differences
@@ -42,18 +47,22 @@ char const* const forms[] = {
     "K/min", "°C/min", "°F/h", "1/K", "1/°C", "1/milli(°F)", "ppm/K", "ppm/°C", "W/K", "W/°C", "mW/°F", "K/W", "V/K", "K^2", "°C^2",
     // levels
     "dBm", "dBW", "dB(µW)", "dB(V*A)", "dB(%*W)", "dBV", "dBmV", "dBµV", "dB(%*V)", "dBA", "dBmA", "dB(µA)", "dB(V^2)", "dB(A^2)", "dB(V/m)", "dB(µV/m)",
-    "dB(A/m)", "dB(W/m^2)", "dB(mW/cm^2)", "dBsm", "dB(cm^2)", "dBHz", "dB(kHz)", "dB(1/min)", "dB(s)", "dBm/Hz", "dBW/Hz", "dBm/MHz", "dBW/K/Hz",
+    "dB(A/m)", "dB(W/m^2)", "dB(mW/cm^2)", "dB(nT)", "dB(hp)", "dBsm", "dB(ha)", "dB(1/m)", "dB(1/cm)",
+    "dB(cm^2)", "dBHz", "dB(kHz)", "dB(1/min)", "dB(s)", "dBm/Hz", "dBW/Hz", "dBm/MHz", "dBW/K/Hz",
     // levels of temperatures
     "dBK", "dB(mK)", "dB(kK)", "dB(%*K)", "dB(%*°C)", "dB/K", "dB(°C/s)", "dB(K/min)", "dB(1/°F)",
-    // the gain
-    "dB",
+    // gains
+    "dB", "Np", "mNp",
 };
 // clang-format on
 
 // ---- The model
 
-// What a unit measures: a letter for each V, A, g, m, K, s, month (M), bit (b), turn (r) or symbol (y), above
-// and below the line, and how much of that. A scale counts from -zero.
+constexpr double pi = 3.14159265358979323846;
+
+// What a unit measures: a letter for each V, A, m, K, s, cd (c), mol (n), month (M), bit (b), radian (r),
+// symbol (y) or decibel of a gain (d), above and below the line, and how much of that. A kilogram is a
+// V A s^3/m^2. A scale counts from -zero.
 struct Unit_fact {
     Units_list unit;
     char const* above;
@@ -64,38 +73,79 @@ struct Unit_fact {
 
 // clang-format off
 Unit_fact const unit_facts[] = {
-    {METER,    "m",  "",  1.0},
-    {INCH,     "m",  "",  0.0254},
-    {FOOT,     "m",  "",  0.3048},
-    {YARD,     "m",  "",  0.9144},
-    {MILE,     "m",  "",  1609.344},
-    {NAUTICAL_MILE, "m", "", 1852.0},
-    {SECOND,   "s",  "",  1.0},
-    {MINUTE,   "s",  "",  60.0},
-    {HOUR,     "s",  "",  3600.0},
-    {DAY,      "s",  "",  86400.0},
-    {WEEK,     "s",  "",  604800.0},
-    {MONTH,    "M",  "",  1.0},
-    {YEAR,     "M",  "",  12.0},
-    {RADIAN,   "r",  "",  0.15915494309189535},
-    {DEGREE,   "r",  "",  1.0 / 360.0},
-    {KELVIN,   "K",  "",  1.0},
-    {DEGREE_C, "K",  "",  1.0, 273.15},
-    {DEGREE_F, "K",  "",  5.0 / 9.0, 459.67},
-    {PERCENT,  "",   "",  1e-2},
-    {PPM,      "",   "",  1e-6},
-    {PPB,      "",   "",  1e-9},
-    {SYMBOL,   "y",  "",  1.0},
-    {GRAM,     "g",  "",  1.0},
-    {VOLT,     "V",  "",  1.0},
-    {AMP,      "A",  "",  1.0},
-    {WATT,     "VA", "",  1.0},
-    {OHM,      "V",  "A", 1.0},
-    {BIT,      "b",  "",  1.0},
-    {NYBBLE,   "b",  "",  4.0},
-    {BYTE,     "b",  "",  8.0},
+    {METER,                 "m",     "",    1.0},
+    {INCH,                  "m",     "",    0.0254},
+    {FOOT,                  "m",     "",    0.3048},
+    {YARD,                  "m",     "",    0.9144},
+    {MILE,                  "m",     "",    1609.344},
+    {NAUTICAL_MILE,         "m",     "",    1852.0},
+    {ASTRONOMICAL_UNIT,     "m",     "",    149597870700.0},
+    {HECTARE,               "mm",    "",    1e4},
+    {LITER,                 "mmm",   "",    1e-3},
+    {GALLON,                "mmm",   "",    231.0 * 0.0254 * 0.0254 * 0.0254},
+    {SECOND,                "s",     "",    1.0},
+    {MINUTE,                "s",     "",    60.0},
+    {HOUR,                  "s",     "",    3600.0},
+    {DAY,                   "s",     "",    86400.0},
+    {WEEK,                  "s",     "",    604800.0},
+    {MONTH,                 "M",     "",    1.0},
+    {YEAR,                  "M",     "",    12.0},
+    {RADIAN,                "r",     "",    1.0},
+    {DEGREE,                "r",     "",    pi / 180.0},
+    {REVOLUTION,            "r",     "",    2.0 * pi},
+    {ARC_MINUTE,            "r",     "",    pi / 10800.0},
+    {STERADIAN,             "rr",    "",    1.0},
+    {KELVIN,                "K",     "",    1.0},
+    {DEGREE_C,              "K",     "",    1.0, 273.15},
+    {DEGREE_F,              "K",     "",    5.0 / 9.0, 459.67},
+    {PERCENT,               "",      "",    1e-2},
+    {PER_MILLE,             "",      "",    1e-3},
+    {PPM,                   "",      "",    1e-6},
+    {PPB,                   "",      "",    1e-9},
+    {SYMBOL,                "y",     "",    1.0},
+    {BAUD,                  "y",     "s",   1.0},
+    {GRAM,                  "VAsss", "mm",  1e-3},
+    {POUND,                 "VAsss", "mm",  0.45359237},
+    {TONNE,                 "VAsss", "mm",  1e3},
+    {NEWTON,                "VAs",   "m",   1.0},
+    {POUND_FORCE,           "VAs",   "m",   0.45359237 * 9.80665},
+    {PASCAL,                "VAs",   "mmm", 1.0},
+    {POUND_PER_SQUARE_INCH, "VAs",   "mmm", 0.45359237 * 9.80665 / (0.0254 * 0.0254)},
+    {JOULE,                 "VAs",   "",    1.0},
+    {CALORIE,               "VAs",   "",    4.184},
+    {VOLT,                  "V",     "",    1.0},
+    {AMP,                   "A",     "",    1.0},
+    {WATT,                  "VA",    "",    1.0},
+    {HORSEPOWER,            "VA",    "",    550.0 * 0.3048 * 0.45359237 * 9.80665},
+    {OHM,                   "V",     "A",   1.0},
+    {SIEMENS,               "A",     "V",   1.0},
+    {COULOMB,               "As",    "",    1.0},
+    {FARAD,                 "As",    "V",   1.0},
+    {HENRY,                 "Vs",    "A",   1.0},
+    {WEBER,                 "Vs",    "",    1.0},
+    {TESLA,                 "Vs",    "mm",  1.0},
+    {GAUSS,                 "Vs",    "mm",  1e-4},
+    {OERSTED,               "A",     "m",   250.0 / pi},
+    {CANDELA,               "c",     "",    1.0},
+    {LUMEN,                 "crr",   "",    1.0},
+    {LUX,                   "crr",   "mm",  1.0},
+    {MOLE,                  "n",     "",    1.0},
+    {KATAL,                 "n",     "s",   1.0},
+    {BECQUEREL,             "",      "s",   1.0},
+    {SIEVERT,               "mm",    "ss",  1.0},
+    {BIT,                   "b",     "",    1.0},
+    {NYBBLE,                "b",     "",    4.0},
+    {BYTE,                  "b",     "",    8.0},
+    {NEPER,                 "d",     "",    8.685889638065037},
 };
 // clang-format on
+
+// Have no convention for decibels, though a watt is made of them.
+Units_list const units_made_of_masses[] = {GRAM, POUND, TONNE, NEWTON, POUND_FORCE, PASCAL, POUND_PER_SQUARE_INCH, JOULE, CALORIE};
+
+bool Is_made_of_masses(Units_list unit) {
+    return std::find(std::begin(units_made_of_masses), std::end(units_made_of_masses), unit) != std::end(units_made_of_masses);
+}
 
 Unit_fact const& Fact_of(Units_list unit) {
     return *std::find_if(std::begin(unit_facts), std::end(unit_facts), [&](Unit_fact const& fact) { return fact.unit == unit; });
@@ -128,12 +178,8 @@ class Kind_model {
         return rest;
     }
     bool Is_plain() const { return powers.empty(); }
-    bool Is_electrical() const {
-        int const volts = Power('V');
-        int const amperes = Power('A');
-        bool const is_one = (volts == 1 && amperes >= -1 && amperes <= 1) || (volts == 0 && amperes == 1);
-        return is_one && Without("VA").Is_plain();
-    }
+    // Torque times angle is work.
+    Kind_model Comparable() const { return Power('r') == 1 && Power('V') == 1 && Power('A') == 1 ? Without("r") : *this; }
     // Calendar months taken for time.
     Kind_model By_the_clock() const {
         Kind_model kind = Without("M");
@@ -146,17 +192,49 @@ class Kind_model {
     std::map<char, int> powers;
 };
 
-// c of "c log10", 0 where there is none.
-int Convention(Kind_model const& kind) {
-    int const volts = kind.Power('V');
-    int const amperes = kind.Power('A');
-    if (volts != 0 || amperes != 0) {
-        int const order = volts < 0 || amperes < 0 ? 0 : volts + amperes;
+// Whether an impedance leads from the one to the other: V, A, W and ohm, or V/m, A/m, W/m^2 and ohm.
+struct Electrical_model {
+    int volts;
+    int amperes;
+    int lengths;
+    bool is_one; // of the four
+
+    explicit Electrical_model(Kind_model const& kind) : volts(kind.Power('V')), amperes(kind.Power('A')), lengths(kind.Power('m')) {
+        bool const fits = (volts == 1 && amperes >= -1 && amperes <= 1) || (volts == 0 && amperes == 1);
+        is_one = fits && (lengths == 0 || (!Is_resistance() && lengths == -volts - amperes)) && kind.Without("VAm").Is_plain();
+    }
+    bool Is_resistance() const { return amperes == -1; }
+    bool Is_related_to(Electrical_model const& other) const {
+        bool const of_one_sort = (lengths == 0) == (other.lengths == 0) || Is_resistance() || other.Is_resistance();
+        return is_one && other.is_one && of_one_sort;
+    }
+};
+
+// What the decibels of a unit go by: its kind, and the electrical units that are written in it.
+struct Convention_model {
+    Kind_model kind;
+    int volts = 0;
+    int amperes = 0;
+    bool has_mass = false;
+
+    Convention_model With(Convention_model const& other, int sign) const {
+        return {kind.With(other.kind, sign), volts + sign * other.volts, amperes + sign * other.amperes, has_mass || other.has_mass};
+    }
+    // 10 for powers, 20 for root-power quantities, 0 for others.
+    int Order() const {
+        int const order = volts < 0 || amperes < 0 || has_mass ? 0 : volts + amperes;
         return order == 2 ? 10 : order == 1 ? 20 : 0;
     }
-    bool const is_factor_of_powers = kind.Without("sKm").Is_plain() && kind.Power('m') % 2 == 0;
-    return !kind.Is_plain() && is_factor_of_powers ? 10 : 0;
-}
+    // c of "c log10", 0 where there is none.
+    int Factor() const {
+        if (volts != 0 || amperes != 0 || has_mass) {
+            return Order();
+        }
+        bool const is_antenna_factor = kind.Power('m') == -1 && kind.Without("m").Is_plain();
+        bool const is_factor_of_powers = kind.Without("sKm").Is_plain() && kind.Power('m') % 2 == 0 && !kind.Is_plain();
+        return is_antenna_factor ? 20 : is_factor_of_powers ? 10 : 0;
+    }
+};
 
 struct Form_model {
     Units unit;
@@ -166,8 +244,11 @@ struct Form_model {
     double zero;
     bool is_decibel;
     bool is_temperature_alone; // of a level, what it is relative to
+    Convention_model convention = {};
 
-    bool Is_gain() const { return is_decibel && unit.tuples[0].unit == NO_UNIT; }
+    bool Is_neper() const { return unit.tuples[0].unit == NEPER && unit.tuples[1].unit == NO_UNIT; }
+    bool Is_gain() const { return is_decibel ? unit.tuples[0].unit == NO_UNIT : Is_neper(); }
+    bool Is_logarithmic() const { return is_decibel || Is_neper(); }
     bool Is_level() const { return is_decibel && !Is_gain(); }
     bool Is_kelvin() const { return is_temperature_alone && unit.tuples[0].unit == KELVIN; }
     bool Is_scale() const { return is_temperature_alone && !is_decibel && !Is_kelvin(); }
@@ -184,16 +265,23 @@ Form_model Model_of(Units const& unit, bool is_difference) {
             break;
         }
         Unit_fact const& fact = Fact_of(tuple.unit);
+        Kind_model kind;
         for (char const letter : std::string(fact.above)) {
-            model.kind.Multiply(letter, tuple.exponent);
+            kind.Multiply(letter, 1);
         }
         for (char const letter : std::string(fact.below)) {
-            model.kind.Multiply(letter, -tuple.exponent);
+            kind.Multiply(letter, -1);
         }
+        model.kind = model.kind.With(kind, tuple.exponent);
+        bool const has_mass = Is_made_of_masses(tuple.unit);
+        model.convention.has_mass = model.convention.has_mass || has_mass;
+        model.convention.volts += has_mass ? 0 : kind.Power('V') * tuple.exponent;
+        model.convention.amperes += has_mass ? 0 : kind.Power('A') * tuple.exponent;
         model.size *= std::pow(fact.size, tuple.exponent);
         model.zero = fact.zero;
         ++count;
     }
+    model.convention.kind = model.kind;
     model.is_temperature_alone = count == 1 && unit.tuples[0].exponent == 1 && model.kind.Power('K') == 1;
     return model;
 }
@@ -206,30 +294,36 @@ struct Numbers {
 
 // In volts, amperes, kelvins ..., and back.
 double Quantity_of(Form_model const& form, double number) {
-    return form.Is_level()   ? form.size * std::pow(10.0, number / Convention(form.kind))
+    return form.Is_level()   ? form.size * std::pow(10.0, number / form.convention.Factor())
            : form.Is_point() ? (number + form.zero) * form.size
                              : number * form.size;
 }
 
 double Number_of(Form_model const& form, double quantity) {
-    return form.Is_level()   ? Convention(form.kind) * std::log10(quantity / form.size)
+    return form.Is_level()   ? form.convention.Factor() * std::log10(quantity / form.size)
            : form.Is_point() ? quantity / form.size - form.zero
                              : quantity / form.size;
 }
 
 Refusal Why_kinds_differ(Kind_model const& x, Kind_model const& y) {
-    return x.Is_electrical() && y.Is_electrical() ? Refusal::needs_impedance
-           : x.By_the_clock() == y.By_the_clock() ? Refusal::no_fixed_length
-                                                  : Refusal::kinds_differ;
+    return Electrical_model(x).Is_related_to(Electrical_model(y)) ? Refusal::needs_impedance
+           : x.By_the_clock() == y.By_the_clock()                 ? Refusal::no_fixed_length
+                                                                  : Refusal::kinds_differ;
 }
 
 // Whether the two can be one quantity.
 void Check_kinds(Form_model const& x, Form_model const& y) {
     if (x.Is_gain() != y.Is_gain()) {
-        throw x.kind.Is_plain() && y.kind.Is_plain() ? Refusal::gain_is_ambiguous : Refusal::gain_is_no_quantity;
+        bool const are_ratios = (x.kind.Is_plain() || x.Is_gain()) && (y.kind.Is_plain() || y.Is_gain());
+        throw are_ratios ? Refusal::gain_is_ambiguous : Refusal::gain_is_no_quantity;
     }
-    if (!(x.kind == y.kind)) {
-        throw Why_kinds_differ(x.kind, y.kind);
+    if (x.Is_gain()) {
+        return;
+    }
+    Kind_model const kind = x.kind.Comparable();
+    Kind_model const other = y.kind.Comparable();
+    if (!(kind == other)) {
+        throw Why_kinds_differ(kind, other);
     }
     if ((x.Is_point() || y.Is_point()) && !(x.is_temperature_alone && y.is_temperature_alone)) {
         throw Refusal::temperature_role;
@@ -237,7 +331,7 @@ void Check_kinds(Form_model const& x, Form_model const& y) {
 }
 
 double Converted(Form_model const& from, double number, Form_model const& to) {
-    return from.Is_gain() || (from.unit == to.unit && from.is_difference == to.is_difference) ? number : Number_of(to, Quantity_of(from, number));
+    return from.unit == to.unit && from.is_difference == to.is_difference ? number : Number_of(to, Quantity_of(from, number));
 }
 
 Numbers Converted(Form_model const& from, Numbers const& x, Form_model const& to) {
@@ -349,7 +443,7 @@ void For_each_pair(Function check) {
     }
     for (std::size_t k = 0; k < std::size(forms); ++k) {
         for (std::size_t n = 0; n < std::size(forms); ++n) {
-            bool const is_one_kind = firsts[0][k].form.kind == seconds[0][n].form.kind;
+            bool const is_one_kind = firsts[0][k].form.kind.Comparable() == seconds[0][n].form.kind.Comparable();
             std::size_t const count = is_one_kind ? firsts.size() * seconds.size() : 1;
             for (std::size_t round = 0; round < count; ++round) {
                 check(firsts[round % firsts.size()][k], seconds[round / firsts.size()][n]);
@@ -425,17 +519,13 @@ struct Order_model {
     bool is_close;
 };
 
-double Comparable(Form_model const& form, double number) {
-    return form.Is_gain() ? number : Quantity_of(form, number);
-}
-
 Order_model Order_of(Operand const& x, Operand const& y) {
     Check_roles(x.form, y.form);
     Check_kinds(x.form, y.form);
-    double const x_lower = Comparable(x.form, x.numbers.lower);
-    double const x_upper = Comparable(x.form, x.numbers.upper);
-    double const y_lower = Comparable(y.form, y.numbers.lower);
-    double const y_upper = Comparable(y.form, y.numbers.upper);
+    double const x_lower = Quantity_of(x.form, x.numbers.lower);
+    double const x_upper = Quantity_of(x.form, x.numbers.upper);
+    double const y_lower = Quantity_of(y.form, y.numbers.lower);
+    double const y_upper = Quantity_of(y.form, y.numbers.upper);
     auto const are_close = [](double a, double b) { return std::fabs(a - b) <= 1e-12 * (std::fabs(a) + std::fabs(b)); };
     Order const order = x_upper < y_lower ? Order::less : x_lower > y_upper ? Order::greater : Order::undecided;
     return {order, are_close(x_upper, y_lower) || are_close(x_lower, y_upper)};
@@ -527,34 +617,37 @@ Outcome Temperatures_added(Operand const& x, int sign, Operand const& y) {
 
 // Levels of other kinds, which make that of the product or quotient. The unit is the library's choice.
 Outcome Levels_multiplied(Operand const& x, int sign, Operand const& y, Outcome const& found) {
-    bool const both_ten = Convention(x.form.kind) == 10 && Convention(y.form.kind) == 10;
-    auto const is_power = [](Kind_model const& kind) { return kind.Power('V') + kind.Power('A') == 2; };
-    if (!both_ten || (sign > 0 && is_power(x.form.kind) && is_power(y.form.kind))) {
+    int const factor = x.form.convention.Factor();
+    bool const fit = factor == y.form.convention.Factor();
+    bool const are_two_quantities = x.form.convention.Order() != 0 && y.form.convention.Order() != 0;
+    if (!fit || (sign > 0 && are_two_quantities)) {
         throw sign > 0 ? Refusal::levels_do_not_add : Why_kinds_differ(x.form.kind, y.form.kind);
     }
-    Kind_model const kind = x.form.kind.With(y.form.kind, sign);
+    Convention_model const product = x.form.convention.With(y.form.convention, sign);
+    Kind_model const& kind = product.kind;
     Form_model const& form = found.refusal ? x.form : *found.form;
     // That of °C or °F alone has none, which the library's unit shows.
     bool const is_temperature = kind.Power('K') == 1 && kind.Without("K").Is_plain();
     bool const has_no_unit = found.refusal == Refusal::no_level_convention && is_temperature;
-    if ((!kind.Is_plain() && Convention(kind) != 10) || has_no_unit) {
+    if ((!kind.Is_plain() && product.Factor() != factor) || has_no_unit) {
         throw Refusal::no_level_convention;
     }
     EXPECT_TRUE(found.refusal || form.kind == kind);
-    double const shift = 10.0 * std::log10(x.form.size * std::pow(y.form.size, sign) / form.size);
+    double const shift = factor * std::log10(x.form.size * std::pow(y.form.size, sign) / form.size);
     Numbers sum = Added(x.numbers, sign, y.numbers);
     return {std::nullopt, {sum.lower + shift, sum.value + shift, sum.upper + shift}, form};
 }
 
 Outcome Decibels_added(Operand const& x, int sign, Operand const& y, Outcome const& found) {
+    Form_model const decibels = Model_of(C_DB, false);
     if (y.form.Is_gain()) {
-        return {std::nullopt, Added(x.numbers, sign, y.numbers), x.form};
+        return {std::nullopt, Added(x.numbers, sign, Converted(y.form, y.numbers, x.form.Is_gain() ? x.form : decibels)), x.form};
     }
     if (x.form.Is_gain()) {
         if (sign < 0) {
             throw Refusal::gain_minus_level;
         }
-        return {std::nullopt, Added(x.numbers, sign, y.numbers), y.form};
+        return {std::nullopt, Added(Converted(x.form, x.numbers, decibels), sign, y.numbers), y.form};
     }
     if (!(x.form.kind == y.form.kind)) {
         return Levels_multiplied(x, sign, y, found);
@@ -562,14 +655,14 @@ Outcome Decibels_added(Operand const& x, int sign, Operand const& y, Outcome con
     if (sign > 0) {
         throw Refusal::levels_do_not_add;
     }
-    return {std::nullopt, Added(x.numbers, sign, Converted(y.form, y.numbers, x.form)), Model_of(C_DB, false)};
+    return {std::nullopt, Added(x.numbers, sign, Converted(y.form, y.numbers, x.form)), decibels};
 }
 
 Outcome Sum(Operand const& x, int sign, Operand const& y, Outcome const& found) {
-    if (x.form.is_decibel != y.form.is_decibel) {
+    if (x.form.Is_logarithmic() != y.form.Is_logarithmic()) {
         throw Refusal::level_and_linear;
     }
-    if (x.form.is_decibel) {
+    if (x.form.Is_logarithmic()) {
         return Decibels_added(x, sign, y, found);
     }
     if (x.form.is_temperature_alone && y.form.is_temperature_alone) {
