@@ -346,14 +346,36 @@ std::optional<Decimal_factor> As_decimal(Exact_factor const& factor) {
     return is_decimal ? std::optional<Decimal_factor>({product, power}) : std::nullopt;
 }
 
+namespace {
+
+bool Are_multiples(Decimal_numbers const& x, double divisor) {
+    return std::fmod(x.lower, divisor) == 0.0 && std::fmod(x.value, divisor) == 0.0 &&
+           std::fmod(x.upper, divisor) == 0.0;
+}
+
+// Fives of the numbers with twos of the factor, and twos with fives, become powers of ten: 125 * 6 is 25 * 3 tens.
+void Take_tens_out(Decimal_numbers& x, double& factor) {
+    for (double const of_factor : {2.0, 5.0}) {
+        double const of_numbers = 10.0 / of_factor;
+        while (std::fmod(factor, of_factor) == 0.0 && Are_multiples(x, of_numbers)) {
+            factor /= of_factor;
+            x = {x.lower / of_numbers, x.value / of_numbers, x.upper / of_numbers, x.power + 1};
+        }
+    }
+}
+
+} // namespace
+
 Maybe_decimals Product(Maybe_decimals const& x, Decimal_factor const& factor) {
     if (!x) {
         return x;
     }
     Decimal_numbers product = *x;
     if (!Multiply(product, factor.whole)) {
+        double whole = factor.whole;
         product = Without_zeros(*x);
-        if (!Multiply(product, factor.whole)) {
+        Take_tens_out(product, whole);
+        if (!Multiply(product, whole)) {
             return std::nullopt;
         }
     }

@@ -166,7 +166,7 @@ std::optional<Text_fault> Beyond_core_fault(Units const& unit, std::size_t posit
     std::string const same = In_core_units(unit);
     return Text_fault{position,
                       Quoted(Unit_text(beyond, STR_SYMBOL)) +
-                          " is a unit of measurements, which Parse_measurement reads" +
+                          " is a unit that measurements alone have" +
                           (same.empty() ? std::string() : "; here write " + same),
                       temperature};
 }

@@ -70,7 +70,7 @@ UNITS = {
 SI = {"volt", "watt", "ampere", "ohm", "gram", "metre", "kelvin", "second", "hertz", "newton", "pascal", "henry", "tesla",
       "litre", "mole"}
 WITHOUT_PREFIX = {"fluid ounce"}
-OF_MEASUREMENTS = "is a unit of measurements"
+OF_MEASUREMENTS = "is a unit that measurements alone have"
 KINDS = sorted({kind for kind, *_ in UNITS.values()})
 # Words for several units: whether they take a prefix, and whether a power, which raises the last unit of "Wh" alone.
 COMPOSITES = {
