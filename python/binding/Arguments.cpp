@@ -108,7 +108,7 @@ Measurement_unit Unit_of(py::handle argument) {
     if (!py::isinstance<Units>(argument)) {
         Raise_not_a("a Unit", argument);
     }
-    return {argument.cast<Units const&>(), false};
+    return Measurement_unit(argument.cast<Units const&>());
 }
 
 Units Plain_unit_of(py::handle argument) {

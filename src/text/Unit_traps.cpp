@@ -276,6 +276,7 @@ struct Whole_trap {
 constexpr char samples[] = "is mostly for samples per second: write Hz or sym/s; siemens per second are (S/s)";
 constexpr char small_torque[] = "is a torque by pounds of force: write lbf*in; a mass times a length is (lb*in)";
 constexpr char torque[] = "is a torque or an energy by pounds of force: write lbf*ft; a mass times a length is (lb*ft)";
+constexpr char ounces[] = "is a torque by ounces of force, of which 16 are a pound of force: write lbf*in; a mass times a length is (oz*in)";
 constexpr char pressure[] = "is a pressure by pounds of force: write psi; a mass by area is (lb/in^2)";
 
 constexpr Whole_trap whole_traps[] = {
@@ -285,6 +286,9 @@ constexpr Whole_trap whole_traps[] = {
     {"lb*in", small_torque}, {"lb in", small_torque}, {"lb.in", small_torque}, {"lb·in", small_torque}, {"lb-in", small_torque},
     {"in*lb", small_torque}, {"in lb", small_torque}, {"in.lb", small_torque}, {"in·lb", small_torque}, {"in-lb", small_torque},
     {"ft-lbf",  torque}, {"lbf-ft", torque},
+    {"foot pounds", torque}, {"foot pound", torque}, {"foot-pounds", torque}, {"pound feet", torque}, {"pound foot", torque}, {"ft lbs", torque}, {"ft*lbs", torque},
+    {"inch pounds", small_torque}, {"inch pound", small_torque}, {"inch-pounds", small_torque}, {"in lbs", small_torque}, {"in*lbs", small_torque},
+    {"oz*in", ounces}, {"oz in", ounces}, {"oz-in", ounces}, {"in*oz", ounces}, {"in oz", ounces}, {"in-oz", ounces}, {"ounce inches", ounces}, {"inch ounces", ounces},
     {"lb/in^2", pressure}, {"lb/in2", pressure}, {"lb/in²", pressure}, {"lbs/in^2", pressure}, {"lb/sqin", pressure},
 };
 // clang-format on

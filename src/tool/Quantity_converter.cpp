@@ -9,15 +9,15 @@ namespace Varnix::Value::Tool {
 
 Measurement_unit Read_target(std::string_view text) {
     if (auto const unit = Try_parse_measurement_unit(text)) {
-        return {unit->unit, unit->is_difference};
+        return *unit;
     }
-    return {Read_unit(text), false}; // which is refused, and says why
+    return Measurement_unit(Read_unit(text)); // which is refused, and says why
 }
 
 Quantity_converter::Quantity_converter(std::string const& to_, std::string const& with_,
                                        Options const& options_)
     : to(options_.rules == Rules::measurements ? Read_target(to_)
-                                               : Measurement_unit{Read_unit(to_), false}),
+                                               : Measurement_unit(Read_unit(to_))),
       with(with_.empty() ? std::nullopt : std::optional(Read_answer(with_, options_))),
       reader(options_) {}
 

@@ -91,6 +91,14 @@ class VARNIX_VALUE_MEASUREMENT_EXPORT Measurement_reader {
 
 /// A unit as measurements have it: the unit, and whether it is one of differences of a temperature.
 struct Measurement_unit {
+    /// The plain unit.
+    Measurement_unit() = default;
+
+    /// A unit, and whether it counts differences, which is not checked. Never throws.
+    explicit Measurement_unit(Units const& unit_) : unit(unit_) {}
+    Measurement_unit(Units const& unit_, bool is_difference_)
+        : unit(unit_), is_difference(is_difference_) {} ///< the same with the mark
+
     Units unit = C_Empty;       ///< what the numbers count
     bool is_difference = false; ///< whether it counts differences: "Δ°C"
 };
@@ -99,6 +107,7 @@ struct Measurement_unit {
 inline bool operator==(Measurement_unit const& first, Measurement_unit const& second) {
     return first.unit == second.unit && first.is_difference == second.is_difference;
 }
+/// Whether a part differs.
 inline bool operator!=(Measurement_unit const& first, Measurement_unit const& second) {
     return !(first == second);
 }
