@@ -54,7 +54,7 @@ append $rows '^[0-9]' "$((smoot + 1))  dpt  diopters  refractive power  1/m  1  
 replace tools/make_units_page.py "'ILLUMINANCE']" "'ILLUMINANCE', 'REFRACTIVE_POWER']"
 
 append src/catalogue/Level_references.h '{"dBsm"' \
-    '    {"dBf", {SPL_DB, FEMTO, {{WATT, 1}}}, true}, // of receivers'
+    '    {"dBsf", {SPL_DB, NO_PREFIX, {{FOOT, 2}}}, true}, // of a radar cross section'
 
 tools/make_units_page.py
 # shellcheck disable=SC2016
@@ -98,9 +98,9 @@ expect '2.5 dpt' convert '2500 millidiopters' dpt
 expect '7 kdpt' convert '7000 1/m' kdpt
 expect '10.2108 %' compute '3 mdpt * 20 smoot' --to %
 expect '3 dpt' compute '2 dpt + 100 1/hm'
-expect '0 dBf' convert -- '-120 dBm' dBf
-expect '30 dBf' convert '1 pW' 'dB(fW)'
-expect '13 dBf' compute '10 dBf + 3 dB'
+expect '100 ft^2' convert '20 dBsf' ft^2
+expect '20 dBsf' convert '100 ft^2' 'dB(ft^2)'
+expect '23 dBsf' compute '20 dBsf + 3 dB'
 
 # names WORD ARGUMENT...: what the tool refuses, and names in its refusal.
 names() {
