@@ -20,11 +20,11 @@ struct Table {
 };
 
 constexpr auto Made_kinds() {
-    Table<Kind, std::size(Catalogue::quantity_rows)> kinds;
-    for (std::size_t k = 0; k < kinds.elements.size(); ++k) {
-        kinds.elements[k] = Catalogue::As_physics_has_it(Catalogue::quantity_rows[k].kind);
+    Table<Kind, std::size(Catalogue::quantity_rows)> made;
+    for (std::size_t k = 0; k < made.elements.size(); ++k) {
+        made.elements[k] = Catalogue::As_physics_has_it(Catalogue::quantity_rows[k].kind);
     }
-    return kinds;
+    return made;
 }
 
 constexpr void Multiply(Exact_factor& factor, std::uint64_t number, int sign) {
@@ -45,11 +45,11 @@ constexpr Exact_factor Factored(Catalogue::Size const& size) {
 }
 
 constexpr auto Made_sizes() {
-    Table<Exact_factor, Catalogue::Unit_count> sizes;
-    for (std::size_t k = 0; k < sizes.elements.size(); ++k) {
-        sizes.elements[k] = Factored(Catalogue::Read_size(Catalogue::unit_rows[k].size));
+    Table<Exact_factor, Catalogue::Unit_count> made;
+    for (std::size_t k = 0; k < made.elements.size(); ++k) {
+        made.elements[k] = Factored(Catalogue::Read_size(Catalogue::unit_rows[k].size));
     }
-    return sizes;
+    return made;
 }
 
 constexpr auto kinds = Made_kinds();

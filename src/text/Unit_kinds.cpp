@@ -49,6 +49,9 @@ struct Dimension_powers {
     std::array<std::int64_t, Catalogue::Dimension_count> powers{};
 
     std::int64_t& operator[](Dimension dimension) { return powers[Catalogue::Place_of(dimension)]; }
+    std::int64_t operator[](Dimension dimension) const {
+        return powers[Catalogue::Place_of(dimension)];
+    }
 };
 
 // Voltage and current of equal or opposite powers are powers or resistances.
@@ -108,7 +111,7 @@ std::array<Dimension, Catalogue::Dimension_count> Dimensions_as_written() {
 }
 
 // The dimensions with a power of the sign `sign`, as a product.
-std::string Product_text(Dimension_powers& powers, int sign, Units const& unit, int& count) {
+std::string Product_text(Dimension_powers const& powers, int sign, Units const& unit, int& count) {
     std::string text;
     for (Dimension const dimension : Dimensions_as_written()) {
         std::int64_t const power = sign * powers[dimension];
@@ -143,7 +146,7 @@ bool Same_kind(Units const& first, Units const& second) {
 }
 
 std::string Kind_name(Units const& unit) {
-    Dimension_powers powers = Dimension_powers_of(unit);
+    Dimension_powers const powers = Dimension_powers_of(unit);
     int above = 0;
     int below = 0;
     std::string numerator = Product_text(powers, 1, unit, above);

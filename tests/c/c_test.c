@@ -301,12 +301,9 @@ typedef struct engineering_unit {
 } engineering_unit;
 
 static engineering_unit const engineering_units[] = {
-    {"hPa", "pressure", "inHg", "N", "Pa*m", "Pa/s"},
-    {"N", "force", "kg*m/s^2", "Pa", "N*m", "N/s"},
-    {"N*m", "force*length", "J", "N", "N*m^2", "N*m/s"},
-    {"lb/gal", "mass/volume", "kg/l", "kg/l^2", "lb*m/gal", "lb/(gal*s)"},
-    {"mrad/s", "angle/time", "rpm", "Hz", "radm/s", "rad/s^2"},
-    {"dBm", "power", "hp", "kWh", NULL, NULL},
+    {"hPa", "pressure", "inHg", "N", "Pa*m", "Pa/s"},           {"N", "force", "kg*m/s^2", "Pa", "N*m", "N/s"},
+    {"N*m", "force*length", "J", "N", "N*m^2", "N*m/s"},        {"lb/gal", "mass/volume", "kg/l", "kg/l^2", "lb*m/gal", "lb/(gal*s)"},
+    {"mrad/s", "angle/time", "rpm", "Hz", "radm/s", "rad/s^2"}, {"dBm", "power", "hp", "kWh", NULL, NULL},
 };
 
 static void Expect_unit(char const* expected, vo_unit const* unit) {
@@ -656,8 +653,7 @@ static double Random_number(void) {
 
 /* Every other one is a unit that people use. */
 static void Fill(vo_unit* unit) {
-    static char const* const used[] = {"W", "dBm", "V", "dBuV", "ohm", "A", "K", "degC", "km/h", "m", "Hz", "dB",
-                                       "hPa", "N", "kg*m/s^2", "lb/gal"};
+    static char const* const used[] = {"W", "dBm", "V", "dBuV", "ohm", "A", "K", "degC", "km/h", "m", "Hz", "dB", "hPa", "N", "kg*m/s^2", "lb/gal"};
     if (Random_code() % 2 == 0) {
         *unit = Unit(used[(state >> 8) % 16]);
         return;
