@@ -8,8 +8,8 @@ using namespace Varnix::Value;
 int main() {
     Measurement const pressure = Parse_measurement("1013.25 hPa");
     std::cout << pressure.Convert_to(Parse_unit("psi")) << '\n';
-    std::cout << Simplified(Parse_measurement("70 kg") * Parse_measurement("9.81 m/s^2"))
-              << '\n'; // 686.7 N
+    Measurement const force = Parse_measurement("70 kg") * Parse_measurement("9.81 m/s^2");
+    std::cout << Simplified(force) << '\n'; // 686.7 N
 
     Units const inch_of_mercury = {SPL_NONE, NO_PREFIX, {{INCH_OF_MERCURY, 1}}};
     std::cout << pressure.Convert_to(inch_of_mercury) << '\n';
