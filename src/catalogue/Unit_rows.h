@@ -21,7 +21,8 @@ enum class Prefixes_taken : std::uint8_t {
     chosen_usual, // those of the core; and chosen in steps of 1000
 };
 
-struct Unit_row {
+// In the order of reading, whatever room that takes.
+struct Unit_row { // NOLINT(clang-analyzer-optin.performance.Padding)
     Units_list unit;
     Quantity quantity;
     char const*

@@ -143,7 +143,7 @@ std::optional<std::string> Quetta_message(std::string_view word) {
 // What to write instead, with the prefix of the word by its symbol, or by its name where that is refused:
 // "milli(B/s)".
 std::string With_prefix(std::string_view prefix, std::string const& instead) {
-    std::string const joined = std::string(prefix) + instead;
+    std::string joined = std::string(prefix) + instead;
     if (prefix.empty() || Read_unit(joined, 0)) {
         return joined;
     }

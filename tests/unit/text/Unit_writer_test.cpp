@@ -205,16 +205,21 @@ TEST(Units_beyond_core, Are_written_with_every_prefix_that_they_take) {
                                                 "pt is p(t)", "ct is c(t)", "kt is k(t)", "pu is p(u)", "dBd is d(Bd)"}));
 }
 
+template <typename Element>
+Element Any_of(std::vector<Element> const& elements, std::mt19937_64& random) {
+    return elements[static_cast<std::size_t>(random() % elements.size())];
+}
+
 // In canonical order, of one to five tuples.
 Units Any_unit(std::mt19937_64& random) {
     static std::vector<Units> const all = All_units();
     static std::vector<SI_units> const prefixes = All_prefixes();
     Units unit = {random() % 8 == 0 ? SPL_DB : SPL_NONE, NO_PREFIX, {}};
-    unit.si_prefix = random() % 2 == 0 ? prefixes[random() % prefixes.size()] : random() % 8 == 0 ? Power_of_ten(4) : NO_PREFIX;
+    unit.si_prefix = random() % 2 == 0 ? Any_of(prefixes, random) : random() % 8 == 0 ? Power_of_ten(4) : NO_PREFIX;
     std::vector<Unit_tuple> tuples;
     auto const count = static_cast<std::size_t>(1 + random() % 5);
     while (tuples.size() < count) {
-        Units_list const code = all[random() % all.size()].tuples[0].unit;
+        Units_list const code = Any_of(all, random).tuples[0].unit;
         bool const is_new = std::none_of(tuples.begin(), tuples.end(),
                                          [&](Unit_tuple const& own) { return Catalogue::Dimension_of(own.unit) == Catalogue::Dimension_of(code); });
         int const power = static_cast<int>(random() % 6) - 3;
