@@ -332,7 +332,7 @@ bool Is_electrical_or_data(Unit_word const& word) {
 enum class Prefixes_meant : std::uint8_t { of_electrical_units, of_all_units };
 
 // A unit that looks like a prefix, which many put apart from the unit.
-struct Letter_apart {
+struct Letter_apart { // NOLINT(clang-analyzer-optin.performance.Padding): in the order of reading
     char letter;
     char const* unit;
     SI_units prefix;

@@ -179,7 +179,8 @@ std::string Prefixes_at_two_units(Units const& unit, Unit_string_type spelling) 
                           tuple.unit == row.unit && tuple.exponent >= row.least_power &&
                           tuple.exponent < 0;
         int const power = fits ? tuple.exponent : 0;
-        std::int64_t const rest = std::int64_t{unit.si_prefix} - row.prefix * power;
+        auto const rest = static_cast<std::int64_t>(unit.si_prefix) -
+                          static_cast<std::int64_t>(row.prefix) * power;
         Slot_prefixes prefixes;
         prefixes[below] = Prefix_text(row.prefix, spelling);
         prefixes[1 - below] = Prefix_text(rest, spelling);
