@@ -143,9 +143,11 @@ std::vector<Word> Words_of_catalogue() {
         Catalogue::Unit_spelling const& spelling = Catalogue::unit_spellings[place];
         bool const core = place < Catalogue::Core_unit_count;
         std::vector<std::string> const own = core ? Printed(Unit({{row.unit, 1}})) : std::vector<std::string>{spelling.symbol, spelling.name};
-        std::string const blank = " ";
-        for (auto const& [texts, is_symbol] :
-             {std::pair(own[0] + blank + spelling.characters + blank + spelling.symbols, true), std::pair(own[1] + blank + spelling.names, false)}) {
+        std::string symbols = own[0];
+        symbols.append(" ").append(spelling.characters).append(" ").append(spelling.symbols);
+        std::string names = own[1];
+        names.append(" ").append(spelling.names);
+        for (auto const& [texts, is_symbol] : {std::pair(symbols, true), std::pair(names, false)}) {
             std::istringstream split(texts);
             for (std::string text; split >> text;) {
                 words.push_back({text, is_symbol, row});

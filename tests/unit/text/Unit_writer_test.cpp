@@ -195,7 +195,7 @@ TEST(Units_beyond_core, Are_written_with_every_prefix_that_they_take) {
             std::string const word = symbol + Format_unit(unit);
             std::string const text = Format_unit(prefixed);
             if ((text == word) != Takes(unit.tuples[0].unit, prefix)) {
-                others.push_back(word + " is " + text);
+                others.push_back(std::string(word).append(" is ").append(text));
             }
         }
     }
